@@ -1,0 +1,2 @@
+# SPDX-FileCopyrightText: 2026 The lumo_ui_base authors
+# SPDX-License-Identifier: MIT

@@ -1,0 +1,115 @@
+# SPDX-FileCopyrightText: 2026 The lumo_ui_base authors
+# SPDX-License-Identifier: MIT
+#
+# Functions that make a library, a test, an example or a benchmark a call of a few lines.
+include_guard(GLOBAL)
+include(GenerateExportHeader)
+
+# Adds the folder of an embedded platform library unless Lumo::<alias> is there already.
+function(lumo_add_platform alias folder)
+    if(TARGET Lumo::${alias})
+        message(STATUS "Lumo::${alias} is brought by the host; ${folder} is left out")
+        return()
+    endif()
+    add_subdirectory(${folder})
+endfunction()
+
+# Writes one forwarding header per entry "Name=path/of/header.h" below <outdir>/<prefix>.
+# An entry whose header does not exist stops the configuration.
+function(lumo_forward_headers outdir prefix root)
+    foreach(entry IN LISTS ARGN)
+        string(REPLACE "=" ";" pair "${entry}")
+        list(GET pair 0 name)
+        list(GET pair 1 path)
+        if(NOT EXISTS "${root}/${path}")
+            message(FATAL_ERROR "Forwarding header ${prefix}/${name}: ${root}/${path} is missing")
+        endif()
+        file(CONFIGURE OUTPUT "${outdir}/${prefix}/${name}"
+             CONTENT "#pragma once\n#include \"${path}\"\n" @ONLY)
+    endforeach()
+endfunction()
+
+# lumo_add_library(<target> ALIAS <Name> PREFIX <include prefix> EXPORT_HEADER <prefix/file.h>
+#                  EXPORT_MACRO <MACRO> ROOT <include root> INSTALL_DIR <below the include folder>
+#                  SOURCES ... HEADERS ... PRIVATE_HEADERS ... FORWARD Name=path ...
+#                  LINK ... LINK_PRIVATE ...)
+#
+# A shared library with hidden symbols, a versioned soname, an export header, forwarding headers and
+# an export set of its own. Paths of HEADERS and PRIVATE_HEADERS are relative to ROOT, which is the
+# include folder of the build tree.
+function(lumo_add_library target)
+    cmake_parse_arguments(L "" "ALIAS;PREFIX;EXPORT_HEADER;EXPORT_MACRO;ROOT;INSTALL_DIR"
+        "SOURCES;HEADERS;PRIVATE_HEADERS;FORWARD;LINK;LINK_PRIVATE" ${ARGN})
+    set(generated "${PROJECT_BINARY_DIR}/generated/${target}")
+    add_library(${target} SHARED ${L_SOURCES})
+    add_library(Lumo::${L_ALIAS} ALIAS ${target})
+    foreach(header IN LISTS L_HEADERS L_PRIVATE_HEADERS)
+        target_sources(${target} PRIVATE "${L_ROOT}/${header}")
+    endforeach()
+    set_target_properties(${target} PROPERTIES
+        EXPORT_NAME ${L_ALIAS} VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
+    target_include_directories(${target} PUBLIC
+        "$<BUILD_INTERFACE:${L_ROOT}>" "$<BUILD_INTERFACE:${generated}>"
+        "$<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/${L_INSTALL_DIR}>")
+    target_compile_features(${target} PUBLIC cxx_std_17)
+    target_compile_definitions(${target} PRIVATE QT_NO_CAST_FROM_ASCII)
+    target_link_libraries(${target} PUBLIC ${L_LINK}
+        PRIVATE $<BUILD_INTERFACE:lumo_build_settings> ${L_LINK_PRIVATE})
+    if(L_EXPORT_HEADER)
+        generate_export_header(${target} BASE_NAME ${L_EXPORT_MACRO}
+            EXPORT_MACRO_NAME ${L_EXPORT_MACRO}_EXPORT
+            EXPORT_FILE_NAME "${generated}/${L_EXPORT_HEADER}")
+    endif()
+    lumo_forward_headers("${generated}" "${L_PREFIX}" "${L_ROOT}" ${L_FORWARD})
+    if(LUMO_INSTALL)
+        lumo_install_library(${target} "${generated}" "${L_ROOT}" "${L_INSTALL_DIR}" "${L_PREFIX}"
+            HEADERS ${L_HEADERS} PRIVATE_HEADERS ${L_PRIVATE_HEADERS})
+    endif()
+endfunction()
+
+function(lumo_install_library target generated root install_dir prefix)
+    cmake_parse_arguments(I "" "" "HEADERS;PRIVATE_HEADERS" ${ARGN})
+    set(include "${CMAKE_INSTALL_INCLUDEDIR}/${install_dir}")
+    install(TARGETS ${target} EXPORT ${target}_targets
+        LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
+    lumo_install_headers("${root}" "${include}" ${I_HEADERS})
+    lumo_install_headers("${root}" "${include}/private" ${I_PRIVATE_HEADERS})
+    install(DIRECTORY "${generated}/" DESTINATION "${include}")
+    install(EXPORT ${target}_targets NAMESPACE Lumo:: FILE ${target}_targets.cmake
+        DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/LumoUiBase)
+endfunction()
+
+function(lumo_install_headers root destination)
+    foreach(header IN LISTS ARGN)
+        get_filename_component(folder "${header}" DIRECTORY)
+        install(FILES "${root}/${header}" DESTINATION "${destination}/${folder}")
+    endforeach()
+endfunction()
+
+# lumo_add_test(<name> [GTEST] [DESKTOP] SOURCES ... LINK ... [TIMEOUT <seconds>] [LABELS ...])
+#
+# A test executable under ctest. With GTEST it uses GoogleTest and the shared GoogleTest main, else
+# Qt Test and LUMO_TEST_MAIN. It runs on Qt's offscreen platform unless DESKTOP is given.
+function(lumo_add_test name)
+    cmake_parse_arguments(T "GTEST;DESKTOP" "TIMEOUT" "SOURCES;LINK;LABELS" ${ARGN})
+    add_executable(${name} ${T_SOURCES})
+    if(T_GTEST)
+        target_link_libraries(${name} PRIVATE lumo_test_main_gtest)
+    endif()
+    target_link_libraries(${name} PRIVATE lumo_build_settings lumo_test_support ${T_LINK})
+    add_test(NAME ${name} COMMAND ${name})
+    if(NOT T_TIMEOUT)
+        set(T_TIMEOUT 120)
+    endif()
+    set(environment "")
+    if(NOT T_DESKTOP)
+        list(APPEND environment QT_QPA_PLATFORM=offscreen)
+    endif()
+    if(LUMO_SANITIZE STREQUAL "address")
+        list(APPEND environment
+            "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/support/lsan.supp:print_suppressions=0"
+            "UBSAN_OPTIONS=print_stacktrace=1" "ASAN_OPTIONS=detect_leaks=1")
+    endif()
+    set_tests_properties(${name} PROPERTIES TIMEOUT ${T_TIMEOUT} LABELS "${T_LABELS}"
+        ENVIRONMENT "${environment}")
+endfunction()
