@@ -3,11 +3,57 @@
 
 #include "tessel/dispatch.h"
 
+#include "tessel/mainqueue_p.h"
+#include "tessel/waitedwork_p.h"
+#include "tessel/workerpools_p.h"
+
 #include <QCoreApplication>
-#include <QThread>
-#include <QThreadPool>
+
+#include <utility>
 
 namespace Tessel {
+namespace {
+
+struct Queues
+{
+    MainQueue main;
+    WorkerPools workers;
+};
+
+// Never destroyed: objects with static storage may still dispatch when the process ends, and have
+// to find closed queues then.
+Queues &queues()
+{
+    static Queues &instance = *new Queues;
+    return instance;
+}
+
+void closeQueues()
+{
+    // The main queue first: background work that waits for the main thread is released by it.
+    queues().main.close();
+    queues().workers.close();
+}
+
+void openQueues()
+{
+    queues().main.open(QCoreApplication::instance()->thread());
+    queues().workers.open();
+    qAddPostRoutine(closeQueues);
+}
+
+bool isBackground(EQualityOfService qos)
+{
+    return qos >= EQualityOfService::UserInteractive && qos <= EQualityOfService::Background;
+}
+
+bool runsInline(EQualityOfService qos)
+{
+    return qos == EQualityOfService::Main ? queues().main.isOnMainThread()
+                                          : WorkerPools::isOnThreadOf(qos);
+}
+
+} // namespace
 
 bool dispatchAsync(const std::function<void()> &work, EQualityOfService qos)
 {
@@ -16,25 +62,28 @@ bool dispatchAsync(const std::function<void()> &work, EQualityOfService qos)
 
 bool dispatchAsync(std::function<void()> &&work, EQualityOfService qos)
 {
-    if (!work || !QCoreApplication::instance())
+    if (!work)
         return false;
     if (qos == EQualityOfService::Main)
-        return QMetaObject::invokeMethod(QCoreApplication::instance(), std::move(work),
-                                         Qt::QueuedConnection);
-    QThreadPool::globalInstance()->start(std::move(work));
-    return true;
+        return queues().main.post(std::move(work));
+    return isBackground(qos) && queues().workers.post(std::move(work), qos);
 }
 
-bool dispatchSync(const std::function<void()> &work, EQualityOfService)
+bool dispatchSync(const std::function<void()> &work, EQualityOfService qos)
 {
-    if (!work || !QCoreApplication::instance())
+    if (!work || (qos != EQualityOfService::Main && !isBackground(qos)))
         return false;
-    if (QThread::currentThread() == QCoreApplication::instance()->thread()) {
+    if (runsInline(qos)) {
         work();
         return true;
     }
-    return QMetaObject::invokeMethod(QCoreApplication::instance(), work,
-                                     Qt::BlockingQueuedConnection);
+    return runAndWait(work, [qos](Work &&waited) { return dispatchAsync(std::move(waited), qos); });
 }
 
 } // namespace Tessel
+
+static void openDispatchQueues()
+{
+    Tessel::openQueues();
+}
+Q_COREAPP_STARTUP_FUNCTION(openDispatchQueues)

@@ -1,0 +1,200 @@
+// SPDX-FileCopyrightText: 2026 The lumo_ui_base authors
+// SPDX-License-Identifier: MIT
+
+#include "tessel/mainqueue_p.h"
+
+#include <QCoreApplication>
+#include <QEvent>
+#include <QObject>
+#include <QThread>
+
+#include <algorithm>
+#include <chrono>
+#include <new>
+#include <utility>
+
+#ifdef __linux__
+#include <ctime>
+#endif
+
+namespace Tessel {
+namespace {
+
+constexpr std::chrono::milliseconds passLength {3};
+
+// A burst larger than this gives its memory back when it is done.
+constexpr std::size_t keptCapacity = 4096;
+
+std::chrono::nanoseconds coarseNow()
+{
+#ifdef __linux__
+    // Asked after each piece of work; the coarse clock costs a few nanoseconds and ticks often
+    // enough.
+    timespec now {};
+    clock_gettime(CLOCK_MONOTONIC_COARSE, &now);
+    return std::chrono::seconds(now.tv_sec) + std::chrono::nanoseconds(now.tv_nsec);
+#else
+    return std::chrono::steady_clock::now().time_since_epoch();
+#endif
+}
+
+// An exception that leaves posted work has nobody to reach: it ends the process here.
+void runPosted(Work work) noexcept
+{
+    work();
+}
+
+} // namespace
+
+class MainQueue::Receiver : public QObject
+{
+public:
+    explicit Receiver(MainQueue &queue)
+        : m_queue(queue)
+    { }
+
+    bool event(QEvent *event) override
+    {
+        if (event->type() != QEvent::User)
+            return QObject::event(event);
+        m_queue.runPass();
+        return true;
+    }
+
+private:
+    MainQueue &m_queue;
+};
+
+MainQueue::MainQueue() = default;
+MainQueue::~MainQueue() = default;
+
+void MainQueue::open(QThread *thread)
+{
+    auto receiver = std::make_unique<Receiver>(*this);
+    receiver->moveToThread(thread);
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_receiver = std::move(receiver);
+    m_thread = thread;
+    m_armed = false;
+}
+
+void MainQueue::close()
+{
+    std::vector<Work> dropped;
+    std::unique_ptr<Receiver> receiver;
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        receiver = std::move(m_receiver);
+        dropped.swap(m_incoming);
+        m_thread = nullptr;
+        m_armed = false;
+    }
+    if (m_watchedDispatcher)
+        m_watchedDispatcher->disconnect(receiver.get());
+    m_watchedDispatcher.clear();
+    m_armingFailed = false;
+    // Closures may do anything when they die, so they die with the queue closed and unlocked.
+    std::vector<Work> batch;
+    batch.swap(m_batch);
+    m_next = 0;
+}
+
+bool MainQueue::post(Work &&work)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    if (!m_receiver)
+        return false;
+    m_incoming.push_back(std::move(work));
+    if (m_armed)
+        return true;
+    try {
+        arm();
+    } catch (...) {
+        // Nobody would wake the main thread for it, and the caller is told that it failed.
+        m_incoming.pop_back();
+        throw;
+    }
+    return true;
+}
+
+bool MainQueue::isOnMainThread() const
+{
+    QThread *const current = QThread::currentThread();
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    return m_thread == current;
+}
+
+void MainQueue::arm()
+{
+    QCoreApplication::postEvent(m_receiver.get(), new QEvent(QEvent::User));
+    m_armed = true;
+}
+
+void MainQueue::runPass()
+{
+    watchEventLoop();
+    bool mayTake = true;
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        m_armed = false;
+    }
+    const auto end = coarseNow() + passLength;
+    do {
+        if (!hasRest()) {
+            // What is posted from here on waits for the next pass.
+            if (!mayTake || !takeIncoming())
+                break;
+            mayTake = false;
+        }
+        runPosted(std::move(m_batch[m_next++]));
+    } while (coarseNow() < end);
+    armForRest();
+}
+
+bool MainQueue::takeIncoming()
+{
+    m_batch.clear();
+    m_next = 0;
+    if (m_batch.capacity() > keptCapacity)
+        m_batch.shrink_to_fit();
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_batch.swap(m_incoming);
+    return !m_batch.empty();
+}
+
+void MainQueue::armForRest()
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_armingFailed = false;
+    if (!m_receiver || m_armed || (!hasRest() && m_incoming.empty()))
+        return;
+    try {
+        arm();
+    } catch (const std::bad_alloc &) {
+        // Tried again at each turn of the event loop, which the wake-up keeps turning.
+        m_armingFailed = true;
+        if (m_watchedDispatcher)
+            m_watchedDispatcher->wakeUp();
+    }
+}
+
+void MainQueue::watchEventLoop()
+{
+    QAbstractEventDispatcher *const dispatcher = QAbstractEventDispatcher::instance();
+    if (dispatcher == m_watchedDispatcher)
+        return;
+    m_watchedDispatcher = dispatcher;
+    const auto turn = [this] { onEventLoopTurn(); };
+    QObject::connect(dispatcher, &QAbstractEventDispatcher::awake, m_receiver.get(), turn);
+    QObject::connect(dispatcher, &QAbstractEventDispatcher::aboutToBlock, m_receiver.get(), turn);
+}
+
+// With a rest in the batch this is the turn of a loop that a piece of work opened: the event that
+// woke the queue is used up, so the loop needs one of its own to go on with the rest.
+void MainQueue::onEventLoopTurn()
+{
+    if (hasRest() || m_armingFailed)
+        armForRest();
+}
+
+} // namespace Tessel

@@ -1,0 +1,67 @@
+// SPDX-FileCopyrightText: 2026 The lumo_ui_base authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QAbstractEventDispatcher>
+#include <QPointer>
+
+#include <cstddef>
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <vector>
+
+class QThread;
+
+namespace Tessel {
+
+using Work = std::function<void()>;
+
+/// The queue of the main thread. Posting threads meet the main thread in one vector under a mutex,
+/// and one posted event wakes the main thread for all that the vector holds.
+class MainQueue
+{
+public:
+    MainQueue();
+    ~MainQueue();
+
+    /// Starts to accept work for @p thread.
+    void open(QThread *thread);
+
+    /// Refuses work from now on and destroys what waits. Runs on the main thread.
+    void close();
+
+    /// Appends @p work, which is not empty. Any thread.
+    /// @return false when the queue is closed; @p work is untouched then
+    bool post(Work &&work);
+
+    /// Whether the calling thread is the main thread of an open queue.
+    bool isOnMainThread() const;
+
+private:
+    class Receiver;
+
+    void runPass();
+    bool takeIncoming();
+    void watchEventLoop();
+    void onEventLoopTurn();
+    void armForRest();
+    void arm();
+    bool hasRest() const { return m_next < m_batch.size(); }
+
+    mutable std::mutex m_mutex;
+    // Guarded by the mutex:
+    std::vector<Work> m_incoming;
+    std::unique_ptr<Receiver> m_receiver;
+    QThread *m_thread = nullptr;
+    bool m_armed = false;
+
+    // Touched on the main thread only:
+    std::vector<Work> m_batch;
+    std::size_t m_next = 0;
+    bool m_armingFailed = false;
+    QPointer<QAbstractEventDispatcher> m_watchedDispatcher;
+};
+
+} // namespace Tessel
