@@ -41,17 +41,38 @@ void *allocateOrNull(std::size_t size) noexcept
 
 } // namespace
 
-void *operator new(std::size_t size) { return allocate(size); }
-void *operator new[](std::size_t size) { return allocate(size); }
-void *operator new(std::size_t size, const std::nothrow_t &) noexcept { return allocateOrNull(size); }
+void *operator new(std::size_t size)
+{
+    return allocate(size);
+}
+void *operator new[](std::size_t size)
+{
+    return allocate(size);
+}
+void *operator new(std::size_t size, const std::nothrow_t &) noexcept
+{
+    return allocateOrNull(size);
+}
 void *operator new[](std::size_t size, const std::nothrow_t &) noexcept
 {
     return allocateOrNull(size);
 }
-void operator delete(void *memory) noexcept { std::free(memory); }
-void operator delete[](void *memory) noexcept { std::free(memory); }
-void operator delete(void *memory, std::size_t) noexcept { std::free(memory); }
-void operator delete[](void *memory, std::size_t) noexcept { std::free(memory); }
+void operator delete(void *memory) noexcept
+{
+    std::free(memory);
+}
+void operator delete[](void *memory) noexcept
+{
+    std::free(memory);
+}
+void operator delete(void *memory, std::size_t) noexcept
+{
+    std::free(memory);
+}
+void operator delete[](void *memory, std::size_t) noexcept
+{
+    std::free(memory);
+}
 
 namespace Lumo::Test {
 
@@ -61,22 +82,36 @@ FailingNew::FailingNew(std::size_t call)
     callsUntilFault = call;
 }
 
-FailingNew::~FailingNew() { disarm(); }
+FailingNew::~FailingNew()
+{
+    disarm();
+}
 
-bool FailingNew::happened() const { return faultHappened; }
+bool FailingNew::happened() const
+{
+    return faultHappened;
+}
 
-void FailingNew::disarm() { callsUntilFault = never; }
+void FailingNew::disarm()
+{
+    callsUntilFault = never;
+}
 
 NewCounter::NewCounter()
     : m_callsBefore(newCalls)
     , m_bytesBefore(newBytes)
-{
-}
+{ }
 
 NewCounter::~NewCounter() = default;
 
-std::size_t NewCounter::calls() const { return newCalls - m_callsBefore; }
+std::size_t NewCounter::calls() const
+{
+    return newCalls - m_callsBefore;
+}
 
-std::size_t NewCounter::bytes() const { return newBytes - m_bytesBefore; }
+std::size_t NewCounter::bytes() const
+{
+    return newBytes - m_bytesBefore;
+}
 
 } // namespace Lumo::Test

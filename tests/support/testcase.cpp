@@ -31,7 +31,8 @@ void TestCase::cleanup()
         QStringList left;
         for (const QWidget *widget : QApplication::topLevelWidgets())
             left << QString::fromLatin1(widget->metaObject()->className());
-        QVERIFY2(left.isEmpty(), qPrintable(QStringLiteral("left: ") + left.join(QLatin1Char(' '))));
+        QVERIFY2(left.isEmpty(),
+                 qPrintable(QStringLiteral("left: ") + left.join(QLatin1Char(' '))));
     }
 }
 

@@ -30,7 +30,9 @@ Queues &queues()
 
 void closeQueues()
 {
-    // The main queue first: background work that waits for the main thread is released by it.
+    // The main queue first: background work that waits for the main thread is released by it. What
+    // dies with it must not find the workers still open.
+    queues().workers.refuse();
     queues().main.close();
     queues().workers.close();
 }

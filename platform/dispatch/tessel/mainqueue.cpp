@@ -72,10 +72,14 @@ void MainQueue::open(QThread *thread)
 {
     auto receiver = std::make_unique<Receiver>(*this);
     receiver->moveToThread(thread);
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    m_receiver = std::move(receiver);
-    m_thread = thread;
-    m_armed = false;
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        m_receiver = std::move(receiver);
+        m_thread = thread;
+        m_armed = false;
+    }
+    if (thread == QThread::currentThread())
+        watchEventLoop();
 }
 
 void MainQueue::close()
@@ -89,8 +93,6 @@ void MainQueue::close()
         m_thread = nullptr;
         m_armed = false;
     }
-    if (m_watchedDispatcher)
-        m_watchedDispatcher->disconnect(receiver.get());
     m_watchedDispatcher.clear();
     m_armingFailed = false;
     // Closures may do anything when they die, so they die with the queue closed and unlocked.
@@ -181,12 +183,12 @@ void MainQueue::armForRest()
 void MainQueue::watchEventLoop()
 {
     QAbstractEventDispatcher *const dispatcher = QAbstractEventDispatcher::instance();
-    if (dispatcher == m_watchedDispatcher)
+    if (!dispatcher || dispatcher == m_watchedDispatcher)
         return;
-    m_watchedDispatcher = dispatcher;
     const auto turn = [this] { onEventLoopTurn(); };
     QObject::connect(dispatcher, &QAbstractEventDispatcher::awake, m_receiver.get(), turn);
     QObject::connect(dispatcher, &QAbstractEventDispatcher::aboutToBlock, m_receiver.get(), turn);
+    m_watchedDispatcher = dispatcher;
 }
 
 // With a rest in the batch this is the turn of a loop that a piece of work opened: the event that

@@ -84,8 +84,21 @@ WorkerPools::~WorkerPools() = default;
 
 void WorkerPools::open()
 {
+    // Made here and not when first needed: making one is not safe against a failed allocation.
+    std::array<std::unique_ptr<QThreadPool>, count> pools;
+    for (auto &pool : pools) {
+        pool = std::make_unique<QThreadPool>();
+        pool->setMaxThreadCount(threadsPerPool());
+    }
     const std::lock_guard<std::mutex> lock(m_mutex);
+    m_pools.swap(pools);
     m_open = true;
+}
+
+void WorkerPools::refuse()
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_open = false;
 }
 
 void WorkerPools::close()
@@ -111,13 +124,8 @@ bool WorkerPools::post(Work &&work, EQualityOfService qos)
     const std::lock_guard<std::mutex> lock(m_mutex);
     if (!m_open)
         return false;
-    std::unique_ptr<QThreadPool> &pool = m_pools[indexOf(qos)];
-    if (!pool) {
-        pool = std::make_unique<QThreadPool>();
-        pool->setMaxThreadCount(threadsPerPool());
-    }
     auto job = std::make_unique<Job>(std::move(work), qos);
-    pool->start(job.get());
+    m_pools[indexOf(qos)]->start(job.get());
     job.release();
     return true;
 }

@@ -24,7 +24,10 @@ public:
 
     void open();
 
-    /// Refuses work from now on, destroys what waits and returns when nothing runs any more.
+    /// Refuses work from now on.
+    void refuse();
+
+    /// Refuses work, destroys what waits and returns when nothing runs any more.
     void close();
 
     /// Starts @p work, which is not empty, at the background quality @p qos. Any thread.
