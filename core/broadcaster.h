@@ -10,6 +10,7 @@
 
 #include <QObject>
 
+#include <algorithm>
 #include <functional>
 #include <memory>
 #include <mutex>
@@ -97,9 +98,21 @@ protected:
 private:
     using Lists = Internal::ObserverLists<Protocol>;
 
+    /// Whom a broadcast calls: the observers at its start, or the one direct observer there was.
+    struct Audience
+    {
+        std::shared_ptr<const Lists> lists;
+        std::shared_ptr<Protocol> onlyDirect;
+    };
+
     static QObject *requireQObject(Protocol *observer, QObject *object);
-    std::shared_ptr<const Lists> currentObservers();
+    Audience currentAudience();
+    std::shared_ptr<const Lists> currentLists();
     void removeNullObservers();
+    template<typename List>
+    void removeNullObservers(List &list);
+    template<typename Call>
+    void callDirect(const Lists &lists, const Call &call);
 
     std::vector<Internal::QObjectObserver<Protocol>> qobjectObservers;
     std::vector<std::weak_ptr<Protocol>> queuedObservers;
@@ -176,27 +189,62 @@ void Broadcaster<Protocol>::removeAllObservers()
 }
 
 template<typename Protocol>
-void Broadcaster<Protocol>::removeNullObservers()
+template<typename List>
+void Broadcaster<Protocol>::removeNullObservers(List &list)
 {
     const auto hasDied = [](const auto &entry) { return entry.expired(); };
-    const auto eraseDead = [this, &hasDied](auto &list) {
-        if (Internal::eraseIf(list, hasDied))
-            snapshot.reset();
-    };
-    eraseDead(qobjectObservers);
-    eraseDead(queuedObservers);
-    eraseDead(directObservers);
+    // Nearly always nobody has died, so the look comes before the erasing.
+    if (std::none_of(list.begin(), list.end(), hasDied))
+        return;
+    Internal::eraseIf(list, hasDied);
+    snapshot.reset();
 }
 
 template<typename Protocol>
-auto Broadcaster<Protocol>::currentObservers() -> std::shared_ptr<const Lists>
+void Broadcaster<Protocol>::removeNullObservers()
 {
     const std::lock_guard<std::mutex> lock(observersMutex);
-    removeNullObservers();
+    removeNullObservers(qobjectObservers);
+    removeNullObservers(queuedObservers);
+    removeNullObservers(directObservers);
+}
+
+// Dead direct observers are swept by the walk that meets them.
+template<typename Protocol>
+auto Broadcaster<Protocol>::currentAudience() -> Audience
+{
+    const std::lock_guard<std::mutex> lock(observersMutex);
+    removeNullObservers(qobjectObservers);
+    removeNullObservers(queuedObservers);
+    if (qobjectObservers.empty() && queuedObservers.empty() && directObservers.size() <= 1) {
+        removeNullObservers(directObservers);
+        return {nullptr, directObservers.empty() ? nullptr : directObservers.front().lock()};
+    }
+    return {currentLists(), nullptr};
+}
+
+template<typename Protocol>
+auto Broadcaster<Protocol>::currentLists() -> std::shared_ptr<const Lists>
+{
     if (!snapshot)
         snapshot =
             std::make_shared<const Lists>(qobjectObservers, queuedObservers, directObservers);
     return snapshot;
+}
+
+template<typename Protocol>
+template<typename Call>
+void Broadcaster<Protocol>::callDirect(const Lists &lists, const Call &call)
+{
+    bool swept = false;
+    for (const std::weak_ptr<Protocol> &entry : lists.direct()) {
+        if (const std::shared_ptr<Protocol> observer = entry.lock()) {
+            call(observer.get());
+        } else if (!swept) {
+            removeNullObservers();
+            swept = true;
+        }
+    }
 }
 
 template<typename Protocol>
@@ -215,15 +263,21 @@ template<typename... Args>
 void Broadcaster<Protocol>::broadcast(void (Protocol::*operation)(Args...),
                                       typename Internal::Identity<Args>::Type... args)
 {
-    const std::shared_ptr<const Lists> observers = currentObservers();
-    if (observers->hasMainThreadObservers()) {
-        dispatchAsync(Internal::PostedBroadcast<Protocol, Args...>(observers, operation, args...),
-                      EQualityOfService::Main);
+    const Audience audience = currentAudience();
+    if (audience.lists && audience.lists->hasMainThreadObservers()) {
+        dispatchAsync(
+            Internal::PostedBroadcast<Protocol, Args...>(audience.lists, operation, args...),
+            EQualityOfService::Main);
     } else {
         dispatchAsync([] {}, EQualityOfService::Main);
     }
-    observers->forEachDirect(
-        [&](Protocol *observer) { (observer->*operation)(static_cast<Args>(args)...); });
+    const auto call = [&](Protocol *observer) {
+        (observer->*operation)(static_cast<Args>(args)...);
+    };
+    if (audience.lists)
+        callDirect(*audience.lists, call);
+    else if (audience.onlyDirect)
+        call(audience.onlyDirect.get());
 }
 
 template<typename Protocol>
@@ -231,15 +285,19 @@ template<typename Result, typename... Args, typename>
 std::vector<Result> Broadcaster<Protocol>::broadcast(
     Result (Protocol::*operation)(Args...), typename Internal::Identity<Args>::Type... args)
 {
-    const std::shared_ptr<const Lists> observers = currentObservers();
+    const Audience audience = currentAudience();
     std::vector<Result> results;
     const auto collect = [&](Protocol *observer) {
         results.push_back((observer->*operation)(static_cast<Args>(args)...));
     };
-    if (observers->hasMainThreadObservers()) {
-        dispatchSync([&] { observers->forEachOnMainThread(collect); }, EQualityOfService::Main);
+    if (audience.lists && audience.lists->hasMainThreadObservers()) {
+        dispatchSync([&] { audience.lists->forEachOnMainThread(collect); },
+                     EQualityOfService::Main);
     }
-    observers->forEachDirect(collect);
+    if (audience.lists)
+        callDirect(*audience.lists, collect);
+    else if (audience.onlyDirect)
+        collect(audience.onlyDirect.get());
     return results;
 }
 

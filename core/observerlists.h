@@ -94,25 +94,15 @@ public:
             if (Protocol *const observer = entry.get())
                 call(observer);
         }
-        forEachAlive(m_queued, call);
-    }
-
-    template<typename Call>
-    void forEachDirect(const Call &call) const
-    {
-        forEachAlive(m_direct, call);
-    }
-
-private:
-    template<typename Call>
-    static void forEachAlive(const std::vector<std::weak_ptr<Protocol>> &list, const Call &call)
-    {
-        for (const std::weak_ptr<Protocol> &entry : list) {
+        for (const std::weak_ptr<Protocol> &entry : m_queued) {
             if (const std::shared_ptr<Protocol> observer = entry.lock())
                 call(observer.get());
         }
     }
 
+    const std::vector<std::weak_ptr<Protocol>> &direct() const { return m_direct; }
+
+private:
     std::vector<QObjectObserver<Protocol>> m_qobjects;
     std::vector<std::weak_ptr<Protocol>> m_queued;
     std::vector<std::weak_ptr<Protocol>> m_direct;
