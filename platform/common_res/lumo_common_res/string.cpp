@@ -7,9 +7,14 @@
 
 namespace Vela::Resource {
 
-TranslatedText::operator QString() const
+QString TranslatedText::toString() const
 {
     return QCoreApplication::translate("Vela::Resource::String", m_source);
+}
+
+QString StableName::toString() const
+{
+    return QString::fromLatin1(m_name);
 }
 
 } // namespace Vela::Resource
