@@ -4,6 +4,7 @@
 #include "orrin_mesh_kernel/kernel.h"
 
 #include <atomic>
+#include <mutex>
 #include <utility>
 
 namespace Orrin::Core {
@@ -11,15 +12,35 @@ namespace Orrin::Core {
 class KernelPrivate
 {
 public:
-    // Asked before the shared pointer, so that a waypoint costs next to nothing without a sink.
+    using SharedSink = std::shared_ptr<const Kernel::WaypointSink>;
+
+    SharedSink currentSink() const
+    {
+        const std::lock_guard lock(mutex);
+        return sink;
+    }
+
+    // The flag and the sink change together under the lock, so that of two replacements at once
+    // neither leaves a sink that is switched off.
+    SharedSink exchangeSink(SharedSink newSink)
+    {
+        const std::lock_guard lock(mutex);
+        hasSink.store(newSink != nullptr, std::memory_order_relaxed);
+        sink.swap(newSink);
+        return newSink;
+    }
+
+    // Asked before the lock, so that a waypoint costs next to nothing without a sink.
     std::atomic<bool> hasSink {false};
-    std::shared_ptr<const Kernel::WaypointSink> sink;
+
+private:
+    mutable std::mutex mutex;
+    SharedSink sink;
 };
 
 Kernel::Kernel()
     : d(std::make_unique<KernelPrivate>())
-{
-}
+{ }
 
 Kernel::~Kernel() = default;
 
@@ -27,19 +48,24 @@ ERcmStatus Kernel::ProfilerWaypoint(const wchar_t *text) const
 {
     if (!text)
         return eRcmFailure;
-    if (!d->hasSink.load(std::memory_order_acquire))
+    if (!d->hasSink.load(std::memory_order_relaxed))
         return eRcmSuccess;
-    if (const auto sink = std::atomic_load(&d->sink))
-        (*sink)(text);
-    return eRcmSuccess;
+    try {
+        if (const auto sink = d->currentSink())
+            (*sink)(text);
+        return eRcmSuccess;
+    } catch (...) {
+        return eRcmFailure;
+    }
 }
 
 void Kernel::setWaypointSink(WaypointSink sink)
 {
-    const bool hasSink = static_cast<bool>(sink);
-    auto shared = hasSink ? std::make_shared<const WaypointSink>(std::move(sink)) : nullptr;
-    std::atomic_store(&d->sink, std::shared_ptr<const WaypointSink>(std::move(shared)));
-    d->hasSink.store(hasSink, std::memory_order_release);
+    KernelPrivate::SharedSink shared;
+    if (sink)
+        shared = std::make_shared<const WaypointSink>(std::move(sink));
+    // The old sink ends here, outside the lock, because its end may write waypoints itself.
+    const auto old = d->exchangeSink(std::move(shared));
 }
 
 } // namespace Orrin::Core
