@@ -55,8 +55,7 @@ need_tsan_tbb() {
     rm -rf "$tbb_for_tsan"
     mkdir -p "$work/lists/partial" "$work/cache/archives/partial"
     say "Fetching the source of oneTBB from Debian"
-    write_source_list "$work"
-    logged tsan-tbb-fetch fetch_tbb_source "$work" || explain_apt "$logs/tsan-tbb-fetch.log" "the source of onetbb"
+    logged tsan-tbb-fetch fetch_tbb_source "$work" || explain_fetch "$logs/tsan-tbb-fetch.log"
     say "Building oneTBB for ThreadSanitizer, once"
     logged tsan-tbb-build build_tbb "$work" \
         || explain "$root/$logs/tsan-tbb-build.log" "oneTBB does not build for ThreadSanitizer; remove $tbb_for_tsan and try again."
@@ -65,35 +64,41 @@ need_tsan_tbb() {
     say "oneTBB for ThreadSanitizer built in $(elapsed "$start")"
 }
 
-# The mirrors that the machine uses, as places of sources.
-write_source_list() {
-    local work=$1
-    # shellcheck disable=SC2016
-    apt-get indextargets --format '$(REPO_URI)|$(RELEASE)|$(COMPONENT)|$(SIGNED_BY)' \
-        'Created-By: Packages' 2>/dev/null | grep '|main|' | sort -u \
-        | while IFS='|' read -r uri suite component key; do
-            printf 'Types: deb-src\nURIs: %s\nSuites: %s\nComponents: %s\n' "$uri" "$suite" "$component"
-            [ -z "$key" ] || printf 'Signed-By: %s\n' "$key"
-            printf '\n'
-        done >"$work/debian.sources"
-    if [ ! -s "$work/debian.sources" ]; then
-        printf 'Types: deb-src\nURIs: http://deb.debian.org/debian\nSuites: bookworm\nComponents: main\nSigned-By: /usr/share/keyrings/debian-archive-keyring.gpg\n' \
-            >"$work/debian.sources"
+explain_fetch() {
+    if no_network "$1"; then
+        fail "No network to Debian's mirror, which has the source of oneTBB; connect and run ./dev again. All output is in $1."
     fi
-    cat >"$work/apt.conf" <<CONFIG
-Dir::Etc::sourcelist "$work/debian.sources";
-Dir::Etc::sourceparts "-";
-Dir::State::lists "$work/lists";
-Dir::Cache "$work/cache";
-APT::Sandbox::User "root";
-CONFIG
+    explain "$1" "Debian's source of oneTBB can't be fetched; mend what the log tells and run ./dev again."
 }
 
+# Tries the mirrors that the machine uses, then Debian's own, since not every mirror has sources.
 fetch_tbb_source() (
     cd "$1" || exit
     export APT_CONFIG="$1/apt.conf"
+    cat >apt.conf <<CONFIG
+Dir::Etc::sourcelist "$1/debian.sources";
+Dir::Etc::sourceparts "-";
+Dir::State::lists "$1/lists";
+Dir::Cache "$1/cache";
+APT::Sandbox::User "root";
+CONFIG
+    # shellcheck disable=SC2016
+    APT_CONFIG='' apt-get indextargets --format '$(REPO_URI) $(RELEASE) $(COMPONENT)' \
+        'Created-By: Packages' | grep -E '^https?://.* main$' | sort -u | source_list >debian.sources
+    apt-get update && apt-get source onetbb && return
+    echo 'http://deb.debian.org/debian bookworm main' | source_list >debian.sources
     apt-get update && apt-get source onetbb
 )
+
+# Turns lines of address, suite and component into entries for sources.
+source_list() {
+    local uri suite component keys=/usr/share/keyrings/debian-archive-keyring.gpg
+    while read -r uri suite component; do
+        printf 'Types: deb-src\nURIs: %s\nSuites: %s\nComponents: %s\n' "$uri" "$suite" "$component"
+        [ ! -e "$keys" ] || printf 'Signed-By: %s\n' "$keys"
+        printf '\n'
+    done
+}
 
 build_tbb() (
     cd "$1" || exit

@@ -61,10 +61,14 @@ apt_install() {
         apt-get -o DPkg::Lock::Timeout=300 -o Dpkg::Use-Pty=0 install -y --no-install-recommends "$@"
 }
 
+no_network() {
+    grep -qE 'Temporary failure resolving|Could not resolve|Could not connect|Cannot initiate the connection|Connection (timed out|refused|failed)|Network is unreachable' "$1"
+}
+
 explain_apt() {
     local log=$1 names=$2 missing
     missing=$(sed -n 's/^E: Unable to locate package //p' "$log" | sort -u | tr '\n' ' ')
-    if grep -qE 'Temporary failure resolving|Could not resolve|Could not connect|Connection (timed out|refused|failed)|Network is unreachable' "$log"; then
+    if no_network "$log"; then
         fail "No network to Debian's mirror; connect and run ./dev again (missing: $names). All output is in $log."
     elif [ -n "$missing" ]; then
         fail "Debian's lists here do not hold: $missing; put 'main' of bookworm into /etc/apt/sources.list and run ./dev again."

@@ -10,6 +10,9 @@
 #include <algorithm>
 #include <utility>
 
+#ifdef __SANITIZE_THREAD__
+#include <sanitizer/tsan_interface.h>
+#endif
 #ifdef __linux__
 #include <sys/resource.h>
 #include <sys/syscall.h>
@@ -52,19 +55,45 @@ void adoptQuality(EQualityOfService qos)
     lowerThreadPriority(qos);
 }
 
+// Qt is not built for ThreadSanitizer, which so can't see that a pool hands work over under a lock.
+// It is told where one thread lets go of something and where the next one has it.
+void letGo([[maybe_unused]] void *what)
+{
+#ifdef __SANITIZE_THREAD__
+    __tsan_release(what);
+#endif
+}
+
+void takeOver([[maybe_unused]] void *what)
+{
+#ifdef __SANITIZE_THREAD__
+    __tsan_acquire(what);
+#endif
+}
+
+// Stands for all work that has been done.
+char doneWork;
+
 class Job : public QRunnable
 {
 public:
     Job(Work &&work, EQualityOfService qos)
         : m_work(std::move(work))
         , m_qos(qos)
-    { }
+    {
+        letGo(this);
+    }
+
+    ~Job() override { takeOver(this); }
 
     // An exception that leaves the work has nobody to reach: it ends the process here.
     void run() noexcept override
     {
+        takeOver(this);
         adoptQuality(m_qos);
         m_work();
+        m_work = nullptr;
+        letGo(&doneWork);
     }
 
 private:
@@ -117,6 +146,7 @@ void WorkerPools::close()
         if (pool)
             pool->waitForDone();
     }
+    takeOver(&doneWork);
 }
 
 bool WorkerPools::post(Work &&work, EQualityOfService qos)
