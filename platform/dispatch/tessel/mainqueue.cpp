@@ -3,6 +3,8 @@
 
 #include "tessel/mainqueue_p.h"
 
+#include "tessel/handover_p.h"
+
 #include <QCoreApplication>
 #include <QEvent>
 #include <QObject>
@@ -58,6 +60,7 @@ public:
 
     bool event(QEvent *event) override
     {
+        takeOver(this);
         if (event->type() != QEvent::User)
             return QObject::event(event);
         m_queue.runPass();
@@ -131,7 +134,9 @@ bool MainQueue::isOnMainThread() const
 
 void MainQueue::arm()
 {
-    QCoreApplication::postEvent(m_receiver.get(), new QEvent(QEvent::User));
+    auto wakeUp = std::make_unique<QEvent>(QEvent::User);
+    letGo(m_receiver.get());
+    QCoreApplication::postEvent(m_receiver.get(), wakeUp.release());
     m_armed = true;
 }
 

@@ -3,6 +3,8 @@
 
 #include "tessel/workerpools_p.h"
 
+#include "tessel/handover_p.h"
+
 #include <QRunnable>
 #include <QThread>
 #include <QThreadPool>
@@ -10,9 +12,6 @@
 #include <algorithm>
 #include <utility>
 
-#ifdef __SANITIZE_THREAD__
-#include <sanitizer/tsan_interface.h>
-#endif
 #ifdef __linux__
 #include <sys/resource.h>
 #include <sys/syscall.h>
@@ -53,22 +52,6 @@ void adoptQuality(EQualityOfService qos)
         return;
     currentQuality = qos;
     lowerThreadPriority(qos);
-}
-
-// Qt is not built for ThreadSanitizer, which so can't see that a pool hands work over under a lock.
-// It is told where one thread lets go of something and where the next one has it.
-void letGo([[maybe_unused]] void *what)
-{
-#ifdef __SANITIZE_THREAD__
-    __tsan_release(what);
-#endif
-}
-
-void takeOver([[maybe_unused]] void *what)
-{
-#ifdef __SANITIZE_THREAD__
-    __tsan_acquire(what);
-#endif
 }
 
 // Stands for all work that has been done.
