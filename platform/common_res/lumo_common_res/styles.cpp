@@ -144,7 +144,7 @@ QMenu {
 QMenu::item {
     background-color: transparent;
     border: none;
-    padding: 5px 28px 5px 30px;
+    padding: 5px 28px 5px 12px;
     color: @text;
 }
 QMenu::item:selected {
@@ -161,7 +161,7 @@ QMenu::separator {
     margin: 4px 8px;
 }
 QMenu::icon {
-    padding-left: 7px;
+    left: 7px;
 }
 QMenu::indicator {
     width: 16px;
@@ -177,6 +177,7 @@ QMenu::indicator:checked:selected {
 QMenu::right-arrow {
     width: 16px;
     height: 16px;
+    right: 4px;
     image: url(:/resources/images/sys_menu_right.png);
 }
 QMenu::right-arrow:selected {

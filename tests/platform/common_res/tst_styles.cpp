@@ -148,6 +148,8 @@ private Q_SLOTS:
     void dialogSheetTakesTheObjectName();
     void everyImageOfTheSheetsExists_data();
     void everyImageOfTheSheetsExists();
+    void sheetsUsePropertiesThatQtKnows_data();
+    void sheetsUsePropertiesThatQtKnows();
     void qtParsesEverySheet_data();
     void qtParsesEverySheet();
     void textContrastIsReadable_data();
@@ -330,6 +332,51 @@ void tst_Styles::everyImageOfTheSheetsExists()
         const QString url = urls.next().captured(1);
         if (!url.startsWith('%'))
             QVERIFY2(QFile::exists(url), qPrintable(url));
+    }
+}
+
+void tst_Styles::sheetsUsePropertiesThatQtKnows_data()
+{
+    addSheets();
+}
+
+// Qt passes over a property that it does not know without a word.
+void tst_Styles::sheetsUsePropertiesThatQtKnows()
+{
+    QFETCH(QString, getter);
+    QFETCH(EPalette, palette);
+    static const QStringList known {"background-color",
+                                    "border",
+                                    "border-bottom",
+                                    "border-bottom-color",
+                                    "border-color",
+                                    "border-radius",
+                                    "color",
+                                    "font-family",
+                                    "font-size",
+                                    "height",
+                                    "image",
+                                    "left",
+                                    "margin",
+                                    "margin-top",
+                                    "max-height",
+                                    "min-height",
+                                    "min-width",
+                                    "padding",
+                                    "padding-top",
+                                    "right",
+                                    "selection-background-color",
+                                    "selection-color",
+                                    "spacing",
+                                    "subcontrol-origin",
+                                    "subcontrol-position",
+                                    "text-align",
+                                    "width"};
+    for (const SRule &rule : rulesOf(fetchSheet(getter, palette))) {
+        for (const QString &property : rule.declarations.keys()) {
+            QVERIFY2(known.contains(property) || property.startsWith("qproperty-"),
+                     qPrintable(rule.selector + ": " + property));
+        }
     }
 }
 
