@@ -275,18 +275,14 @@ void tst_Images::imageKeepsClearOfItsEdges_data()
     }
 }
 
-// What touches the edge is cut off there.
 void tst_Images::imageKeepsClearOfItsEdges()
 {
     QFETCH(QString, name);
     const QImage image = QImage(PREFIX + name + "@3x.png").convertToFormat(QImage::Format_ARGB32);
-    for (int i = 0; i < image.width(); ++i) {
-        QCOMPARE(qAlpha(image.pixel(i, 0)), 0);
-        QCOMPARE(qAlpha(image.pixel(i, image.height() - 1)), 0);
-    }
-    for (int i = 0; i < image.height(); ++i) {
-        QCOMPARE(qAlpha(image.pixel(0, i)), 0);
-        QCOMPARE(qAlpha(image.pixel(image.width() - 1, i)), 0);
+    const QRect inside = image.rect().adjusted(3, 3, -3, -3);
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x)
+            QVERIFY(inside.contains(x, y) || qAlpha(image.pixel(x, y)) == 0);
     }
 }
 
