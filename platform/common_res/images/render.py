@@ -6,11 +6,12 @@
     render.py           renders everything and removes what has no drawing any more
     render.py --check   only compares the drawings and files with manifest.txt
 
-svg/ holds one master per drawing. A master whose name begins with "cmd_" shows a command at rest; its
-two states, name_normal and name_active, are derived from it, the active one in the darker accent
-with stronger tints. Every picture is written to png/ at 1, 2 and 3 pixels per unit ("@2x", "@3x"),
-the states of commands are written to states/ as SVG too. images.qrc lists them under
-":/resources/images/", and manifest.txt has the checksum of every master and every file made from it.
+svg/ holds one master per drawing. A master whose name begins with "cmd_" shows a command at rest;
+its two states, name_normal and name_active, are derived from it, the active one in the darker
+accent with stronger tints. Every picture is written to png/ at 1, 2 and 3 pixels per unit ("@2x",
+"@3x"), the states of commands are written to states/ as SVG too. images.qrc lists them under
+":/resources/images/", and manifest.txt has the checksum of every master and of every file made
+from it.
 
 Needs rsvg-convert (Debian: librsvg2-bin). The results are part of the repository, so a build needs
 neither that tool nor this script.
@@ -125,7 +126,7 @@ def indexed(rows):
 
 
 def smallest(png):
-    """The same visible pixels without metadata: with a palette, else with the best of a few filters."""
+    """The same visible pixels, no metadata: with a palette, else with the best of a few filters."""
     width, height = struct.unpack_from(">II", png, 16)
     rows = list(pixel_rows(png))
     rows = [b"".join(r[i:i + 4] if r[i + 3] else b"\0\0\0\0" for i in range(0, len(r), 4))

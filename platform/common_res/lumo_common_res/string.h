@@ -63,22 +63,32 @@ namespace String {
 
 /// @name Texts of dialog buttons
 /// @{
+
+/// Accepts what the dialog says or shows.
 inline constexpr TranslatedText OK_BUTTON_TEXT {QT_TRANSLATE_NOOP("Vela::Resource::String", "OK")};
+/// Leaves without doing what the dialog is for.
 inline constexpr TranslatedText CANCEL_BUTTON_TEXT {
     QT_TRANSLATE_NOOP("Vela::Resource::String", "Cancel")};
+/// Leaves a dialog that only tells something.
 inline constexpr TranslatedText CLOSE_BUTTON_TEXT {
     QT_TRANSLATE_NOOP("Vela::Resource::String", "Close")};
+/// Agrees to a question.
 inline constexpr TranslatedText YES_BUTTON_TEXT {
     QT_TRANSLATE_NOOP("Vela::Resource::String", "Yes")};
+/// Declines a question; the work goes on without it.
 inline constexpr TranslatedText NO_BUTTON_TEXT {QT_TRANSLATE_NOOP("Vela::Resource::String", "No")};
 /// @}
 
 /// @name Titles of the command groups that a view's controller makes
 /// @{
+
+/// Title of the group with COMMAND_ACTIONPANEL_GROUP_ID.
 inline constexpr TranslatedText ACTIONS_GROUP_TEXT {
     QT_TRANSLATE_NOOP("Vela::Resource::String", "Actions")};
+/// Title of the group with COMMAND_TOOLPANEL_GROUP_ID.
 inline constexpr TranslatedText TOOLS_GROUP_TEXT {
     QT_TRANSLATE_NOOP("Vela::Resource::String", "Tools")};
+/// Title of the group with COMMAND_DYNAMIC_TOOLPANEL_GROUP_ID.
 inline constexpr TranslatedText DYNAMIC_TOOLS_GROUP_TEXT {
     QT_TRANSLATE_NOOP("Vela::Resource::String", "Dynamic Tools")};
 /// @}
@@ -88,8 +98,12 @@ inline constexpr StableName COMMAND_DEFAULT_GROUP {"command_default_group"};
 
 /// @name Ids of the command groups that a view's controller makes
 /// @{
+
+/// The commands of the action panel.
 inline constexpr StableName COMMAND_ACTIONPANEL_GROUP_ID {"command_actionpanel_group"};
+/// The commands of the main tool bar.
 inline constexpr StableName COMMAND_TOOLPANEL_GROUP_ID {"command_toolpanel_group"};
+/// The groups whose tool bars come and go beside the main one.
 inline constexpr StableName COMMAND_DYNAMIC_TOOLPANEL_GROUP_ID {"command_dynamic_toolpanel_group"};
 /// @}
 
