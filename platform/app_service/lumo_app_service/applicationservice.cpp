@@ -4,6 +4,7 @@
 #include "lumo_app_service/applicationservice.h"
 
 #include "lumo_app_service/applicationstateprotocol.h"
+#include "lumo_app_service/delegatelist_p.h"
 #include "lumo_app_service/shutdownprotocol.h"
 
 #include <orrin_mesh_kernel/Kernel>
@@ -11,126 +12,135 @@
 #include <QMoveEvent>
 #include <QPointer>
 #include <QResizeEvent>
+#include <QScopedValueRollback>
 #include <QWidget>
 
 #include <algorithm>
+#include <atomic>
+#include <utility>
 #include <vector>
 
 namespace Vela::Services {
 namespace {
 
-/// Delegates in order of registration, safe against changes from inside a call.
-template<typename Protocol>
-class DelegateList
+using StateDelegates = DelegateList<ApplicationStateProtocol>;
+using SharedKernel = std::shared_ptr<Orrin::Core::Kernel>;
+
+/// Tells the delegates what happens to one window. It is an object of its own because only one of
+/// the window's thread can watch it, and any thread may have been the first to ask for the service.
+class WindowWatcher : public QObject
 {
 public:
-    void add(Protocol *delegate)
+    WindowWatcher(QWidget *window, const StateDelegates &delegates)
+        : m_window(window)
+        , m_delegates(delegates)
     {
-        if (delegate)
-            m_entries.push_back({delegate, dynamic_cast<QObject *>(delegate)});
+        window->installEventFilter(this);
     }
 
-    void remove(Protocol *delegate)
+    bool eventFilter(QObject *watched, QEvent *event) override
     {
-        const auto isDelegate = [delegate](const Entry &entry) { return entry.delegate == delegate; };
-        m_entries.erase(std::remove_if(m_entries.begin(), m_entries.end(), isDelegate),
-                        m_entries.end());
-    }
-
-    /// Calls @p operation on each delegate until one answers false.
-    template<typename Operation>
-    bool callWhileTrue(const Operation &operation)
-    {
-        removeDead();
-        const std::vector<Entry> entries = m_entries;
-        for (const Entry &entry : entries) {
-            if (isAlive(entry) && contains(entry.delegate) && !operation(entry.delegate))
-                return false;
-        }
-        return true;
+        if (!m_window || watched != m_window)
+            return false;
+        // A delegate may replace the window, which ends this watcher, and may end the window, which
+        // then must not be handed the event.
+        const QPointer<QObject> window(watched);
+        tellDelegates(event);
+        return !window;
     }
 
 private:
-    struct Entry
-    {
-        Entry(Protocol *protocol, QObject *object)
-            : delegate(protocol)
-            , guard(object)
-            , isObject(object != nullptr)
-        {
-        }
+    void tellDelegates(QEvent *event) const;
+    template<typename Operation>
+    static void tell(const StateDelegates &delegates, const Operation &operation);
 
-        Protocol *delegate;
-        QPointer<QObject> guard;
-        bool isObject;
-    };
-
-    static bool isAlive(const Entry &entry) { return !entry.isObject || entry.guard; }
-
-    bool contains(Protocol *delegate) const
-    {
-        return std::any_of(m_entries.begin(), m_entries.end(),
-                           [delegate](const Entry &entry) { return entry.delegate == delegate; });
-    }
-
-    void removeDead()
-    {
-        const auto isDead = [](const Entry &entry) { return !isAlive(entry); };
-        m_entries.erase(std::remove_if(m_entries.begin(), m_entries.end(), isDead),
-                        m_entries.end());
-    }
-
-    std::vector<Entry> m_entries;
+    const QPointer<QWidget> m_window;
+    const StateDelegates &m_delegates;
 };
+
+void WindowWatcher::tellDelegates(QEvent *event) const
+{
+    using To = ApplicationStateProtocol *;
+    if (event->type() == QEvent::Move) {
+        const QPoint position = static_cast<QMoveEvent *>(event)->pos();
+        tell(m_delegates, [&](To to) { to->appMoved(position); });
+    } else if (event->type() == QEvent::Resize) {
+        const QSize size = static_cast<QResizeEvent *>(event)->size();
+        tell(m_delegates, [&](To to) { to->appResized(size); });
+    } else if (event->type() == QEvent::WindowStateChange) {
+        const auto oldState = static_cast<QWindowStateChangeEvent *>(event)->oldState();
+        const auto newState = m_window->windowState();
+        tell(m_delegates, [&](To to) { to->appWindowStateChanged(oldState, newState); });
+    }
+}
+
+template<typename Operation>
+void WindowWatcher::tell(const StateDelegates &delegates, const Operation &operation)
+{
+    delegates.callWhileTrue([&operation](ApplicationStateProtocol *delegate) {
+        // Qt's event loop, which calls this, can't take an exception.
+        try {
+            operation(delegate);
+        } catch (...) {
+            qWarning("ApplicationService: a state delegate threw an exception");
+        }
+        return true;
+    });
+}
 
 } // namespace
 
 class ApplicationServicePrivate
 {
 public:
-    template<typename Operation>
-    void tellStateDelegates(const Operation &operation)
+    ApplicationServicePrivate() { setKernel(std::make_shared<Orrin::Core::Kernel>()); }
+
+    void setKernel(SharedKernel newKernel)
     {
-        stateDelegates.callWhileTrue([&operation](ApplicationStateProtocol *delegate) {
-            operation(delegate);
-            return true;
-        });
+        auto *const raw = newKernel.get();
+        if (std::find(kernels.begin(), kernels.end(), newKernel) == kernels.end())
+            kernels.push_back(std::move(newKernel));
+        kernel.store(raw, std::memory_order_release);
     }
 
-    std::shared_ptr<Orrin::Core::Kernel> kernel = std::make_shared<Orrin::Core::Kernel>();
-    DelegateList<ApplicationStateProtocol> stateDelegates;
+    // All kernels of the process, the plain one first: a thread may hold a reference to any.
+    std::vector<SharedKernel> kernels;
+    std::atomic<Orrin::Core::Kernel *> kernel {nullptr};
+    StateDelegates stateDelegates;
     DelegateList<ShutdownProtocol> shutdownDelegates;
-    QPointer<QWidget> mainWindow;
+    std::unique_ptr<WindowWatcher> windowWatcher;
     IAppManager *appManager = nullptr;
     bool workspaceSwitchingEnabled = true;
+    bool isAskingForShutdown = false;
 };
 
 ApplicationService &ApplicationService::GetInstance()
 {
-    static ApplicationService service;
+    // Never destroyed: static objects and threads that outlive main() may still remove their
+    // delegates and write waypoints.
+    static ApplicationService &service = *new ApplicationService;
     return service;
 }
 
 ApplicationService::ApplicationService()
     : d(std::make_unique<ApplicationServicePrivate>())
-{
-}
+{ }
 
 ApplicationService::~ApplicationService() = default;
 
 const Orrin::Core::Kernel &ApplicationService::Kernel() const
 {
-    return *d->kernel;
+    return *d->kernel.load(std::memory_order_acquire);
 }
 
 Orrin::Core::Kernel &ApplicationService::kernel()
 {
-    return *d->kernel;
+    return *d->kernel.load(std::memory_order_acquire);
 }
 
 void ApplicationService::setKernel(std::shared_ptr<Orrin::Core::Kernel> kernel)
 {
-    d->kernel = kernel ? std::move(kernel) : std::make_shared<Orrin::Core::Kernel>();
+    d->setKernel(kernel ? std::move(kernel) : d->kernels.front());
 }
 
 void ApplicationService::EnableWorkspaceSwitching(bool enable)
@@ -168,6 +178,9 @@ void ApplicationService::removeShutdownDelegate(ShutdownProtocol *delegate)
 
 bool ApplicationService::requestShutdown()
 {
+    if (d->isAskingForShutdown)
+        return false;
+    const QScopedValueRollback<bool> asking(d->isAskingForShutdown, true);
     return d->shutdownDelegates.callWhileTrue(
         [](ShutdownProtocol *delegate) { return delegate->canShutdown(); });
 }
@@ -184,40 +197,9 @@ void ApplicationService::setAppManager(IAppManager *manager)
 
 void ApplicationService::setMainWindow(QWidget *window)
 {
-    if (d->mainWindow)
-        d->mainWindow->removeEventFilter(this);
-    d->mainWindow = window;
+    d->windowWatcher.reset();
     if (window)
-        window->installEventFilter(this);
-}
-
-bool ApplicationService::eventFilter(QObject *watched, QEvent *event)
-{
-    if (!d->mainWindow || watched != d->mainWindow)
-        return QObject::eventFilter(watched, event);
-    switch (event->type()) {
-    case QEvent::Move: {
-        const QPoint position = static_cast<QMoveEvent *>(event)->pos();
-        d->tellStateDelegates([&](ApplicationStateProtocol *to) { to->appMoved(position); });
-        break;
-    }
-    case QEvent::Resize: {
-        const QSize size = static_cast<QResizeEvent *>(event)->size();
-        d->tellStateDelegates([&](ApplicationStateProtocol *to) { to->appResized(size); });
-        break;
-    }
-    case QEvent::WindowStateChange: {
-        const Qt::WindowStates oldState = static_cast<QWindowStateChangeEvent *>(event)->oldState();
-        const Qt::WindowStates newState = d->mainWindow->windowState();
-        d->tellStateDelegates([&](ApplicationStateProtocol *to) {
-            to->appWindowStateChanged(oldState, newState);
-        });
-        break;
-    }
-    default:
-        break;
-    }
-    return QObject::eventFilter(watched, event);
+        d->windowWatcher = std::make_unique<WindowWatcher>(window, d->stateDelegates);
 }
 
 } // namespace Vela::Services

@@ -7,8 +7,8 @@
 
 namespace Vela::Services {
 
-/// Hears of the user's account. All operations are called on the main thread and do nothing by
-/// default.
+/// Hears of the user's account from the part of a host that logs users in; nothing in the library
+/// calls it. All operations are called on the main thread and do nothing by default.
 class LUMO_APP_SERVICE_EXPORT CloudServiceProtocol
 {
 public:

@@ -11,17 +11,19 @@
 namespace Vela::UiBase {
 class CmdsViewController;
 class CommandBase;
-}
+} // namespace Vela::UiBase
 
 namespace Vela::Services {
 
-/// The host's application manager: it knows which commands belong to which view controller.
+/// The host's application manager: it knows which commands belong to which view controller. A host
+/// hands its own to ApplicationService::setAppManager(); without one controllers have no commands
+/// but those that are added to them directly.
 class LUMO_APP_SERVICE_EXPORT IAppManager
 {
 public:
     virtual ~IAppManager();
 
-    /// Called by a host that starts its manager through this interface. Nothing by default.
+    /// Makes the manager ready. Nothing by default; the library does not call it, a host may.
     virtual void Initialize();
     /// The counterpart of Initialize(). Nothing by default.
     virtual void Terminate();

@@ -13,11 +13,13 @@ void ApplicationStateProtocol::appMoved(const QPoint &) { }
 void ApplicationStateProtocol::appResized(const QSize &) { }
 void ApplicationStateProtocol::appWindowStateChanged(const Qt::WindowStates &,
                                                      const Qt::WindowStates &)
-{
-}
+{ }
 
 ShutdownProtocol::~ShutdownProtocol() = default;
-bool ShutdownProtocol::canShutdown() { return true; }
+bool ShutdownProtocol::canShutdown()
+{
+    return true;
+}
 
 CloudServiceProtocol::~CloudServiceProtocol() = default;
 void CloudServiceProtocol::onUserLogIn() { }
@@ -27,6 +29,9 @@ void CloudServiceProtocol::onUserLogInFailed() { }
 IAppManager::~IAppManager() = default;
 void IAppManager::Initialize() { }
 void IAppManager::Terminate() { }
-QString IAppManager::applicationName() const { return {}; }
+QString IAppManager::applicationName() const
+{
+    return {};
+}
 
 } // namespace Vela::Services

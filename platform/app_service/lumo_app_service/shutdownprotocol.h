@@ -7,14 +7,14 @@
 
 namespace Vela::Services {
 
-/// Is asked before the application shuts down.
+/// Is asked before the application shuts down, after ApplicationService::addShutdownDelegate().
 class LUMO_APP_SERVICE_EXPORT ShutdownProtocol
 {
 public:
     virtual ~ShutdownProtocol();
 
-    /// Whether the application may shut down now; false keeps it running. True by default. Called on
-    /// the main thread.
+    /// Whether the application may shut down now; false keeps it running. True by default. Called
+    /// on the main thread; it may show a dialog and wait for its answer.
     virtual bool canShutdown();
 };
 
