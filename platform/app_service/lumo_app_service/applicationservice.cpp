@@ -32,33 +32,29 @@ class WindowWatcher : public QObject
 {
 public:
     WindowWatcher(QWidget *window, const StateDelegates &delegates)
-        : m_window(window)
-        , m_delegates(delegates)
+        : m_delegates(delegates)
     {
         window->installEventFilter(this);
     }
 
     bool eventFilter(QObject *watched, QEvent *event) override
     {
-        if (!m_window || watched != m_window)
-            return false;
         // A delegate may replace the window, which ends this watcher, and may end the window, which
         // then must not be handed the event.
-        const QPointer<QObject> window(watched);
-        tellDelegates(event);
+        const QPointer<QWidget> window(static_cast<QWidget *>(watched));
+        tellDelegates(window->windowState(), event);
         return !window;
     }
 
 private:
-    void tellDelegates(QEvent *event) const;
+    void tellDelegates(Qt::WindowStates state, QEvent *event) const;
     template<typename Operation>
     static void tell(const StateDelegates &delegates, const Operation &operation);
 
-    const QPointer<QWidget> m_window;
     const StateDelegates &m_delegates;
 };
 
-void WindowWatcher::tellDelegates(QEvent *event) const
+void WindowWatcher::tellDelegates(Qt::WindowStates state, QEvent *event) const
 {
     using To = ApplicationStateProtocol *;
     if (event->type() == QEvent::Move) {
@@ -69,8 +65,7 @@ void WindowWatcher::tellDelegates(QEvent *event) const
         tell(m_delegates, [&](To to) { to->appResized(size); });
     } else if (event->type() == QEvent::WindowStateChange) {
         const auto oldState = static_cast<QWindowStateChangeEvent *>(event)->oldState();
-        const auto newState = m_window->windowState();
-        tell(m_delegates, [&](To to) { to->appWindowStateChanged(oldState, newState); });
+        tell(m_delegates, [&](To to) { to->appWindowStateChanged(oldState, state); });
     }
 }
 

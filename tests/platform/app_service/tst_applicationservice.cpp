@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The lumo_ui_base authors
 // SPDX-License-Identifier: MIT
 
+#include "support/failingnew.h"
 #include "support/testcase.h"
 #include "support/testmain.h"
 
@@ -16,6 +17,7 @@
 #include <QWidget>
 
 #include <atomic>
+#include <cstddef>
 #include <functional>
 #include <memory>
 #include <stdexcept>
@@ -205,6 +207,7 @@ private Q_SLOTS:
     void delegateMayEndItself();
     void delegateMayEndALaterOne();
     void deadDelegateIsSkippedAndItsPlaceMayBeTaken();
+    void deadDelegatesDoNotPileUp();
     void delegateMayCauseFurtherEvents();
     void exceptionOfADelegateKeepsTheOthersCalled();
 
@@ -311,6 +314,7 @@ void TestApplicationService::replacedKernelStaysValid()
     QCOMPARE(kernel.use_count(), useCount);
     kernel.reset();
     const Kernel &reference = service().Kernel();
+    service().setKernel(std::make_shared<Kernel>());
     service().setKernel(nullptr);
     QVERIFY(!watch.expired());
     QCOMPARE(reference.ProfilerWaypoint(L"a"), Orrin::Core::eRcmSuccess);
@@ -581,6 +585,21 @@ void TestApplicationService::deadDelegateIsSkippedAndItsPlaceMayBeTaken()
     sendMove(window);
     QCOMPARE(log, QStringList {QStringLiteral("heir moved 1,2")});
     heir->~StateRecorderObject();
+}
+
+void TestApplicationService::deadDelegatesDoNotPileUp()
+{
+    constexpr std::size_t count = 10000;
+    constexpr std::size_t guardSize = 2 * sizeof(void *);
+    QStringList log;
+    std::size_t bytes = 0;
+    for (std::size_t i = 0; i < count; ++i) {
+        StateRecorderObject recorder(QStringLiteral("a"), log);
+        const Lumo::Test::NewCounter counter;
+        service().addAppStateDelegate(&recorder);
+        bytes += counter.bytes();
+    }
+    QVERIFY2(bytes < count * guardSize + 1000, qPrintable(QString::number(bytes)));
 }
 
 void TestApplicationService::delegateMayCauseFurtherEvents()
