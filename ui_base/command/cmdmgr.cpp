@@ -1,0 +1,396 @@
+// SPDX-FileCopyrightText: 2026 The lumo_ui_base authors
+// SPDX-License-Identifier: MIT
+
+#include "ui_base/command/cmdmgr.h"
+
+#include "ui_base/command/commandbag.h"
+#include "ui_base/command/commandbase.h"
+
+#include <tessel/dispatch.h>
+
+#include <atomic>
+#include <stdexcept>
+#include <vector>
+
+namespace Vela::UiBase {
+namespace {
+
+CommandState presentState(const CommandBase &command)
+{
+    return {command.isEnabled(), command.isChecked()};
+}
+
+/// Calls @p visit on the commands of @p bag, which it may change. A command that is being visited
+/// stays alive.
+template<typename Visit>
+void forEachCommand(const CommandBag &bag, const Visit &visit)
+{
+    for (std::size_t i = 0; i < bag.size(); ++i) {
+        if (const std::shared_ptr<CommandBase> command = bag[i].second)
+            visit(*command);
+    }
+}
+
+/// The entries that @p write makes for the commands of @p bag.
+template<typename Write>
+CommandContext contextOf(const CommandBag &bag, const Write &write)
+{
+    CommandContext context;
+    for (const auto &[id, command] : bag) {
+        if (command)
+            write(context, *command);
+    }
+    return context;
+}
+
+void writePresentState(CommandContext &context, const CommandBase &command)
+{
+    context.overwrite(command.commandId(), presentState(command));
+}
+
+void writeActiveState(CommandContext &context, const CommandBase &command)
+{
+    if (command.isChecked())
+        context.overwrite(command.commandId(), {State::Keep, State::On});
+}
+
+/// Sets a flag and puts back what it was, so that nested walks and exceptions leave it right.
+class FlagGuard
+{
+public:
+    explicit FlagGuard(std::atomic<bool> &flag)
+        : m_flag(flag)
+        , m_before(flag.exchange(true))
+    { }
+    ~FlagGuard() { m_flag = m_before; }
+
+    FlagGuard(const FlagGuard &) = delete;
+    FlagGuard &operator=(const FlagGuard &) = delete;
+
+private:
+    std::atomic<bool> &m_flag;
+    const bool m_before;
+};
+
+/// A command and the state that waits for it; a command with an owner is kept alive.
+struct PendingState
+{
+    explicit PendingState(CommandBase *pendingCommand, const CommandState &pendingState)
+        : command(pendingCommand)
+        , owner(pendingCommand->weak_from_this().lock())
+        , state(pendingState)
+    { }
+
+    CommandBase *command;
+    std::shared_ptr<Tessel::SharedObjectInternal> owner;
+    CommandState state;
+};
+
+} // namespace
+
+class CmdMgr::CmdMgrImpl
+{
+public:
+    explicit CmdMgrImpl(CmdMgr *manager)
+        : q(manager)
+    { }
+    virtual ~CmdMgrImpl() = default;
+
+    /// This manager as long as somebody owns it, without adopting it.
+    std::shared_ptr<CmdMgr> self() const { return {q->weak_from_this().lock(), q}; }
+
+    template<typename Work>
+    void post(const Work &work);
+    template<typename Read>
+    CommandContext query(const Read &read) const;
+    template<typename Write>
+    CommandContext queryBag(const CommandBag *bag, const Write &write) const;
+
+    void stopListening(CommandBase *command);
+    void listen(CommandBase *command);
+    void applyContext(const CommandContext &context);
+
+    CmdMgr *const q;
+    std::atomic<bool> applyingContext {false};
+    QVector<CommandContext> contextStack;
+    CommandBag rootBag;
+};
+
+/// Runs @p work on the main queue unless the manager has died by then.
+template<typename Work>
+void CmdMgr::CmdMgrImpl::post(const Work &work)
+{
+    const std::weak_ptr<CmdMgr> weak = self();
+    const auto posted = [weak, work] {
+        if (const std::shared_ptr<CmdMgr> manager = weak.lock())
+            work(*manager->d);
+    };
+    Tessel::dispatchAsync(posted, Tessel::EQualityOfService::Main);
+}
+
+/// Reads live state on the main thread, unless a context is being applied.
+template<typename Read>
+CommandContext CmdMgr::CmdMgrImpl::query(const Read &read) const
+{
+    CommandContext context;
+    if (!applyingContext)
+        Tessel::dispatchSync([&] { context = read(); }, Tessel::EQualityOfService::Main);
+    return context;
+}
+
+template<typename Write>
+CommandContext CmdMgr::CmdMgrImpl::queryBag(const CommandBag *bag, const Write &write) const
+{
+    if (!bag)
+        return query([&] { return contextOf(rootBag, write); });
+    // Keeps the commands alive while another thread waits for its turn.
+    const CommandBag copy(*bag);
+    return query([&] { return contextOf(copy, write); });
+}
+
+void CmdMgr::CmdMgrImpl::stopListening(CommandBase *command)
+{
+    command->removeObserver(std::shared_ptr<CommandStateProtocol>(self()));
+}
+
+void CmdMgr::CmdMgrImpl::listen(CommandBase *command)
+{
+    // A command can come by way of a group that was heard already; it is to be heard once.
+    stopListening(command);
+    command->addObserver(std::shared_ptr<CommandStateProtocol>(self()), false);
+}
+
+void CmdMgr::CmdMgrImpl::applyContext(const CommandContext &context)
+{
+    const FlagGuard applying(applyingContext);
+    std::vector<PendingState> pending;
+    const QMap<QString, CommandState> entries = context.get();
+    for (auto entry = entries.cbegin(); entry != entries.cend(); ++entry) {
+        forEachCommand(rootBag, [&](CommandBase &command) {
+            if (CommandBase *const found = command.getCommand(entry.key()))
+                pending.emplace_back(found, entry.value());
+        });
+    }
+    for (const PendingState &entry : pending)
+        entry.command->setCommandState(entry.state);
+}
+
+CmdMgr::CmdMgr()
+    : d(std::make_unique<CmdMgrImpl>(this))
+{ }
+
+CmdMgr::~CmdMgr() = default;
+
+CommandBase *CmdMgr::addCommand(CommandBase *command)
+{
+    if (!command)
+        return nullptr;
+    if (command->commandId().isEmpty())
+        throw std::runtime_error("A command id must be defined (with the COMMAND_ID macro)!");
+    CommandBase *const result = d->rootBag.addCommand(command) ? command : nullptr;
+    command->setAddedToCmdsVC(true);
+    broadcast(&CmdMgrProtocol::commandAdded, this, result);
+    if (result)
+        d->listen(result);
+    return result;
+}
+
+bool CmdMgr::removeCommand(CommandBase *command)
+{
+    if (!command)
+        return false;
+    const auto owner = command->weak_from_this().lock();
+    const QString id = command->commandId();
+    d->stopListening(command);
+    broadcast(&CmdMgrProtocol::commandRemoved, this, id);
+    command->setAddedToCmdsVC(false);
+    d->rootBag.removeCommand(id);
+    return true;
+}
+
+bool CmdMgr::removeCommand(const QString &id)
+{
+    return removeCommand(findCommand(id));
+}
+
+void CmdMgr::removeAllCommands()
+{
+    const CommandBag commands(d->rootBag);
+    for (const auto &[id, command] : commands)
+        removeCommand(command.get());
+}
+
+CommandBase *CmdMgr::findCommand(const QString &id) const
+{
+    for (const auto &[ownId, command] : d->rootBag) {
+        if (command->hasCommand(id))
+            return command->getCommand(id);
+    }
+    return nullptr;
+}
+
+QVector<CommandBase *> CmdMgr::findCommands(const QString &tag, CommandBag *bag) const
+{
+    QVector<CommandBase *> found;
+    for (const auto &[id, command] : bag ? *bag : d->rootBag) {
+        if (command && command->hasTag(tag))
+            found.append(command.get());
+    }
+    return found;
+}
+
+const CommandBag &CmdMgr::commandBag() const
+{
+    return d->rootBag;
+}
+
+CommandBag &CmdMgr::commandBag()
+{
+    return d->rootBag;
+}
+
+std::shared_ptr<CommandBase> CmdMgr::runningCommand() const
+{
+    return m_runningCommand.lock();
+}
+
+CommandContext CmdMgr::defaultContext(CommandBag *bag) const
+{
+    return contextOf(bag ? *bag : d->rootBag, [](CommandContext &context, CommandBase &command) {
+        context.overwrite(command.commandId(), command.defaultCommandState());
+    });
+}
+
+CommandContext CmdMgr::currentContext(CommandBag *bag) const
+{
+    return d->queryBag(bag, writePresentState);
+}
+
+CommandContext CmdMgr::currentContext(const CommandContext &context) const
+{
+    return d->query([&] {
+        CommandContext present;
+        for (const QString &id : context.get().keys()) {
+            if (const CommandBase *const command = findCommand(id))
+                present.overwrite(id, presentState(*command));
+        }
+        return present;
+    });
+}
+
+CommandContext CmdMgr::currentContext(const QString &tag) const
+{
+    return d->query([&] {
+        CommandContext present;
+        for (const CommandBase *const command : findCommands(tag))
+            writePresentState(present, *command);
+        return present;
+    });
+}
+
+CommandContext CmdMgr::currentActiveContext(CommandBag *bag) const
+{
+    return d->queryBag(bag, writeActiveState);
+}
+
+CommandContext CmdMgr::currentActiveContext(const QString &tag) const
+{
+    return d->query([&] {
+        CommandContext active;
+        for (const CommandBase *const command : findCommands(tag)) {
+            if (command->isChecked())
+                writePresentState(active, *command);
+        }
+        return active;
+    });
+}
+
+CommandContext CmdMgr::disabledContext(CommandBag *bag) const
+{
+    return contextOf(bag ? *bag : d->rootBag, [](CommandContext &context, CommandBase &command) {
+        context.overwrite(command.commandId(), {State::Off, State::Keep});
+    });
+}
+
+CommandContext CmdMgr::disabledContext(const QString &tag) const
+{
+    CommandContext context = currentContext(tag);
+    context.overwrite({State::Off, State::Keep});
+    return context;
+}
+
+CommandContext CmdMgr::inactiveContext(CommandBag *bag) const
+{
+    return contextOf(bag ? *bag : d->rootBag, [](CommandContext &context, CommandBase &command) {
+        context.overwrite(command.commandId(), {State::Keep, State::Off});
+    });
+}
+
+CommandContext CmdMgr::inactiveContext(const QString &tag) const
+{
+    CommandContext context = currentContext(tag);
+    context.overwrite({State::Keep, State::Off});
+    return context;
+}
+
+void CmdMgr::setContext(CommandContext context)
+{
+    d->post([context](CmdMgrImpl &impl) { impl.applyContext(context); });
+}
+
+void CmdMgr::pushContext(CommandContext context)
+{
+    d->contextStack.append(currentContext(nullptr));
+    if (!d->applyingContext)
+        setContext(std::move(context));
+}
+
+void CmdMgr::popContext()
+{
+    if (!d->contextStack.isEmpty())
+        setContext(d->contextStack.takeLast());
+}
+
+void CmdMgr::resetContext()
+{
+    d->contextStack.clear();
+    setContext(defaultContext(nullptr));
+}
+
+void CmdMgr::updateContextInStack(const QString &id, const CommandState &state)
+{
+    if (id.isEmpty())
+        return;
+    for (CommandContext &context : d->contextStack) {
+        if (!context.get().contains(id))
+            return;
+        context.update(id, state);
+    }
+}
+
+void CmdMgr::saveContext()
+{
+    d->post([](CmdMgrImpl &impl) {
+        forEachCommand(impl.rootBag, [](CommandBase &command) { command.saveCommandState(); });
+    });
+}
+
+void CmdMgr::restoreContext()
+{
+    d->post([](CmdMgrImpl &impl) {
+        forEachCommand(impl.rootBag, [](CommandBase &command) { command.restoreCommandState(); });
+    });
+}
+
+void CmdMgr::commandBegan(CommandBase *command)
+{
+    if (command)
+        m_runningCommand = std::shared_ptr<CommandBase>(command->weak_from_this().lock(), command);
+}
+
+void CmdMgr::commandEnded(CommandBase *)
+{
+    m_runningCommand.reset();
+}
+
+} // namespace Vela::UiBase

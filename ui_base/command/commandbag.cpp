@@ -1,0 +1,83 @@
+// SPDX-FileCopyrightText: 2026 The lumo_ui_base authors
+// SPDX-License-Identifier: MIT
+
+#include "ui_base/command/commandbag.h"
+
+#include "ui_base/command/commandbase.h"
+
+#include <algorithm>
+
+namespace Vela::UiBase {
+
+CommandBag::CommandBag() = default;
+CommandBag::CommandBag(const CommandBag &) = default;
+CommandBag::CommandBag(CommandBag &&) noexcept = default;
+CommandBag::~CommandBag() = default;
+
+CommandBag &CommandBag::operator=(const CommandBag &) = default;
+CommandBag &CommandBag::operator=(CommandBag &&) noexcept = default;
+
+bool CommandBag::addCommand(const std::shared_ptr<CommandBase> &command)
+{
+    if (!command)
+        return false;
+    value_type entry(command->commandId(), command);
+    if (std::find(begin(), end(), entry) != end())
+        return false;
+    push_back(std::move(entry));
+    return true;
+}
+
+bool CommandBag::addCommand(CommandBase *command)
+{
+    return command && addCommand(command->shared_from_this());
+}
+
+CommandBase *CommandBag::operator[](const QString &id) const
+{
+    return getCommand(id);
+}
+
+CommandBase *CommandBag::getCommand(const QString &id) const
+{
+    int index = 0;
+    return getCommand(id, index);
+}
+
+CommandBase *CommandBag::getCommand(const QString &id, int &index) const
+{
+    const auto hasId = [&id](const value_type &entry) { return entry.first == id; };
+    const auto found = std::find_if(begin(), end(), hasId);
+    index = static_cast<int>(found - begin());
+    return found == end() ? nullptr : found->second.get();
+}
+
+bool CommandBag::hasCommand(const QString &id) const
+{
+    return getCommand(id) != nullptr;
+}
+
+bool CommandBag::hasCommand(const QString &id, int &index) const
+{
+    return getCommand(id, index) != nullptr;
+}
+
+CommandBase *CommandBag::commandAt(int index) const
+{
+    if (index < 0 || static_cast<size_type>(index) >= size())
+        return nullptr;
+    return (*this)[static_cast<size_type>(index)].second.get();
+}
+
+bool CommandBag::removeCommand(const QString &id)
+{
+    int index = 0;
+    if (!hasCommand(id, index))
+        return false;
+    // Out of the bag first: the end of the command may ask the bag again.
+    const value_type leaving = std::move((*this)[static_cast<size_type>(index)]);
+    erase(begin() + index);
+    return true;
+}
+
+} // namespace Vela::UiBase

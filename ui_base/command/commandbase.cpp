@@ -1,0 +1,392 @@
+// SPDX-FileCopyrightText: 2026 The lumo_ui_base authors
+// SPDX-License-Identifier: MIT
+
+#include "ui_base/command/commandbase.h"
+
+#include "ui_base/command/cmdmgr.h"
+#include "ui_base/command/commandcontext.h"
+#include "ui_base/command/commandlinks_p.h"
+#include "ui_base/command/waypointtexts_p.h"
+
+#include <lumo_app_service/ApplicationService>
+#include <lumo_common_res/String>
+#include <orrin_mesh_kernel/Kernel>
+
+#include <QPointer>
+#include <QVector>
+#include <QWidget>
+
+#include <atomic>
+
+namespace Vela::UiBase {
+namespace {
+
+void writeWaypoint(const wchar_t *text)
+{
+    Services::ApplicationService::GetInstance().Kernel().ProfilerWaypoint(text);
+}
+
+void enableWorkspaceSwitching(bool enable)
+{
+    Services::ApplicationService::GetInstance().EnableWorkspaceSwitching(enable);
+}
+
+/// One run in the background, shared by the work and the finishing step.
+struct BackgroundRun
+{
+    CommandBase *command;
+    std::shared_ptr<Tessel::SharedObjectInternal> owner;
+    bool checked;
+    bool pushedContext;
+};
+
+} // namespace
+
+class CommandBaseImpl
+{
+public:
+    CommandBaseImpl(CommandBase *command, CmdsViewController *controller)
+        : q(command)
+        , baseGroupName(Resource::String::COMMAND_DEFAULT_GROUP)
+    {
+        setController(controller);
+    }
+
+    void setController(CmdsViewController *controller);
+    const WaypointTexts &waypointTexts();
+    void announceBegin(bool checked);
+    void announceEnd(bool checked);
+    bool runInPlace(bool checked);
+    bool runInBackground(bool checked, std::shared_ptr<Tessel::SharedObjectInternal> owner);
+    bool pushExecutionContext();
+
+    static bool differs(bool fact, const State &wanted)
+    {
+        return wanted != State::Keep && fact != (wanted == State::On);
+    }
+
+    static void work(const std::shared_ptr<BackgroundRun> &run);
+    static void finish(BackgroundRun &run);
+
+    CommandBase *const q;
+    CmdsViewController *viewController = nullptr;
+    QPointer<QObject> viewControllerGuard;
+    QStringList tags;
+    QString baseGroupName;
+    bool attached = false;
+    QStringList attachedCommandGroupNames;
+    CommandGroup *commandGroup = nullptr;
+    Tessel::EQualityOfService executionQoS = Tessel::EQualityOfService::Main;
+    bool executionNotificationEnabled = false;
+    QVector<QString> executionNotificationMessages;
+    std::atomic<const WaypointTexts *> texts {nullptr};
+};
+
+void CommandBaseImpl::setController(CmdsViewController *controller)
+{
+    viewController = controller;
+    viewControllerGuard = controller ? Internal::objectOf(controller) : nullptr;
+}
+
+const WaypointTexts &CommandBaseImpl::waypointTexts()
+{
+    const char *const className = q->metaObject()->className();
+    const WaypointTexts *known = texts.load(std::memory_order_acquire);
+    if (!known || !known->isOfClass(className)) {
+        known = &WaypointTexts::ofClass(className);
+        texts.store(known, std::memory_order_release);
+    }
+    return *known;
+}
+
+void CommandBaseImpl::announceBegin(bool checked)
+{
+    writeWaypoint(waypointTexts().begin(checked));
+    q->broadcast(&CommandStateProtocol::commandBeganExecuting, q, checked);
+}
+
+void CommandBaseImpl::announceEnd(bool checked)
+{
+    writeWaypoint(waypointTexts().end(checked));
+    q->broadcast(&CommandStateProtocol::commandEndedExecuting, q, checked);
+}
+
+bool CommandBaseImpl::runInPlace(bool checked)
+{
+    const bool result = q->onExecuteAsync(checked);
+    announceEnd(checked);
+    return result;
+}
+
+bool CommandBaseImpl::runInBackground(bool checked,
+                                      std::shared_ptr<Tessel::SharedObjectInternal> owner)
+{
+    const bool pushedContext = pushExecutionContext();
+    const auto run = std::make_shared<BackgroundRun>(
+        BackgroundRun {q, std::move(owner), checked, pushedContext});
+    return Tessel::dispatchAsync([run] { work(run); }, q->executionQoS());
+}
+
+bool CommandBaseImpl::pushExecutionContext()
+{
+    const CommandContext context = q->getExecutionCommandContext();
+    CmdsViewController *const controller = q->getViewController();
+    if (context.get().isEmpty() || !controller)
+        return false;
+    Internal::managerOf(controller)->pushContext(context);
+    return true;
+}
+
+void CommandBaseImpl::work(const std::shared_ptr<BackgroundRun> &run)
+{
+    Tessel::dispatchAsync([] { enableWorkspaceSwitching(false); }, Tessel::EQualityOfService::Main);
+    run->command->onExecuteAsync(run->checked);
+    Tessel::dispatchAsync([run] { finish(*run); }, Tessel::EQualityOfService::Main);
+}
+
+void CommandBaseImpl::finish(BackgroundRun &run)
+{
+    // Taken out of the run, whose last holder can be the worker: the command must not end there.
+    const auto owner = std::move(run.owner);
+    CommandBase *const command = run.command;
+    CmdsViewController *const controller = command->getViewController();
+    if (run.pushedContext && controller)
+        Internal::managerOf(controller)->popContext();
+    command->d->announceEnd(run.checked);
+    enableWorkspaceSwitching(true);
+}
+
+CommandBase::CommandBase(CmdsViewController *viewController)
+    : QAction(nullptr)
+    , d(std::make_unique<CommandBaseImpl>(this, viewController))
+{
+    static const int stateType = qRegisterMetaType<CommandState>("Vela::UiBase::CommandState");
+    Q_UNUSED(stateType)
+    if (QWidget *const widget = getViewQtWidget())
+        widget->addAction(this);
+    connect(this, &QAction::triggered, this, &CommandBase::onTriggered);
+    connect(this, &QAction::toggled, this, &CommandBase::onToggled);
+}
+
+CommandBase::~CommandBase()
+{
+    disconnect(this, nullptr, this, nullptr);
+}
+
+void CommandBase::setParent(QObject *) { }
+
+bool CommandBase::hasTag(const QString &tag) const
+{
+    return commandTags().contains(tag, Qt::CaseInsensitive);
+}
+
+QStringList CommandBase::commandTags() const
+{
+    return d->tags;
+}
+
+void CommandBase::addTag(const QString &tag)
+{
+    if (!d->tags.contains(tag, Qt::CaseSensitive))
+        d->tags.append(tag);
+}
+
+void CommandBase::removeTag(const QString &tag)
+{
+    d->tags.removeAll(tag);
+}
+
+CommandState CommandBase::defaultCommandState() const
+{
+    return {State::On, State::Off};
+}
+
+CommandState CommandBase::commandState() const
+{
+    return {isEnabled(), isChecked()};
+}
+
+void CommandBase::setCommandState(const CommandState &state)
+{
+    if (!d->differs(isEnabled(), state.enabled) && !d->differs(isChecked(), state.checked))
+        return;
+    // What the changes set off can end the argument, and take the command out of its last bag.
+    const CommandState wanted = state;
+    const auto owner = weak_from_this().lock();
+    if (d->differs(isEnabled(), wanted.enabled))
+        setEnabled(wanted.enabled);
+    if (isCheckable() && d->differs(isChecked(), wanted.checked))
+        setChecked(wanted.checked);
+}
+
+void CommandBase::saveCommandState() { }
+
+void CommandBase::restoreCommandState() { }
+
+void CommandBase::setViewController(CmdsViewController *viewController)
+{
+    d->setController(viewController);
+}
+
+CmdsViewController *CommandBase::getViewController() const
+{
+    return d->viewControllerGuard ? d->viewController : nullptr;
+}
+
+BaseView *CommandBase::getView() const
+{
+    const CmdsViewController *const controller = getViewController();
+    return controller ? Internal::viewOf(controller) : nullptr;
+}
+
+QWidget *CommandBase::getViewQtWidget() const
+{
+    const BaseView *const view = getView();
+    return view ? Internal::widgetOf(view) : nullptr;
+}
+
+Tessel::EQualityOfService CommandBase::executionQoS() const
+{
+    return d->executionQoS;
+}
+
+void CommandBase::setExecutionQoS(const Tessel::EQualityOfService &qos)
+{
+    d->executionQoS = qos;
+}
+
+bool CommandBase::isExecutionNotificationEnabled() const
+{
+    return d->executionNotificationEnabled;
+}
+
+void CommandBase::enableExecutionNotification(bool enable)
+{
+    d->executionNotificationEnabled = enable;
+}
+
+const QString CommandBase::getExecutionNotificationMessage(ENotification notification) const
+{
+    return d->executionNotificationMessages.value(static_cast<int>(notification));
+}
+
+void CommandBase::setExecutionNotificationMessage(ENotification notification,
+                                                  const QString &message)
+{
+    const int index = static_cast<int>(notification);
+    if (index < 0)
+        return;
+    if (d->executionNotificationMessages.size() <= index)
+        d->executionNotificationMessages.resize(index + 1);
+    d->executionNotificationMessages[index] = message;
+}
+
+bool CommandBase::hasCommand(const QString &id) const
+{
+    return commandId() == id;
+}
+
+CommandBase *CommandBase::getCommand(const QString &id)
+{
+    return commandId() == id ? this : nullptr;
+}
+
+CommandGroup *CommandBase::commandGroup() const
+{
+    return d->commandGroup;
+}
+
+void CommandBase::setCommandGroup(CommandGroup *group)
+{
+    d->commandGroup = group;
+}
+
+const QString CommandBase::baseGroupName() const
+{
+    return d->baseGroupName;
+}
+
+void CommandBase::setBaseGroupName(const QString &name)
+{
+    d->baseGroupName = name;
+}
+
+bool CommandBase::isAttached() const
+{
+    return d->attached;
+}
+
+void CommandBase::setAttached(bool attached)
+{
+    d->attached = attached;
+}
+
+void CommandBase::addAttachedCommandGroupName(const QString &name)
+{
+    if (!d->attachedCommandGroupNames.contains(name, Qt::CaseSensitive))
+        d->attachedCommandGroupNames.append(name);
+}
+
+void CommandBase::removeAttachedCommandGroupName(const QString &name)
+{
+    d->attachedCommandGroupNames.removeAll(name);
+}
+
+const QStringList CommandBase::attachedCommandGroupNames() const
+{
+    return d->attachedCommandGroupNames;
+}
+
+QStringList &CommandBase::attachedCommandGroupName() const
+{
+    return d->attachedCommandGroupNames;
+}
+
+void CommandBase::setAddedToCmdsVC(bool added)
+{
+    m_addedToCmdsVC = added;
+}
+
+bool CommandBase::addedToCmdsVC() const
+{
+    return m_addedToCmdsVC;
+}
+
+bool CommandBase::onExecute(bool checked)
+{
+    // What observers or the work set off can take the command out of its last bag.
+    auto owner = weak_from_this().lock();
+    d->announceBegin(checked);
+    if (executionQoS() == Tessel::EQualityOfService::Main)
+        return d->runInPlace(checked);
+    return d->runInBackground(checked, std::move(owner));
+}
+
+void CommandBase::onTriggered(bool checked)
+{
+    if (isCheckable())
+        return;
+    const auto owner = weak_from_this().lock();
+    Q_EMIT toBeTriggered(checked);
+    onExecute(checked);
+}
+
+void CommandBase::onToggled(bool checked)
+{
+    if (!isCheckable())
+        return;
+    const auto owner = weak_from_this().lock();
+    Q_EMIT toBeToggled(checked);
+    onExecute(checked);
+}
+
+CommandContext CommandBase::getExecutionCommandContext() const
+{
+    return {};
+}
+
+void CommandBase::onUserLogIn() { }
+
+void CommandBase::onUserLogOut() { }
+
+} // namespace Vela::UiBase
