@@ -35,6 +35,7 @@ void closeQueues()
     queues().workers.refuse();
     queues().main.close();
     queues().workers.close();
+    queues().main.bury();
 }
 
 void openQueues()

@@ -98,6 +98,7 @@ void MainQueue::close()
         dropped.swap(m_incoming);
         m_thread = nullptr;
         m_armed = false;
+        m_keepsRefused = true;
     }
     m_watchedDispatcher.clear();
     m_armingFailed = false;
@@ -107,11 +108,22 @@ void MainQueue::close()
     m_next = 0;
 }
 
+void MainQueue::bury()
+{
+    std::vector<Work> refused; // dies behind the lock
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_keepsRefused = false;
+    refused.swap(m_refused);
+}
+
 bool MainQueue::post(Work &&work)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    if (!m_receiver)
+    if (!m_receiver) {
+        if (m_keepsRefused)
+            m_refused.push_back(std::move(work));
         return false;
+    }
     m_incoming.push_back(std::move(work));
     if (m_armed)
         return true;

@@ -29,11 +29,15 @@ public:
     /// Starts to accept work for @p thread.
     void open(QThread *thread);
 
-    /// Refuses work from now on and destroys what waits. Runs on the main thread.
+    /// Refuses work from now on and destroys what waits. Work that other threads go on posting is
+    /// kept until bury(). Main thread.
     void close();
 
+    /// Destroys the work that came after close(), so that what it holds dies on the main thread too.
+    void bury();
+
     /// Appends @p work, which is not empty. Any thread.
-    /// @return false when the queue is closed; @p work is untouched then
+    /// @return false when the queue is closed
     bool post(Work &&work);
 
     /// Whether the calling thread is the main thread of an open queue.
@@ -56,6 +60,8 @@ private:
     std::unique_ptr<Receiver> m_receiver;
     QThread *m_thread = nullptr;
     bool m_armed = false;
+    std::vector<Work> m_refused;
+    bool m_keepsRefused = false;
 
     // Touched on the main thread only:
     std::vector<Work> m_batch;

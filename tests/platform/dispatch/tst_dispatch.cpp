@@ -493,7 +493,33 @@ TEST_F(Dispatch, backgroundWorkThatWaitsForTheMainThreadDoesNotHangTheEnd)
     EXPECT_FALSE(result);
 }
 
-TEST_F(Dispatch, alaterApplicationOpensTheQueuesAgain)
+// Background work usually posts its end to the main thread together with what it held; objects of the
+// main thread among that must not die on the worker.
+TEST_F(Dispatch, whatTheEndOfTheApplicationRefusesDiesOnTheMainThread)
+{
+    Gate started;
+    Gate ending;
+    QThread *diedOn = nullptr;
+    dispatchAsync(
+        [&] {
+            std::shared_ptr<void> resource(&diedOn,
+                                           [&](void *) { diedOn = QThread::currentThread(); });
+            started.open();
+            ending.wait();
+            bool accepted = true;
+            while (accepted)
+                accepted = dispatchAsync([] {}, EQualityOfService::Main);
+            EXPECT_FALSE(
+                dispatchAsync([resource = std::move(resource)] {}, EQualityOfService::Main));
+        },
+        EQualityOfService::Utility);
+    started.wait();
+    ending.open();
+    application.reset();
+    EXPECT_EQ(diedOn, QThread::currentThread());
+}
+
+TEST_F(Dispatch, aLaterApplicationOpensTheQueuesAgain)
 {
     dispatchAsync([] { ADD_FAILURE(); }, EQualityOfService::Main);
     application.reset();
