@@ -29,6 +29,34 @@ static_assert(!std::is_copy_constructible_v<Greeter>);
 static_assert(!std::is_move_constructible_v<Greeter>);
 static_assert(!std::is_copy_assignable_v<Greeter>);
 
+/// Counts the blocks that are not given back; make_shared's block lives as long as its last weak
+/// entry.
+template<typename T>
+struct CountingAllocator
+{
+    using value_type = T;
+
+    explicit CountingAllocator(int &to)
+        : blocks(&to)
+    { }
+    template<typename U>
+    CountingAllocator(const CountingAllocator<U> &other)
+        : blocks(other.blocks)
+    { }
+    T *allocate(std::size_t n)
+    {
+        ++*blocks;
+        return std::allocator<T>().allocate(n);
+    }
+    void deallocate(T *memory, std::size_t n)
+    {
+        --*blocks;
+        std::allocator<T>().deallocate(memory, n);
+    }
+
+    int *blocks;
+};
+
 class Broadcaster : public testing::Test
 {
 protected:
@@ -153,6 +181,53 @@ TEST_F(Broadcaster, removeAllObserversEmptiesEveryList)
     EXPECT_THAT(journal, IsEmpty());
 }
 
+TEST_F(Broadcaster, everyChangeBetweenTwoBroadcastsIsHeardOf)
+{
+    const auto first = add(false, "first");
+    const auto second = add(true, "second");
+    ObjectListener object(journal, &parent);
+    const auto heardNow = [&] {
+        journal.clear();
+        greet();
+        QCoreApplication::processEvents();
+        return journal.size();
+    };
+    EXPECT_EQ(heardNow(), 2u);
+    const auto third = add(false, "third");
+    EXPECT_EQ(heardNow(), 3u);
+    const auto fourth = add(true, "fourth");
+    EXPECT_EQ(heardNow(), 4u);
+    greeter.addObserver(&object);
+    EXPECT_EQ(heardNow(), 5u);
+    greeter.removeObserver(&object);
+    EXPECT_EQ(heardNow(), 4u);
+    greeter.removeObserver(third);
+    EXPECT_EQ(heardNow(), 3u);
+    greeter.removeObserver(second);
+    EXPECT_EQ(heardNow(), 2u);
+    greeter.removeAllObservers();
+    EXPECT_EQ(heardNow(), 0u);
+}
+
+// What a broadcast remembers must not outlive the entries: the block of make_shared does not.
+TEST_F(Broadcaster, removingObserversLetsGoOfThemAtOnce)
+{
+    int blocks = 0;
+    const auto makeCounted = [&] {
+        return std::allocate_shared<Listener>(CountingAllocator<Listener>(blocks), journal);
+    };
+    auto direct = makeCounted();
+    auto queued = makeCounted();
+    greeter.addObserver(direct, false);
+    greeter.addObserver(queued, true);
+    greet();
+    QCoreApplication::processEvents();
+    greeter.removeAllObservers();
+    direct.reset();
+    queued.reset();
+    EXPECT_EQ(blocks, 0);
+}
+
 TEST_F(Broadcaster, noObserverIsKeptAlive)
 {
     const std::weak_ptr<Listener> direct = add(false, "direct");
@@ -187,34 +262,6 @@ TEST_F(Broadcaster, observersThatDieBetweenBroadcastAndDeliveryAreSkipped)
     QCoreApplication::processEvents();
     EXPECT_THAT(journal, ElementsAre("survivor:you"));
 }
-
-/// Counts the blocks that are not given back; make_shared's block lives as long as its last weak
-/// entry.
-template<typename T>
-struct CountingAllocator
-{
-    using value_type = T;
-
-    explicit CountingAllocator(int &to)
-        : blocks(&to)
-    { }
-    template<typename U>
-    CountingAllocator(const CountingAllocator<U> &other)
-        : blocks(other.blocks)
-    { }
-    T *allocate(std::size_t n)
-    {
-        ++*blocks;
-        return std::allocator<T>().allocate(n);
-    }
-    void deallocate(T *memory, std::size_t n)
-    {
-        --*blocks;
-        std::allocator<T>().deallocate(memory, n);
-    }
-
-    int *blocks;
-};
 
 TEST_F(Broadcaster, theEntryOfADeadObserverGoesAtTheNextBroadcast)
 {

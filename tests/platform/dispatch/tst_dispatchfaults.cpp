@@ -35,6 +35,18 @@ protected:
     {
         startAllThreads(EQualityOfService::Utility);
         startAllThreads(EQualityOfService::UserInitiated);
+        growMainQueue();
+    }
+
+    // From here on a post to the main queue allocates the same blocks each time.
+    static void growMainQueue()
+    {
+        for (int round = 0; round < 2; ++round) {
+            bool ran = false;
+            for (int i = 0; i < 100; ++i)
+                ASSERT_TRUE(dispatchAsync([&ran] { ran = true; }, EQualityOfService::Main));
+            ASSERT_TRUE(runLoopUntil([&] { return ran; }));
+        }
     }
 
     static void startAllThreads(EQualityOfService qos)
