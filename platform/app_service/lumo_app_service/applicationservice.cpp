@@ -39,6 +39,8 @@ public:
 
     bool eventFilter(QObject *watched, QEvent *event) override
     {
+        if (!isTold(event->type()))
+            return false;
         // A delegate may replace the window, which ends this watcher, and may end the window, which
         // then must not be handed the event.
         const QPointer<QWidget> window(static_cast<QWidget *>(watched));
@@ -47,6 +49,11 @@ public:
     }
 
 private:
+    static bool isTold(QEvent::Type type)
+    {
+        return type == QEvent::Move || type == QEvent::Resize || type == QEvent::WindowStateChange;
+    }
+
     void tellDelegates(Qt::WindowStates state, QEvent *event) const;
     template<typename Operation>
     static void tell(const StateDelegates &delegates, const Operation &operation);
@@ -63,7 +70,7 @@ void WindowWatcher::tellDelegates(Qt::WindowStates state, QEvent *event) const
     } else if (event->type() == QEvent::Resize) {
         const QSize size = static_cast<QResizeEvent *>(event)->size();
         tell(m_delegates, [&](To to) { to->appResized(size); });
-    } else if (event->type() == QEvent::WindowStateChange) {
+    } else {
         const auto oldState = static_cast<QWindowStateChangeEvent *>(event)->oldState();
         tell(m_delegates, [&](To to) { to->appWindowStateChanged(oldState, state); });
     }
