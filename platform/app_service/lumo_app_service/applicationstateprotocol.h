@@ -25,8 +25,8 @@ public:
     virtual void appMoved(const QPoint &position);
     /// The main window has the new size @p size, without the frame, in logical pixels.
     virtual void appResized(const QSize &size);
-    /// The main window was minimised, maximised, restored or the like. @p newState is
-    /// what holds now; it may equal @p oldState when a delegate before changed it back.
+    /// The main window was minimised, maximised, restored or the like; @p newState is its state
+    /// when the event came.
     virtual void appWindowStateChanged(const Qt::WindowStates &oldState,
                                        const Qt::WindowStates &newState);
 };

@@ -85,7 +85,6 @@ void TraceFile::writeBuffer()
     errno = 0;
     m_stream.seekp(m_eventsEnd);
     m_stream.write(m_buffer.data(), static_cast<std::streamsize>(m_buffer.size()));
-    m_stream.flush();
     m_buffer.clear();
     if (!m_stream) {
         rememberError();

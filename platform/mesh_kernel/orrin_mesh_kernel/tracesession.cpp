@@ -114,11 +114,6 @@ TraceSession::TraceSession()
     : m_serial(nextSerial())
 { }
 
-TraceSession::~TraceSession()
-{
-    close();
-}
-
 bool TraceSession::open(const std::filesystem::path &path, const std::wstring &processName)
 {
     const std::wstring name = processName.empty() ? programName() : processName;

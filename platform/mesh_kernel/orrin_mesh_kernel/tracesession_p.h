@@ -22,7 +22,6 @@ class TraceSession
 {
 public:
     TraceSession();
-    ~TraceSession();
 
     bool open(const std::filesystem::path &path, const std::wstring &processName);
     void write(const std::wstring &waypoint) noexcept;

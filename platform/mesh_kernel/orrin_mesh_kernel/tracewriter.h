@@ -46,8 +46,9 @@ class TraceSession;
 class ORRIN_MESH_KERNEL_EXPORT TraceWriter
 {
 public:
-    /// Creates @p file, a regular file; one that exists is overwritten. isOpen() and errorText()
-    /// tell the outcome; a writer that failed can be used and writes nothing.
+    /// Creates the file. isOpen() and errorText() tell the outcome; a writer that failed can be
+    /// used and writes nothing.
+    /// @param file a regular file; one that exists is overwritten, its folder has to exist
     /// @param processName what the viewers call the process; the program's name when empty
     explicit TraceWriter(const std::filesystem::path &file, const std::wstring &processName = {});
 

@@ -318,20 +318,32 @@ TEST(KernelThreads, everyWaypointReachesOneSinkWhileSinksAreSwapped)
 
 TEST(KernelThreads, aSinkSetBesideASwitchOffIsEitherOnOrGone)
 {
-    for (int round = 0; round < 2000; ++round) {
-        int calls = 0;
-        const auto held = std::make_shared<int>(1);
-        Kernel kernel;
-        runOnThreads(2, [&](int i) {
-            if (i == 0)
-                kernel.setWaypointSink({});
-            else
-                kernel.setWaypointSink([&calls, held](const std::wstring &) { ++calls; });
-        });
-        const bool isSet = held.use_count() == 2;
-        kernel.ProfilerWaypoint(L"a");
-        ASSERT_EQ(calls, isSet ? 1 : 0);
-    }
+    constexpr int rounds = 10000;
+    int calls = 0;
+    const auto held = std::make_shared<int>(1);
+    const Kernel::WaypointSink counting = [&calls, held](const std::wstring &) { ++calls; };
+    const long idleCount = held.use_count();
+    Kernel kernel;
+    std::atomic<int> arrived {0};
+    const auto meet = [&arrived](int count) {
+        ++arrived;
+        while (arrived < count)
+            std::this_thread::yield();
+    };
+    runOnThreads(2, [&](int i) {
+        for (int round = 0; round < rounds; ++round) {
+            Kernel::WaypointSink sink = i == 0 ? Kernel::WaypointSink() : counting;
+            meet(6 * round + 2);
+            kernel.setWaypointSink(std::move(sink));
+            meet(6 * round + 4);
+            if (i == 0) {
+                calls = 0;
+                kernel.ProfilerWaypoint(L"a");
+                EXPECT_EQ(calls, held.use_count() > idleCount ? 1 : 0);
+            }
+            meet(6 * round + 6);
+        }
+    });
 }
 
 TEST(KernelThreads, waypointsSwapsAndSwitchOffsGoTogether)
