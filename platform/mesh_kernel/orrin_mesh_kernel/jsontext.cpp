@@ -4,6 +4,7 @@
 #include "orrin_mesh_kernel/jsontext_p.h"
 
 #include <cstdint>
+#include <type_traits>
 
 namespace Orrin::Core::Internal {
 namespace {
@@ -20,13 +21,19 @@ constexpr bool isLowSurrogate(std::uint32_t unit)
     return unit >= 0xDC00 && unit <= 0xDFFF;
 }
 
+// wchar_t has 16 or 32 bits, with or without a sign.
+constexpr std::uint32_t codeUnit(wchar_t c)
+{
+    return static_cast<std::make_unsigned_t<wchar_t>>(c);
+}
+
 /// Takes one character off the front of @p text, which is not empty.
 std::uint32_t takeCodePoint(std::wstring_view &text)
 {
-    const auto unit = static_cast<std::uint32_t>(text.front());
+    const std::uint32_t unit = codeUnit(text.front());
     text.remove_prefix(1);
     if (isHighSurrogate(unit) && !text.empty()) {
-        const auto next = static_cast<std::uint32_t>(text.front());
+        const std::uint32_t next = codeUnit(text.front());
         if (isLowSurrogate(next)) {
             text.remove_prefix(1);
             return 0x10000 + ((unit - 0xD800) << 10) + (next - 0xDC00);

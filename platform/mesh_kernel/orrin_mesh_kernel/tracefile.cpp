@@ -8,7 +8,7 @@
 namespace Orrin::Core::Internal {
 namespace {
 
-constexpr std::size_t bufferSize = 64 * 1024;
+constexpr std::size_t bufferSize = std::size_t {64} * 1024;
 constexpr std::string_view head = "{\"displayTimeUnit\":\"ms\",\"traceEvents\":[\n";
 constexpr std::string_view separator = ",\n";
 constexpr std::string_view tail = "\n]}\n";

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <cstddef>
 #include <filesystem>
 #include <fstream>
 #include <initializer_list>
@@ -20,7 +21,7 @@ class TraceFile
 {
 public:
     /// The longest event that append() takes, in bytes.
-    static constexpr std::size_t maxEventSize = 60 * 1024;
+    static constexpr std::size_t maxEventSize = std::size_t {60} * 1024;
 
     /// Creates or overwrites @p path, a regular file, with a trace that holds @p firstEvent. Memory
     /// is taken here only; no other operation allocates.
