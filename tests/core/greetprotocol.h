@@ -17,11 +17,18 @@ class GreetProtocol
 {
 public:
     virtual ~GreetProtocol() = default;
-    virtual void greeted(QString name) { Q_UNUSED(name) }
+    virtual void greeted(QString name)
+    {
+        Q_UNUSED(name)
+        ++unheard;
+    }
     virtual void greetedByReference(const QString &name) { Q_UNUSED(name) }
     virtual void left() { }
     virtual int count(int factor) { return factor; }
     virtual bool mayLeave() { return true; }
+
+    /// Greetings that no derived class took, as one that is destroyed already does not.
+    inline static int unheard = 0;
 };
 
 /// Writes down what it hears in a journal that several observers share.

@@ -474,8 +474,10 @@ TEST_F(Broadcaster, aQObjectInItsBaseDestructorIsNotCalled)
     auto dying = std::make_unique<Dying>(journal, &parent);
     greeter.addObserver(dying.get());
     greet();
+    GreetProtocol::unheard = 0;
     dying.reset();
     EXPECT_THAT(journal, IsEmpty());
+    EXPECT_EQ(GreetProtocol::unheard, 0);
 }
 
 TEST_F(Broadcaster, aQObjectMayRegisterInItsConstructor)

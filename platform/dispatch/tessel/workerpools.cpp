@@ -125,10 +125,9 @@ void WorkerPools::close()
         if (pool)
             pool->clear();
     }
-    for (const auto &pool : pools) {
-        if (pool)
-            pool->waitForDone();
-    }
+    // A pool waits for its running work when it ends.
+    for (auto &pool : pools)
+        pool.reset();
     takeOver(&doneWork);
 }
 

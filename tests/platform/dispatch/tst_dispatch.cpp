@@ -192,6 +192,22 @@ TEST_F(Dispatch, aBurstWakesTheEventLoopOnce)
     EXPECT_EQ(counter.count, 1);
 }
 
+TEST_F(Dispatch, workPostedByWorkLetsTheEventLoopGoFirst)
+{
+    std::vector<int> order;
+    QObject receiver;
+    dispatchAsync(
+        [&] {
+            order.push_back(0);
+            dispatchAsync([&] { order.push_back(2); }, EQualityOfService::Main);
+        },
+        EQualityOfService::Main);
+    QMetaObject::invokeMethod(
+        &receiver, [&] { order.push_back(1); }, Qt::QueuedConnection);
+    ASSERT_TRUE(runLoopUntil([&] { return order.size() == 3; }));
+    EXPECT_THAT(order, ElementsAre(0, 1, 2));
+}
+
 TEST_F(Dispatch, nothingIsLeftToWakeTheLoopAfterABurst)
 {
     int ran = 0;
