@@ -17,8 +17,9 @@ QtMessageHandler previous = nullptr;
 
 bool isPlatformNoise(const QString &text)
 {
-    // The offscreen platform says these two of its own and no other.
+    // The offscreen platform says these of its own and no other.
     return text.startsWith(QLatin1String("This plugin does not support raise()"))
+        || text.startsWith(QLatin1String("This plugin does not support propagateSizeHints()"))
         || text.startsWith(QLatin1String("This plugin does not support grabbing the keyboard"));
 }
 
