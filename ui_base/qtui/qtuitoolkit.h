@@ -1,0 +1,91 @@
+// SPDX-FileCopyrightText: 2026 The lumo_ui_base authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "ui_base/qtui/icontype.h"
+#include "ui_base/uibaseexport.h"
+
+#include <QAction>
+#include <QIcon>
+#include <QKeySequence>
+#include <QList>
+#include <QString>
+
+#include <memory>
+
+class QWidget;
+
+namespace Vela::UiBase {
+
+class IIconProvider;
+class QtUiToolkitPrivate;
+
+/// The factory of the Qt objects that the library and its hosts share a look for: icons by name and
+/// actions with such icons. Where icons come from is up to its icon provider.
+///
+/// There is one per process. Main thread only.
+class LUMO_UI_BASE_EXPORT QtUiToolkit
+{
+public:
+    virtual ~QtUiToolkit();
+
+    /// The one instance, made on first use with a DefaultIconProvider; it needs no application
+    /// object. It ends with the process, among the objects of static storage. Whoever asks later
+    /// than that gets a stand-in with a default provider, so the call is always safe.
+    static QtUiToolkit &Instance();
+
+    /// The instance, made on first use; null once it has ended. For destructors that may run at the
+    /// end of the process.
+    static QtUiToolkit *InstanceIfAlive();
+
+    /// Replaces the icon provider and deletes the old one. Null is ignored.
+    /// @param provider is owned from now on
+    virtual void IconProvider(IIconProvider *provider);
+
+    /// The provider in use, owned by the toolkit; never null.
+    virtual IIconProvider *IconProvider() const;
+
+    /// Asks the provider for the icon @p name; see IIconProvider::CreateIcon().
+    virtual QIcon CreateIcon(const QString &name, QAction *action, EIconType type,
+                             const QSize &size) const;
+
+    /// Asks the provider for the icon @p name from bitmaps in their own size.
+    virtual QIcon CreateIcon(const QString &name) const;
+
+    /// Has the provider give @p action its icon in the logical size @p size; null is ignored.
+    virtual void UpdateIconSize(QAction *action, const QSize &size);
+
+    /// Has the provider make @p icon again in the logical size @p size.
+    virtual QIcon UpdateIconSize(const QIcon &icon, const QSize &size);
+
+    /// Makes an action.
+    /// @param iconName name for CreateIcon(); empty for an action without an icon
+    /// @param text the action's text
+    /// @param parent owns the action; with null the caller does
+    /// @param shortcut is set unless it is empty
+    /// @param receiver whose slot triggered() is connected to; null connects nothing
+    /// @param slot the slot as SLOT() writes it; null connects nothing
+    /// @param role where a platform with a menu of its own puts the action
+    virtual QAction *CreateAction(const QString &iconName, const QString &text, QObject *parent,
+                                  const QKeySequence &shortcut = {}, QObject *receiver = nullptr,
+                                  const char *slot = nullptr,
+                                  QAction::MenuRole role = QAction::TextHeuristicRole) const;
+
+    /// Enables or disables every action of @p actions whose text is exactly @p text. Null entries
+    /// are passed over, and so is an action that dies while others change.
+    virtual void EnableAction(QList<QAction *> actions, const QString &text, bool enable);
+
+    /// Returns the first action of @p widget whose text is exactly @p text, or null when there is
+    /// none, @p widget is null or @p text is empty.
+    QAction *FindAction(const QWidget *widget, const QString &text) const;
+
+protected:
+    QtUiToolkit();
+
+private:
+    const std::unique_ptr<QtUiToolkitPrivate> d;
+    Q_DISABLE_COPY(QtUiToolkit)
+};
+
+} // namespace Vela::UiBase
