@@ -7,6 +7,7 @@
 #include "ui_base/command/commandcontext.h"
 #include "ui_base/command/commandlinks_p.h"
 #include "ui_base/command/waypointtexts_p.h"
+#include "ui_base/qtui/qtuitoolkit.h"
 
 #include <lumo_app_service/ApplicationService>
 #include <lumo_common_res/String>
@@ -222,6 +223,11 @@ void CommandBase::setCommandState(const CommandState &state)
 void CommandBase::saveCommandState() { }
 
 void CommandBase::restoreCommandState() { }
+
+void CommandBase::updateIconSize(const QSize &size)
+{
+    QtUiToolkit::Instance().UpdateIconSize(this, size);
+}
 
 void CommandBase::setViewController(CmdsViewController *viewController)
 {

@@ -19,6 +19,7 @@
 #include <memory>
 #include <type_traits>
 
+class QSize;
 class QWidget;
 
 /// Gives a concrete command class its id: a static className() with the name of the class, its
@@ -118,6 +119,10 @@ public:
     virtual void saveCommandState();
     /// Called when the states of all commands are to be put back. Nothing by default.
     virtual void restoreCommandState();
+
+    /// Brings the action's icon to the logical size @p size; see QtUiToolkit::UpdateIconSize(). An
+    /// icon that the toolkit did not make for this action stays as it is.
+    void updateIconSize(const QSize &size);
 
     /// Sets the controller that the command works for, not owned; null is none. Does not move the
     /// action from view to view.

@@ -15,6 +15,7 @@
 #include <QMetaMethod>
 #include <QSemaphore>
 #include <QSignalSpy>
+#include <QTemporaryDir>
 
 #include <atomic>
 
@@ -127,6 +128,9 @@ private Q_SLOTS:
     void announcementSignalComesBeforeTheRun();
     void commandCanLeaveItsLastOwnerInItsWork();
     void commandCanLeaveItsLastOwnerInItsSignal();
+
+    void iconOfTheToolkitTakesTheSize();
+    void iconOfOthersKeepsItsSize();
 
     void actionStandsOnTheWidgetOfTheView();
     void viewIsReachedThroughTheController();
@@ -523,6 +527,30 @@ void TestCommandBase::commandCanLeaveItsLastOwnerInItsSignal()
     command->trigger();
     QCOMPARE(log.events().size(), 4);
     QCOMPARE(log.take().last(), QStringLiteral("dead"));
+}
+
+void TestCommandBase::iconOfTheToolkitTakesTheSize()
+{
+    const auto command = makeCommand();
+    QPixmap drawn(20, 20);
+    drawn.fill(Qt::red);
+    QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("cut_normal.png"));
+    QVERIFY(drawn.save(path));
+    command->setProperty("icon_type", 0);
+    command->setProperty("icon_normal_resource", path);
+    command->updateIconSize(QSize(32, 32));
+    QCOMPARE(command->icon().actualSize(QSize(300, 300)), QSize(32, 32));
+}
+
+void TestCommandBase::iconOfOthersKeepsItsSize()
+{
+    const auto command = makeCommand();
+    QPixmap drawn(20, 20);
+    drawn.fill(Qt::red);
+    command->setIcon(drawn);
+    command->updateIconSize(QSize(32, 32));
+    QCOMPARE(command->icon().actualSize(QSize(300, 300)), QSize(20, 20));
 }
 
 void TestCommandBase::actionStandsOnTheWidgetOfTheView()
