@@ -53,14 +53,14 @@ endfunction()
 # lumo_add_library(<target> ALIAS <Name> PREFIX <include prefix> EXPORT_HEADER <prefix/file.h>
 #                  EXPORT_MACRO <MACRO> ROOT <include root> INSTALL_DIR <below the include folder>
 #                  SOURCES ... HEADERS ... PRIVATE_HEADERS ... FORWARD [prefix/]Name=path ...
-#                  [UMBRELLA <Name>] LINK ... LINK_PRIVATE ...)
+#                  [UMBRELLA <Name>] [PRECOMPILE <header> ...] LINK ... LINK_PRIVATE ...)
 #
 # A shared library with hidden symbols, a versioned soname, an export header, forwarding headers and
 # an export set of its own. Paths of HEADERS and PRIVATE_HEADERS are relative to ROOT, which is the
 # include folder of the build tree.
 function(lumo_add_library target)
     cmake_parse_arguments(L "" "ALIAS;PREFIX;EXPORT_HEADER;EXPORT_MACRO;ROOT;INSTALL_DIR;UMBRELLA"
-        "SOURCES;HEADERS;PRIVATE_HEADERS;FORWARD;LINK;LINK_PRIVATE" ${ARGN})
+        "SOURCES;HEADERS;PRIVATE_HEADERS;FORWARD;PRECOMPILE;LINK;LINK_PRIVATE" ${ARGN})
     set(generated "${PROJECT_BINARY_DIR}/generated/${target}")
     add_library(${target} SHARED ${L_SOURCES})
     add_library(Lumo::${L_ALIAS} ALIAS ${target})
@@ -78,6 +78,7 @@ function(lumo_add_library target)
     target_compile_definitions(${target} PRIVATE QT_NO_CAST_FROM_ASCII)
     target_link_libraries(${target} PUBLIC ${L_LINK}
         PRIVATE $<BUILD_INTERFACE:lumo_build_settings> ${L_LINK_PRIVATE})
+    target_precompile_headers(${target} PRIVATE ${L_PRECOMPILE})
     lumo_forward_headers(forwarding "${generated}" "${L_PREFIX}" "${L_ROOT}" "${L_UMBRELLA}"
         ${L_FORWARD})
     if(L_EXPORT_HEADER)
@@ -128,6 +129,14 @@ function(lumo_add_test name)
         target_link_libraries(${name} PRIVATE lumo_test_main_gtest)
     endif()
     target_link_libraries(${name} PRIVATE lumo_build_settings lumo_test_support ${T_LINK})
+    if(T_GTEST)
+        target_precompile_headers(${name} REUSE_FROM lumo_test_main_gtest)
+    else()
+        target_precompile_headers(${name} REUSE_FROM lumo_test_support)
+    endif()
+    # Nearly empty in a test: reading the precompiled header would be most of its cost.
+    set_source_files_properties("${CMAKE_CURRENT_BINARY_DIR}/${name}_autogen/mocs_compilation.cpp"
+        PROPERTIES SKIP_PRECOMPILE_HEADERS ON)
     if(T_DESKTOP)
         add_test(NAME ${name}
             COMMAND "${PROJECT_SOURCE_DIR}/scripts/virtual-desktop" $<TARGET_FILE:${name}>)

@@ -66,13 +66,28 @@ function(mode_subdirectory)
     endif()
 endfunction()
 
+# The program and the build file of the README are what a host starts from.
+function(mode_readme)
+    file(READ "${here}/../../README.md" text)
+    string(REGEX MATCH "```cpp\n([^`]*)```" found "${text}")
+    file(CONFIGURE OUTPUT "${build}/source/main.cpp" CONTENT "${CMAKE_MATCH_1}" @ONLY)
+    string(REGEX MATCH "```cmake\n([^`]*)```" found "${text}")
+    file(CONFIGURE OUTPUT "${build}/source/CMakeLists.txt" @ONLY CONTENT
+        "cmake_minimum_required(VERSION 3.25)\nproject(Readme LANGUAGES CXX)\n${CMAKE_MATCH_1}")
+    configure("${build}/source" -D CMAKE_PREFIX_PATH=${PREFIX})
+    build_target(all)
+endfunction()
+
 function(mode_pkgconfig)
     set(ENV{PKG_CONFIG_PATH} "${PREFIX}/${LIBDIR}/pkgconfig")
     run("pkg-config" pkg-config --cflags --libs lumo_ui_base)
     string(STRIP "${output}" flags)
     separate_arguments(flags UNIX_COMMAND "${flags}")
     file(MAKE_DIRECTORY "${build}")
-    run("Compiling" ${CXX} "${here}/host/main.cpp" -o "${build}/host" ${flags}
+    run("moc" pkg-config --variable=host_bins Qt5Core)
+    string(STRIP "${output}" qt_programs)
+    run("moc" "${qt_programs}/moc" "${here}/host/main.cpp" -o "${build}/main.moc")
+    run("Compiling" ${CXX} "${here}/host/main.cpp" -o "${build}/host" "-I${build}" ${flags}
         "-Wl,-rpath,${PREFIX}/${LIBDIR}")
     run("The host" "${build}/host")
 endfunction()

@@ -12,7 +12,31 @@
 #include <QWidget>
 
 #include <cstdio>
+#include <memory>
 #include <string>
+
+// Nothing but what a host writes: Q_OBJECT, the id, and the work.
+class CountCommand : public Vela::UiBase::CommandBase
+{
+    Q_OBJECT
+    COMMAND_ID
+
+public:
+    CountCommand()
+        : CommandBase(nullptr)
+    { }
+
+    bool onExecuteAsync(bool) override
+    {
+        ++m_runs;
+        return true;
+    }
+
+    int runs() const { return m_runs; }
+
+private:
+    int m_runs = 0;
+};
 
 static int failures = 0;
 
@@ -40,13 +64,26 @@ static void expectPlatform()
     expect(waypoint == L"host", "a waypoint");
 }
 
+static void expectCommand()
+{
+    const auto command = std::make_shared<CountCommand>();
+    command->trigger();
+    expect(command->runs() == 1, "the run of a command");
+    expect(command->commandId() == QStringLiteral("CountCommand"), "the id of a command");
+    const std::shared_ptr<Vela::UiBase::CommandBase> same = command->shared_from_this();
+    expect(same == command, "sharing a command");
+}
+
 int main(int argc, char *argv[])
 {
     QApplication application(argc, argv);
     expectPlatform();
+    expectCommand();
     QWidget window;
     window.show();
     application.processEvents();
     std::printf("host: %d failures\n", failures);
     return failures == 0 ? 0 : 1;
 }
+
+#include "main.moc"
