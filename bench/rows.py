@@ -1,0 +1,72 @@
+# SPDX-FileCopyrightText: 2026 The lumo_ui_base authors
+# SPDX-License-Identifier: MIT
+"""The rows of the table that run.py prints: what is measured, against what, and the goal."""
+
+from dataclasses import dataclass
+from typing import Optional
+
+
+@dataclass(frozen=True)
+class Measure:
+    """One number of one benchmark: `clock` names the field or the counter of its result."""
+
+    program: str
+    benchmark: str
+    clock: str
+    # Whether the process has a second thread, as applications do. Without one the C and C++
+    # libraries skip their atomic operations, which Qt does not.
+    threads: bool = False
+
+
+@dataclass(frozen=True)
+class Row:
+    """One line of the table.
+
+    `goal` is the largest ratio of ours to the peer that is good enough. A row with `goal_value`
+    asks for an absolute number of ours instead; a row with neither only reports.
+    """
+
+    name: str
+    against: str
+    peer: Measure
+    ours: Measure
+    limit: Optional[Measure] = None
+    goal: Optional[float] = None
+    goal_value: Optional[float] = None
+    unit: str = "ns"
+
+    def measures(self):
+        return [m for m in (self.peer, self.ours, self.limit) if m]
+
+
+def compare(program, clock, name, against, peer, ours, limit=None, threads=False, **more):
+    """A row whose numbers come out of one program by one clock."""
+    def measure(benchmark):
+        return Measure(program, benchmark, clock, threads) if benchmark else None
+    return Row(name, against, measure(peer), measure(ours), measure(limit), **more)
+
+
+# The thread that broadcasts, triggers or draws does all the work: its processor time is the cost,
+# and other programs on the machine disturb it little.
+ONE_THREAD = "cpu_time"
+# Several threads take part, or a thread sleeps: only the time on the wall tells.
+WALL = "real_time"
+
+
+def plural(count, noun):
+    return f"{count} {noun}{'' if count == 1 else 's'}"
+
+
+def dispatch_rows():
+    for threads, goal in ((1, 0.05), (4, 0.10)):
+        yield compare("bench_dispatch", WALL,
+                      f"post a closure to the main thread, {plural(threads, 'thread')}",
+                      "queued invokeMethod", f"postQt/{threads}", f"postTessel/{threads}",
+                      f"postBare/{threads}", goal=goal)
+    yield compare("bench_dispatch", "median_ns", "latency from post to run, loop asleep",
+                  "queued invokeMethod", "latencyQt", "latencyTessel", "latencyBare", goal=1.05)
+
+
+ROWS = [
+    *dispatch_rows(),
+]
