@@ -67,6 +67,34 @@ def dispatch_rows():
                   "queued invokeMethod", "latencyQt", "latencyTessel", "latencyBare", goal=1.05)
 
 
+def broadcast_row(name, against, channel, peer, count, goal, threads=False):
+    return compare("bench_broadcaster", ONE_THREAD, name, against, f"{channel}{peer}/{count}",
+                   f"{channel}Tessel/{count}", f"{channel}Bare/{count}", threads, goal=goal)
+
+
+def broadcast_rows():
+    counts = (1, 10, 1000)
+    for n, qt, boost in zip(counts, (1.5, 0.8, 0.7), (0.5, 0.2, 0.16)):
+        name = f"broadcast to {plural(n, 'direct observer')}"
+        yield broadcast_row(name, "Qt direct signal", "direct", "Qt", n, qt)
+        yield broadcast_row(name, "Boost.Signals2 tracked", "direct", "Boost", n, boost)
+    for n, queued in zip(counts, (0.12, 0.03, 0.02)):
+        name = f"broadcast to {plural(n, 'main-queue observer')}"
+        yield broadcast_row(name, "Qt queued signal", "queued", "Qt", n, queued)
+    for n in counts:
+        name = f"broadcast to {plural(n, 'direct observer')}, process with threads"
+        yield broadcast_row(name, "Qt direct signal", "direct", "Qt", n, None, threads=True)
+    for n in counts:
+        name = f"broadcast to {plural(n, 'main-queue observer')}, process with threads"
+        yield broadcast_row(name, "Qt queued signal", "queued", "Qt", n, None, threads=True)
+    for n in (1, 1000):
+        yield compare("bench_memory", "bytes",
+                      f"memory of a waiting broadcast, {plural(n, 'main-queue observer')}",
+                      "copied list", f"waitingCopy/{n}", f"waitingTessel/{n}",
+                      goal_value=128, unit="B")
+
+
 ROWS = [
     *dispatch_rows(),
+    *broadcast_rows(),
 ]
