@@ -94,7 +94,15 @@ def broadcast_rows():
                       goal_value=128, unit="B")
 
 
+def command_rows():
+    for verb, what, goal in (("trigger", "trigger of a command, 1 direct observer", 3.5),
+                             ("toggle", "toggle of a checkable command, 1 direct observer", 3)):
+        yield compare("bench_commandbase", ONE_THREAD, what, f"QAction::{verb}", f"{verb}Qt",
+                      f"{verb}Command", f"{verb}Bare", goal=goal)
+
+
 ROWS = [
     *dispatch_rows(),
     *broadcast_rows(),
+    *command_rows(),
 ]
