@@ -12,6 +12,7 @@ import subprocess
 import sys
 from pathlib import Path
 
+import gate
 from rows import ROWS
 
 NANOSECONDS = {"ns": 1, "us": 1e3, "ms": 1e6, "s": 1e9}
@@ -176,16 +177,22 @@ def parse(arguments):
     parser.add_argument("--build", type=Path, default=Path("build/release"),
                         help="build tree of the preset `release`")
     parser.add_argument("--filter", default="", metavar="R",
-                        help="only rows whose name matches this expression")
+                        help="only rows, or scenarios of the gate, whose name matches")
     parser.add_argument("--rounds", type=int, default=9, help="how often each number is taken")
     parser.add_argument("--min-time", type=float, default=0.03, metavar="S",
                         help="seconds that one benchmark runs per round")
     parser.add_argument("--json", type=Path, metavar="FILE", help="write the table's numbers there")
+    parser.add_argument("--gate", action="store_true",
+                        help="compare instruction counts with the recorded ones instead")
+    parser.add_argument("--record", action="store_true",
+                        help="record the instruction counts instead of comparing them")
     return parser.parse_args(arguments)
 
 
 def main():
     options = parse(sys.argv[1:])
+    if options.gate or options.record:
+        return gate.run(options.build, options.filter, options.record, options.json)
     return measure_rows(options)
 
 

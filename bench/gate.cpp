@@ -1,0 +1,286 @@
+// SPDX-FileCopyrightText: 2026 The lumo_ui_base authors
+// SPDX-License-Identifier: MIT
+//
+// Fixed scenarios for counting instructions. `gate <scenario>` prepares the scenario, runs it a few
+// times so that everything lazy is done, and then repeats it within lumo_gate_measured(), the one
+// function that callgrind counts; it prints the number of repetitions.
+
+#include "core/broadcaster.h"
+#include "ui_base/command/commandbase.h"
+#include "ui_base/command/commandcontext.h"
+
+#include "support/mainqueue.h"
+#include "support/protocol.h"
+#include "support/worker.h"
+
+#include <tessel/dispatch.h>
+
+#include <QApplication>
+
+#include <gnu/libc-version.h>
+
+#include <cstdio>
+#include <cstring>
+#include <functional>
+
+using namespace Lumo::Bench;
+using namespace Vela::UiBase;
+
+namespace {
+
+using Repetition = std::function<void()>;
+
+/// A pass of the main queue ends by the clock, so what runs in one has to be short on the slow
+/// simulated processor, and one more pass has to cost next to nothing.
+constexpr int burst = 20;
+
+/// Runs the main queue until it is empty, by its events alone: the turns of an event loop would
+/// outweigh what is counted, and their number is left to chance.
+void deliver()
+{
+    bool reached = false;
+    Tessel::dispatchAsync([&reached] { reached = true; }, Tessel::EQualityOfService::Main);
+    while (!reached)
+        QCoreApplication::sendPostedEvents();
+}
+
+struct Scenario
+{
+    const char *name;
+    int repetitions;
+    std::function<Repetition()> prepare;
+};
+
+class QObjectObserver : public QObject, public SubjectProtocol
+{
+public:
+    using QObject::QObject;
+};
+
+/// A broadcaster with what it sends and who hears it.
+struct Audience
+{
+    Subject subject;
+    Tessel::Broadcaster<SubjectProtocol> broadcaster;
+    CountingObservers observers;
+    QObject parent;
+
+    void add(int count, bool onMainQueue)
+    {
+        observers = makeObservers(count);
+        for (const auto &observer : observers)
+            broadcaster.addObserver(observer, onMainQueue);
+    }
+
+    void addQObjects(int count)
+    {
+        for (int i = 0; i < count; ++i)
+            broadcaster.addObserver(new QObjectObserver(&parent));
+    }
+
+    void broadcastBurst()
+    {
+        for (int i = 0; i < burst; ++i)
+            broadcaster.broadcast(&SubjectProtocol::changed, &subject, true);
+        deliver();
+    }
+
+    void broadcastOnce()
+    {
+        broadcaster.broadcast(&SubjectProtocol::changed, &subject, true);
+        deliver();
+    }
+};
+
+Repetition postClosures()
+{
+    return [] {
+        for (int i = 0; i < burst; ++i)
+            Tessel::dispatchAsync([] {}, Tessel::EQualityOfService::Main);
+        deliver();
+    };
+}
+
+Repetition broadcastTo(int observers, bool onMainQueue)
+{
+    const auto audience = std::make_shared<Audience>();
+    audience->add(observers, onMainQueue);
+    return [audience] { audience->broadcastBurst(); };
+}
+
+Repetition broadcastOnceTo(int observers, bool onMainQueue)
+{
+    const auto audience = std::make_shared<Audience>();
+    audience->add(observers, onMainQueue);
+    return [audience] { audience->broadcastOnce(); };
+}
+
+Repetition broadcastToQObjects()
+{
+    const auto audience = std::make_shared<Audience>();
+    audience->addQObjects(10);
+    return [audience] { audience->broadcastBurst(); };
+}
+
+Repetition registerObservers()
+{
+    const auto observers = makeObservers(100);
+    return [observers] {
+        Tessel::Broadcaster<SubjectProtocol> broadcaster;
+        for (const auto &observer : observers)
+            broadcaster.addObserver(observer, false);
+        for (const auto &observer : observers)
+            broadcaster.removeObserver(observer);
+    };
+}
+
+class IdleCommand : public CommandBase
+{
+    Q_OBJECT
+    COMMAND_ID
+
+public:
+    IdleCommand()
+        : CommandBase(nullptr)
+    { }
+    bool onExecuteAsync(bool) override { return true; }
+};
+
+class IdleStateObserver : public CommandStateProtocol
+{ };
+
+/// A command with one direct observer.
+struct ObservedCommand
+{
+    std::shared_ptr<IdleCommand> command = std::make_shared<IdleCommand>();
+    std::shared_ptr<IdleStateObserver> observer = std::make_shared<IdleStateObserver>();
+
+    explicit ObservedCommand(bool checkable)
+    {
+        command->setCheckable(checkable);
+        command->addObserver(observer, false);
+    }
+};
+
+Repetition triggerCommand()
+{
+    return [observed = ObservedCommand(false)] {
+        for (int i = 0; i < burst; ++i)
+            observed.command->trigger();
+        deliver();
+    };
+}
+
+Repetition toggleCommand()
+{
+    return [observed = ObservedCommand(true)] {
+        for (int i = 0; i < burst; ++i)
+            observed.command->toggle();
+        deliver();
+    };
+}
+
+Repetition makeCommands()
+{
+    return [] {
+        for (int i = 0; i < burst; ++i)
+            std::make_shared<IdleCommand>();
+    };
+}
+
+Repetition setCommandStates()
+{
+    return [command = std::make_shared<IdleCommand>()] {
+        for (int i = 0; i < burst; ++i)
+            command->setCommandState({i % 2 == 0, State::Keep});
+    };
+}
+
+CommandContext contextOf(int first, int count)
+{
+    CommandContext context;
+    for (int i = first; i < first + count; ++i)
+        context[QStringLiteral("Command%1").arg(i)] = {State::On, State::Keep};
+    return context;
+}
+
+Repetition mergeContexts()
+{
+    return [left = contextOf(0, 100), right = contextOf(50, 100)] {
+        CommandContext merged = left | right;
+        merged &= !left;
+    };
+}
+
+const Scenario scenarios[] = {
+    {"post-closures", 500, postClosures},
+    {"broadcast-direct-1", 500, [] { return broadcastTo(1, false); }},
+    {"broadcast-direct-10", 300, [] { return broadcastTo(10, false); }},
+    {"broadcast-direct-1000", 50, [] { return broadcastOnceTo(1000, false); }},
+    {"broadcast-queued-1", 500, [] { return broadcastTo(1, true); }},
+    {"broadcast-queued-10", 300, [] { return broadcastTo(10, true); }},
+    {"broadcast-queued-1000", 50, [] { return broadcastOnceTo(1000, true); }},
+    {"broadcast-qobjects-10", 300, broadcastToQObjects},
+    {"register-observers-100", 20, registerObservers},
+    {"command-trigger", 300, triggerCommand},
+    {"command-toggle", 300, toggleCommand},
+    {"command-make", 50, makeCommands},
+    {"command-state", 300, setCommandStates},
+    {"context-merge", 50, mergeContexts},
+};
+
+int printAbout()
+{
+    std::printf("compiler=%s\nlibc=%s\nqt=%s\n", __VERSION__, gnu_get_libc_version(), qVersion());
+#ifdef __OPTIMIZE__
+    std::printf("build=optimised\n");
+#else
+    std::printf("build=not optimised\n");
+#endif
+    return 0;
+}
+
+int printNames()
+{
+    for (const Scenario &scenario : scenarios)
+        std::printf("%s\n", scenario.name);
+    return 0;
+}
+
+} // namespace
+
+extern "C" [[gnu::noinline, gnu::used]] void lumo_gate_measured(const Repetition &repeat, int times)
+{
+    for (int i = 0; i < times; ++i)
+        repeat();
+}
+
+static int run(const Scenario &scenario)
+{
+    // With a second thread the libraries take the atomic paths that they take in applications.
+    const Worker secondThread;
+    const Repetition repeat = scenario.prepare();
+    for (int i = 0; i < 3; ++i)
+        repeat();
+    lumo_gate_measured(repeat, scenario.repetitions);
+    std::printf("%d\n", scenario.repetitions);
+    return 0;
+}
+
+int main(int argc, char **argv)
+{
+    const char *const name = argc == 2 ? argv[1] : "";
+    if (!std::strcmp(name, "--about"))
+        return printAbout();
+    if (!std::strcmp(name, "--list"))
+        return printNames();
+    const QApplication app(argc, argv);
+    for (const Scenario &scenario : scenarios) {
+        if (!std::strcmp(name, scenario.name))
+            return run(scenario);
+    }
+    std::fprintf(stderr, "usage: gate --about | --list | <scenario>\n");
+    return 2;
+}
+
+#include "gate.moc"
