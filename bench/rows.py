@@ -2,6 +2,7 @@
 # SPDX-License-Identifier: MIT
 """The rows of the table that run.py prints: what is measured, against what, and the goal."""
 
+import math
 from dataclasses import dataclass
 from typing import Optional
 
@@ -23,7 +24,8 @@ class Row:
     """One line of the table.
 
     `goal` is the largest ratio of ours to the peer that is good enough. A row with `goal_value`
-    asks for an absolute number of ours instead; a row with neither only reports.
+    asks for an absolute number of ours instead; a row with neither only reports. With `growth`,
+    ours is the peer with so many times as much to do, and the ratio is the exponent of its growth.
     """
 
     name: str
@@ -33,7 +35,11 @@ class Row:
     limit: Optional[Measure] = None
     goal: Optional[float] = None
     goal_value: Optional[float] = None
+    growth: Optional[float] = None
     unit: str = "ns"
+
+    def ratio(self, peer, ours):
+        return math.log(ours / peer, self.growth) if self.growth else ours / peer
 
     def measures(self):
         return [m for m in (self.peer, self.ours, self.limit) if m]
@@ -101,8 +107,22 @@ def command_rows():
                       f"{verb}Command", f"{verb}Bare", goal=goal)
 
 
+def manager_rows():
+    def row(name, against, peer, ours, **more):
+        return compare("bench_cmdmgr", ONE_THREAD, name, against, peer, ours, **more)
+    kinds = (("Same", "a context that changes nothing"), ("", "a context that changes all"))
+    for kind, what in kinds:
+        yield row(f"apply {what} to 1000 commands", "look-up and setEnabled",
+                  f"apply{kind}Qt/1000", f"apply{kind}Manager/1000", goal=2)
+    yield row("growth of that, as exponent", "250 commands", "applyManager/250",
+              "applyManager/1000", goal=1.1, growth=4)
+    yield row("snapshot of 1000 commands", "look-up and setEnabled", "applySameQt/1000",
+              "snapshot/1000", goal=2)
+
+
 ROWS = [
     *dispatch_rows(),
     *broadcast_rows(),
     *command_rows(),
+    *manager_rows(),
 ]

@@ -90,7 +90,7 @@ def evaluate(row, samples, failures):
     if failed:
         return {**outcome, "holds": None}
     peer, ours = samples[row.peer], samples[row.ours]
-    ratios = [o / p for o, p in zip(ours, peer)]
+    ratios = [row.ratio(p, o) for o, p in zip(ours, peer)]
     outcome.update(peer=statistics.median(peer), ours=statistics.median(ours),
                    limit=statistics.median(samples[row.limit]) if row.limit else None,
                    ratio=statistics.median(ratios), ratio_low=min(ratios), ratio_high=max(ratios))
