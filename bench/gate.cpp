@@ -6,6 +6,7 @@
 // function that callgrind counts; it prints the number of repetitions.
 
 #include "core/broadcaster.h"
+#include "ui_base/command/cmdmgr.h"
 #include "ui_base/command/commandbase.h"
 #include "ui_base/command/commandcontext.h"
 
@@ -22,6 +23,7 @@
 #include <cstdio>
 #include <cstring>
 #include <functional>
+#include <memory>
 
 using namespace Lumo::Bench;
 using namespace Vela::UiBase;
@@ -134,16 +136,22 @@ Repetition registerObservers()
     };
 }
 
+/// The id is the object's, not the class's, so that one class serves for many commands.
 class IdleCommand : public CommandBase
 {
     Q_OBJECT
-    COMMAND_ID
 
 public:
-    IdleCommand()
+    explicit IdleCommand(const QString &id = QStringLiteral("Command"))
         : CommandBase(nullptr)
+        , m_id(id)
     { }
+
+    const QString commandId() const override { return m_id; }
     bool onExecuteAsync(bool) override { return true; }
+
+private:
+    QString m_id;
 };
 
 class IdleStateObserver : public CommandStateProtocol
@@ -212,6 +220,27 @@ Repetition mergeContexts()
     };
 }
 
+std::shared_ptr<CmdMgr> managerOf(int commands)
+{
+    const auto manager = std::make_shared<CmdMgr>();
+    for (int i = 0; i < commands; ++i)
+        manager->addCommand(new IdleCommand(QStringLiteral("Command%1").arg(i)));
+    return manager;
+}
+
+Repetition applyContext()
+{
+    return [manager = managerOf(100), disabled = contextOf(0, 100)] {
+        manager->setContext(disabled);
+        deliver();
+    };
+}
+
+Repetition readContext()
+{
+    return [manager = managerOf(100)] { manager->currentContext(nullptr); };
+}
+
 const Scenario scenarios[] = {
     {"post-closures", 500, postClosures},
     {"broadcast-direct-1", 500, [] { return broadcastTo(1, false); }},
@@ -227,6 +256,8 @@ const Scenario scenarios[] = {
     {"command-make", 50, makeCommands},
     {"command-state", 300, setCommandStates},
     {"context-merge", 50, mergeContexts},
+    {"context-apply-100", 20, applyContext},
+    {"context-read-100", 50, readContext},
 };
 
 int printAbout()
