@@ -98,10 +98,11 @@ def evaluate(row, samples, failures):
 
 
 def holds(row, outcome):
+    """Compares to the three digits that the table shows."""
     if row.goal_value is not None:
-        return outcome["ours"] <= row.goal_value
+        return float(f"{outcome['ours']:.3g}") <= row.goal_value
     if row.goal is not None:
-        return outcome["ratio"] <= row.goal
+        return float(f"{outcome['ratio']:.3g}") <= row.goal
     return None
 
 
