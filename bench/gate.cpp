@@ -9,6 +9,7 @@
 #include "ui_base/command/cmdmgr.h"
 #include "ui_base/command/commandbase.h"
 #include "ui_base/command/commandcontext.h"
+#include "ui_base/qtui/qtuitoolkit.h"
 
 #include "support/mainqueue.h"
 #include "support/protocol.h"
@@ -241,6 +242,25 @@ Repetition readContext()
     return [manager = managerOf(100)] { manager->currentContext(nullptr); };
 }
 
+Repetition makeBitmapIcon()
+{
+    return [action = std::make_shared<QAction>()] {
+        QtUiToolkit::Instance().CreateIcon(QStringLiteral("cmd_open"), action.get(),
+                                           EIconType::IconPng, QSize());
+    };
+}
+
+Repetition resizeDrawnIcon()
+{
+    const auto action = std::make_shared<QAction>();
+    action->setIcon(QtUiToolkit::Instance().CreateIcon(QStringLiteral("cmd_open"), action.get(),
+                                                       EIconType::IconSvg, QSize(20, 20)));
+    return [action] {
+        for (const int side : {28, 20})
+            QtUiToolkit::Instance().UpdateIconSize(action.get(), QSize(side, side));
+    };
+}
+
 const Scenario scenarios[] = {
     {"post-closures", 500, postClosures},
     {"broadcast-direct-1", 500, [] { return broadcastTo(1, false); }},
@@ -258,6 +278,8 @@ const Scenario scenarios[] = {
     {"context-merge", 50, mergeContexts},
     {"context-apply-100", 20, applyContext},
     {"context-read-100", 50, readContext},
+    {"icon-make-bitmap", 100, makeBitmapIcon},
+    {"icon-resize-drawing", 50, resizeDrawnIcon},
 };
 
 int printAbout()
