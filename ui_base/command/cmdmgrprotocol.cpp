@@ -5,13 +5,7 @@
 
 namespace Vela::UiBase {
 
-CmdMgrProtocol::CmdMgrProtocol() = default;
-CmdMgrProtocol::CmdMgrProtocol(const CmdMgrProtocol &) noexcept = default;
-CmdMgrProtocol::CmdMgrProtocol(CmdMgrProtocol &&) noexcept = default;
 CmdMgrProtocol::~CmdMgrProtocol() = default;
-
-CmdMgrProtocol &CmdMgrProtocol::operator=(const CmdMgrProtocol &) noexcept = default;
-CmdMgrProtocol &CmdMgrProtocol::operator=(CmdMgrProtocol &&) noexcept = default;
 
 void CmdMgrProtocol::commandAdded(CmdMgr *, CommandBase *) { }
 void CmdMgrProtocol::commandRemoved(CmdMgr *, QString) { }

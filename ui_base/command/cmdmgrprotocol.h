@@ -19,13 +19,13 @@ class CommandBase;
 class LUMO_UI_BASE_EXPORT CmdMgrProtocol
 {
 public:
-    CmdMgrProtocol();
-    CmdMgrProtocol(const CmdMgrProtocol &other) noexcept;
-    CmdMgrProtocol(CmdMgrProtocol &&other) noexcept;
+    CmdMgrProtocol() = default;
+    CmdMgrProtocol(const CmdMgrProtocol &other) = default;
+    CmdMgrProtocol(CmdMgrProtocol &&other) = default;
     virtual ~CmdMgrProtocol();
 
-    CmdMgrProtocol &operator=(const CmdMgrProtocol &other) noexcept;
-    CmdMgrProtocol &operator=(CmdMgrProtocol &&other) noexcept;
+    CmdMgrProtocol &operator=(const CmdMgrProtocol &other) = default;
+    CmdMgrProtocol &operator=(CmdMgrProtocol &&other) = default;
 
     /// @p command is held by @p manager now; null when the manager refused what it was handed.
     virtual void commandAdded(CmdMgr *manager, CommandBase *command);

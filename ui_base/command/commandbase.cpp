@@ -37,6 +37,7 @@ struct BackgroundRun
 {
     CommandBase *command;
     std::shared_ptr<Tessel::SharedObjectInternal> owner;
+    const WaypointTexts *texts;
     bool checked;
     bool pushedContext;
 };
@@ -55,10 +56,10 @@ public:
 
     void setController(CmdsViewController *controller);
     const WaypointTexts &waypointTexts();
-    void announceBegin(bool checked);
-    void announceEnd(bool checked);
-    bool runInPlace(bool checked);
-    bool runInBackground(bool checked, std::shared_ptr<Tessel::SharedObjectInternal> owner);
+    void announceBegin(const WaypointTexts &texts, bool checked);
+    void announceEnd(const WaypointTexts &texts, bool checked);
+    bool runInPlace(const WaypointTexts &texts, bool checked);
+    bool runInBackground(BackgroundRun run);
     bool pushExecutionContext();
 
     static bool differs(bool fact, const State &wanted)
@@ -80,7 +81,7 @@ public:
     Tessel::EQualityOfService executionQoS = Tessel::EQualityOfService::Main;
     bool executionNotificationEnabled = false;
     QVector<QString> executionNotificationMessages;
-    std::atomic<const WaypointTexts *> texts {nullptr};
+    std::atomic<const WaypointTexts *> knownTexts {nullptr};
 };
 
 void CommandBaseImpl::setController(CmdsViewController *controller)
@@ -92,40 +93,38 @@ void CommandBaseImpl::setController(CmdsViewController *controller)
 const WaypointTexts &CommandBaseImpl::waypointTexts()
 {
     const char *const className = q->metaObject()->className();
-    const WaypointTexts *known = texts.load(std::memory_order_acquire);
+    const WaypointTexts *known = knownTexts.load(std::memory_order_acquire);
     if (!known || !known->isOfClass(className)) {
         known = &WaypointTexts::ofClass(className);
-        texts.store(known, std::memory_order_release);
+        knownTexts.store(known, std::memory_order_release);
     }
     return *known;
 }
 
-void CommandBaseImpl::announceBegin(bool checked)
+void CommandBaseImpl::announceBegin(const WaypointTexts &texts, bool checked)
 {
-    writeWaypoint(waypointTexts().begin(checked));
+    writeWaypoint(texts.begin(checked));
     q->broadcast(&CommandStateProtocol::commandBeganExecuting, q, checked);
 }
 
-void CommandBaseImpl::announceEnd(bool checked)
+void CommandBaseImpl::announceEnd(const WaypointTexts &texts, bool checked)
 {
-    writeWaypoint(waypointTexts().end(checked));
+    writeWaypoint(texts.end(checked));
     q->broadcast(&CommandStateProtocol::commandEndedExecuting, q, checked);
 }
 
-bool CommandBaseImpl::runInPlace(bool checked)
+bool CommandBaseImpl::runInPlace(const WaypointTexts &texts, bool checked)
 {
     const bool result = q->onExecuteAsync(checked);
-    announceEnd(checked);
+    announceEnd(texts, checked);
     return result;
 }
 
-bool CommandBaseImpl::runInBackground(bool checked,
-                                      std::shared_ptr<Tessel::SharedObjectInternal> owner)
+bool CommandBaseImpl::runInBackground(BackgroundRun run)
 {
-    const bool pushedContext = pushExecutionContext();
-    const auto run = std::make_shared<BackgroundRun>(
-        BackgroundRun {q, std::move(owner), checked, pushedContext});
-    return Tessel::dispatchAsync([run] { work(run); }, q->executionQoS());
+    run.pushedContext = pushExecutionContext();
+    const auto shared = std::make_shared<BackgroundRun>(std::move(run));
+    return Tessel::dispatchAsync([shared] { work(shared); }, q->executionQoS());
 }
 
 bool CommandBaseImpl::pushExecutionContext()
@@ -153,7 +152,7 @@ void CommandBaseImpl::finish(BackgroundRun &run)
     CmdsViewController *const controller = command->getViewController();
     if (run.pushedContext && controller)
         Internal::managerOf(controller)->popContext();
-    command->d->announceEnd(run.checked);
+    command->d->announceEnd(*run.texts, run.checked);
     enableWorkspaceSwitching(true);
 }
 
@@ -362,10 +361,11 @@ bool CommandBase::onExecute(bool checked)
 {
     // What observers or the work set off can take the command out of its last bag.
     auto owner = weak_from_this().lock();
-    d->announceBegin(checked);
+    const WaypointTexts &texts = d->waypointTexts();
+    d->announceBegin(texts, checked);
     if (executionQoS() == Tessel::EQualityOfService::Main)
-        return d->runInPlace(checked);
-    return d->runInBackground(checked, std::move(owner));
+        return d->runInPlace(texts, checked);
+    return d->runInBackground({this, std::move(owner), &texts, checked, false});
 }
 
 void CommandBase::onTriggered(bool checked)

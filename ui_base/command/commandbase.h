@@ -168,10 +168,12 @@ public:
 
     /// Name of the group that the command is meant for; a fixed default when none was set.
     virtual const QString baseGroupName() const;
+    /// Sets the name of the group that the command is meant for.
     virtual void setBaseGroupName(const QString &name);
 
     /// A mark that applications set and read; off by default.
     virtual bool isAttached() const;
+    /// Sets or clears the mark.
     virtual void setAttached(bool attached);
 
     /// Appends the name of a further group that the command is attached to, unless it is there in

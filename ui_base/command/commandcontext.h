@@ -25,6 +25,7 @@ class LUMO_UI_BASE_EXPORT CommandContext
 public:
     /// An empty context.
     CommandContext();
+    /// Shares the entries of @p other until one of the two is written to.
     CommandContext(const CommandContext &other);
     /// Leaves @p other empty and usable.
     CommandContext(CommandContext &&other) noexcept;

@@ -5,14 +5,7 @@
 
 namespace Vela::UiBase {
 
-CommandStateProtocol::CommandStateProtocol() = default;
-CommandStateProtocol::CommandStateProtocol(const CommandStateProtocol &) noexcept = default;
-CommandStateProtocol::CommandStateProtocol(CommandStateProtocol &&) noexcept = default;
 CommandStateProtocol::~CommandStateProtocol() = default;
-
-CommandStateProtocol &CommandStateProtocol::operator=(const CommandStateProtocol &) noexcept =
-    default;
-CommandStateProtocol &CommandStateProtocol::operator=(CommandStateProtocol &&) noexcept = default;
 
 void CommandStateProtocol::commandBegan(CommandBase *) { }
 void CommandStateProtocol::commandEnded(CommandBase *) { }

@@ -19,13 +19,13 @@ class CommandBase;
 class LUMO_UI_BASE_EXPORT CommandStateProtocol
 {
 public:
-    CommandStateProtocol();
-    CommandStateProtocol(const CommandStateProtocol &other) noexcept;
-    CommandStateProtocol(CommandStateProtocol &&other) noexcept;
+    CommandStateProtocol() = default;
+    CommandStateProtocol(const CommandStateProtocol &other) = default;
+    CommandStateProtocol(CommandStateProtocol &&other) = default;
     virtual ~CommandStateProtocol();
 
-    CommandStateProtocol &operator=(const CommandStateProtocol &other) noexcept;
-    CommandStateProtocol &operator=(CommandStateProtocol &&other) noexcept;
+    CommandStateProtocol &operator=(const CommandStateProtocol &other) = default;
+    CommandStateProtocol &operator=(CommandStateProtocol &&other) = default;
 
     /// A command that stays open, such as one with a panel, was begun by the user.
     virtual void commandBegan(CommandBase *command);

@@ -5,17 +5,7 @@
 
 namespace Vela::UiBase {
 
-DynamicCommandGroupStateProtocol::DynamicCommandGroupStateProtocol() = default;
-DynamicCommandGroupStateProtocol::DynamicCommandGroupStateProtocol(
-    const DynamicCommandGroupStateProtocol &) noexcept = default;
-DynamicCommandGroupStateProtocol::DynamicCommandGroupStateProtocol(
-    DynamicCommandGroupStateProtocol &&) noexcept = default;
 DynamicCommandGroupStateProtocol::~DynamicCommandGroupStateProtocol() = default;
-
-DynamicCommandGroupStateProtocol &DynamicCommandGroupStateProtocol::operator=(
-    const DynamicCommandGroupStateProtocol &) noexcept = default;
-DynamicCommandGroupStateProtocol &DynamicCommandGroupStateProtocol::operator=(
-    DynamicCommandGroupStateProtocol &&) noexcept = default;
 
 void DynamicCommandGroupStateProtocol::commandGroupBegan(CommandGroup *) { }
 void DynamicCommandGroupStateProtocol::commandGroupEnded(CommandGroup *) { }

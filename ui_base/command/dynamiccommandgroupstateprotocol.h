@@ -16,14 +16,14 @@ class CommandGroup;
 class LUMO_UI_BASE_EXPORT DynamicCommandGroupStateProtocol
 {
 public:
-    DynamicCommandGroupStateProtocol();
-    DynamicCommandGroupStateProtocol(const DynamicCommandGroupStateProtocol &other) noexcept;
-    DynamicCommandGroupStateProtocol(DynamicCommandGroupStateProtocol &&other) noexcept;
+    DynamicCommandGroupStateProtocol() = default;
+    DynamicCommandGroupStateProtocol(const DynamicCommandGroupStateProtocol &other) = default;
+    DynamicCommandGroupStateProtocol(DynamicCommandGroupStateProtocol &&other) = default;
     virtual ~DynamicCommandGroupStateProtocol();
 
-    DynamicCommandGroupStateProtocol &operator=(
-        const DynamicCommandGroupStateProtocol &other) noexcept;
-    DynamicCommandGroupStateProtocol &operator=(DynamicCommandGroupStateProtocol &&other) noexcept;
+    DynamicCommandGroupStateProtocol &operator=(const DynamicCommandGroupStateProtocol &other) =
+        default;
+    DynamicCommandGroupStateProtocol &operator=(DynamicCommandGroupStateProtocol &&other) = default;
 
     /// The commands of @p group are offered from now on.
     virtual void commandGroupBegan(CommandGroup *group);

@@ -28,9 +28,11 @@ public:
         Keep = 2, ///< the fact is not stated
     };
 
+    /// Stores @p action as it is.
     constexpr State(const Action &action = Keep) noexcept
         : m_action(action)
     { }
+    /// #On for true, #Off for false.
     constexpr State(bool on) noexcept
         : m_action(on ? On : Off)
     { }

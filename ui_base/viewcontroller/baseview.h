@@ -26,6 +26,7 @@ class LUMO_UI_BASE_EXPORT BaseView : public QObject
 public:
     /// Makes the view's widget, a plain one that is deleted when it is closed.
     /// @param parent parent of that widget and so its owner; null makes a window of it
+    /// @param flags window flags of the widget
     BaseView(QWidget *parent, Qt::WindowFlags flags);
     /// The same with the widget of the view @p parent as the parent; null, or a view whose widget
     /// has gone, makes a window.
