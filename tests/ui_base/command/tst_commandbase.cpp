@@ -42,9 +42,17 @@ class NamedCommand : public CommandBase
     COMMAND_ID
 
 public:
-    NamedCommand()
+    enum EFirstRun {
+        eRunLater,
+        eRunInConstructor,
+    };
+
+    explicit NamedCommand(EFirstRun firstRun = eRunLater)
         : CommandBase(nullptr)
-    { }
+    {
+        if (firstRun == eRunInConstructor)
+            onExecute();
+    }
     bool onExecuteAsync(bool) override { return true; }
 };
 
@@ -52,6 +60,9 @@ class DerivedCommand : public NamedCommand
 {
     Q_OBJECT
     COMMAND_ID
+
+public:
+    using NamedCommand::NamedCommand;
 };
 
 } // namespace Sample
@@ -83,6 +94,14 @@ CommandContext disabling(const QString &commandId)
     CommandContext context;
     context.overwrite(commandId, {State::Off, State::Keep});
     return context;
+}
+
+/// Serves the main queue until all that was posted before has run.
+void servePosted()
+{
+    bool isServed = false;
+    Tessel::dispatchAsync([&isServed] { isServed = true; }, EQualityOfService::Main);
+    QVERIFY(runLoopUntil([&isServed] { return isServed; }));
 }
 
 bool isSwitchingEnabled()
@@ -122,6 +141,7 @@ private Q_SLOTS:
     void runWithoutArgumentIsUnchecked();
     void runCanBeInvokedByName();
     void waypointsNameTheMostDerivedClass();
+    void waypointsFollowAClassThatChanges();
     void plainCommandRunsOncePerTrigger();
     void checkableCommandRunsOncePerChange();
     void exclusiveSiblingRunsUnchecked();
@@ -430,6 +450,19 @@ void TestCommandBase::waypointsNameTheMostDerivedClass()
                           QStringLiteral("CMD END   Sample::NamedCommand(true)")}));
 }
 
+void TestCommandBase::waypointsFollowAClassThatChanges()
+{
+    EventLog log;
+    const WaypointRecorder waypoints(log);
+    Sample::DerivedCommand command(Sample::NamedCommand::eRunInConstructor);
+    command.onExecute();
+    QCOMPARE(log.take(),
+             QStringList({QStringLiteral("CMD BEGIN Sample::NamedCommand(false)"),
+                          QStringLiteral("CMD END   Sample::NamedCommand(false)"),
+                          QStringLiteral("CMD BEGIN Sample::DerivedCommand(false)"),
+                          QStringLiteral("CMD END   Sample::DerivedCommand(false)")}));
+}
+
 void TestCommandBase::plainCommandRunsOncePerTrigger()
 {
     EventLog log;
@@ -667,17 +700,19 @@ void TestCommandBase::backgroundRunWithoutControllerPushesNothing()
 void TestCommandBase::backgroundRunWithoutEntriesPushesNothing()
 {
     ControllerFixture fixture;
-    TestCommand *const other = fixture.add(QStringLiteral("other"));
+    TestCommand *const held = fixture.add(QStringLiteral("held"));
     TestCommand *const command = fixture.add(id);
     command->setExecutionQoS(EQualityOfService::Utility);
     QSignalSpy switching(&ApplicationService::GetInstance(),
                          &ApplicationService::workspaceSwitchingEnabledChanged);
+    fixture.controller()->pushContext(disabling(QStringLiteral("held")));
     QVERIFY(command->onExecute());
-    other->setEnabled(false);
     QVERIFY(runLoopUntil([&] { return switching.count() == 2; }));
+    servePosted();
+    QVERIFY(!held->isEnabled());
     fixture.controller()->popContext();
-    QCoreApplication::processEvents();
-    QVERIFY(!other->isEnabled());
+    servePosted();
+    QVERIFY(held->isEnabled());
 }
 
 void TestCommandBase::refusedRunAnnouncesNoEndAndLeavesItsContext()
