@@ -5,6 +5,8 @@
 
 #include "ui_base/command/commandbag.h"
 #include "ui_base/command/commandbase.h"
+#include "ui_base/command/commandgroup.h"
+#include "ui_base/command/commandindex_p.h"
 
 #include <tessel/dispatch.h>
 
@@ -20,27 +22,42 @@ CommandState presentState(const CommandBase &command)
     return {command.isEnabled(), command.isChecked()};
 }
 
-/// Calls @p visit on the commands of @p bag, which it may change. A command that is being visited
-/// stays alive.
-template<typename Visit>
-void forEachCommand(const CommandBag &bag, const Visit &visit)
+/// The commands that @p command holds if it is a group, else null.
+const CommandBag *childrenOf(const CommandBase *command)
 {
-    for (std::size_t i = 0; i < bag.size(); ++i) {
-        if (const std::shared_ptr<CommandBase> command = bag[i].second)
-            visit(*command);
-    }
+    const auto *const group = qobject_cast<const CommandGroup *>(command);
+    return group ? &group->commandBag() : nullptr;
 }
 
-/// The entries that @p write makes for the commands of @p bag.
+/// The entries that @p write makes for the commands of @p bag and for those of the groups among them.
 template<typename Write>
 CommandContext contextOf(const CommandBag &bag, const Write &write)
 {
     CommandContext context;
     for (const auto &[id, command] : bag) {
-        if (command)
-            write(context, *command);
+        if (!command)
+            continue;
+        write(context, *command);
+        if (const CommandBag *const children = childrenOf(command.get()))
+            context |= contextOf(*children, write);
     }
     return context;
+}
+
+/// Calls @p visit on the groups of @p bag first and then on its other commands. It may change the bag.
+template<typename Visit>
+void forGroupsFirst(const CommandBag &bag, const Visit &visit)
+{
+    std::vector<std::shared_ptr<CommandBase>> others;
+    for (std::size_t i = 0; i < bag.size(); ++i) {
+        const std::shared_ptr<CommandBase> command = bag[i].second;
+        if (childrenOf(command.get()))
+            visit(*command);
+        else if (command)
+            others.push_back(command);
+    }
+    for (const std::shared_ptr<CommandBase> &command : others)
+        visit(*command);
 }
 
 void writePresentState(CommandContext &context, const CommandBase &command)
@@ -72,20 +89,6 @@ private:
     const bool m_before;
 };
 
-/// A command and the state that waits for it; a command with an owner is kept alive.
-struct PendingState
-{
-    explicit PendingState(CommandBase *pendingCommand, const CommandState &pendingState)
-        : command(pendingCommand)
-        , owner(pendingCommand->weak_from_this().lock())
-        , state(pendingState)
-    { }
-
-    CommandBase *command;
-    std::shared_ptr<Tessel::SharedObjectInternal> owner;
-    CommandState state;
-};
-
 } // namespace
 
 class CmdMgr::CmdMgrImpl
@@ -106,6 +109,9 @@ public:
     template<typename Write>
     CommandContext queryBag(const CommandBag *bag, const Write &write) const;
 
+    CommandBase *take(CommandBase *command);
+    CommandBase *takeGroup(CommandGroup *group);
+    void removeFromGroups(const QString &id);
     void stopListening(CommandBase *command);
     void listen(CommandBase *command);
     void applyContext(const CommandContext &context);
@@ -148,6 +154,47 @@ CommandContext CmdMgr::CmdMgrImpl::queryBag(const CommandBag *bag, const Write &
     return query([&] { return contextOf(copy, write); });
 }
 
+/// Puts the command where it belongs. @return what holds it now, or null when it was refused
+CommandBase *CmdMgr::CmdMgrImpl::take(CommandBase *command)
+{
+    if (auto *const group = qobject_cast<CommandGroup *>(command))
+        return takeGroup(group);
+    return rootBag.addCommand(command) ? command : nullptr;
+}
+
+CommandBase *CmdMgr::CmdMgrImpl::takeGroup(CommandGroup *group)
+{
+    auto *const held = qobject_cast<CommandGroup *>(rootBag.getCommand(group->commandId()));
+    if (held == group)
+        return nullptr;
+    if (held) {
+        held->absorbCommandGroup(group);
+        return held;
+    }
+    const CommandBag topLevel(rootBag);
+    for (const auto &[id, command] : topLevel) {
+        if (command && group->hasCommand(id)) {
+            stopListening(command.get());
+            rootBag.removeCommand(id);
+        }
+    }
+    return rootBag.addCommand(group) ? group : nullptr;
+}
+
+void CmdMgr::CmdMgrImpl::removeFromGroups(const QString &id)
+{
+    for (const auto &[groupId, command] : rootBag) {
+        auto *const group = qobject_cast<CommandGroup *>(command.get());
+        if (!group || !group->hasCommand(id))
+            continue;
+        const std::shared_ptr<CommandBase> keptAlive = command;
+        group->removeCommand(id);
+        if (group->commandBag().empty())
+            q->removeCommand(group);
+        return;
+    }
+}
+
 void CmdMgr::CmdMgrImpl::stopListening(CommandBase *command)
 {
     command->removeObserver(std::shared_ptr<CommandStateProtocol>(self()));
@@ -163,16 +210,26 @@ void CmdMgr::CmdMgrImpl::listen(CommandBase *command)
 void CmdMgr::CmdMgrImpl::applyContext(const CommandContext &context)
 {
     const FlagGuard applying(applyingContext);
-    std::vector<PendingState> pending;
+    // Groups at once and the others after them: so the entry of a child has the last word over what
+    // the state of its group did to it.
+    std::vector<std::pair<std::shared_ptr<CommandBase>, CommandState>> pending;
+    std::vector<std::shared_ptr<CommandBase>> found;
+    CommandIndex index(rootBag);
     const QMap<QString, CommandState> entries = context.get();
     for (auto entry = entries.cbegin(); entry != entries.cend(); ++entry) {
-        forEachCommand(rootBag, [&](CommandBase &command) {
-            if (CommandBase *const found = command.getCommand(entry.key()))
-                pending.emplace_back(found, entry.value());
-        });
+        if (!index.isCurrent())
+            index = CommandIndex(rootBag);
+        found.clear();
+        index.find(entry.key(), found);
+        for (std::shared_ptr<CommandBase> &command : found) {
+            if (childrenOf(command.get()))
+                command->setCommandState(entry.value());
+            else
+                pending.emplace_back(std::move(command), entry.value());
+        }
     }
-    for (const PendingState &entry : pending)
-        entry.command->setCommandState(entry.state);
+    for (const auto &[command, state] : pending)
+        command->setCommandState(state);
 }
 
 CmdMgr::CmdMgr()
@@ -187,7 +244,7 @@ CommandBase *CmdMgr::addCommand(CommandBase *command)
         return nullptr;
     if (command->commandId().isEmpty())
         throw std::runtime_error("A command id must be defined (with the COMMAND_ID macro)!");
-    CommandBase *const result = d->rootBag.addCommand(command) ? command : nullptr;
+    CommandBase *const result = d->take(command);
     command->setAddedToCmdsVC(true);
     broadcast(&CmdMgrProtocol::commandAdded, this, result);
     if (result)
@@ -204,7 +261,8 @@ bool CmdMgr::removeCommand(CommandBase *command)
     d->stopListening(command);
     broadcast(&CmdMgrProtocol::commandRemoved, this, id);
     command->setAddedToCmdsVC(false);
-    d->rootBag.removeCommand(id);
+    if (!d->rootBag.removeCommand(id))
+        d->removeFromGroups(id);
     return true;
 }
 
@@ -223,7 +281,7 @@ void CmdMgr::removeAllCommands()
 CommandBase *CmdMgr::findCommand(const QString &id) const
 {
     for (const auto &[ownId, command] : d->rootBag) {
-        if (command->hasCommand(id))
+        if (command && command->hasCommand(id))
             return command->getCommand(id);
     }
     return nullptr;
@@ -233,8 +291,12 @@ QVector<CommandBase *> CmdMgr::findCommands(const QString &tag, CommandBag *bag)
 {
     QVector<CommandBase *> found;
     for (const auto &[id, command] : bag ? *bag : d->rootBag) {
-        if (command && command->hasTag(tag))
+        if (!command)
+            continue;
+        if (command->hasTag(tag))
             found.append(command.get());
+        if (auto *const group = qobject_cast<CommandGroup *>(command.get()))
+            found += findCommands(tag, &group->commandBag());
     }
     return found;
 }
@@ -271,8 +333,12 @@ CommandContext CmdMgr::currentContext(const CommandContext &context) const
     return d->query([&] {
         CommandContext present;
         for (const QString &id : context.get().keys()) {
-            if (const CommandBase *const command = findCommand(id))
-                present.overwrite(id, presentState(*command));
+            const CommandBase *const command = findCommand(id);
+            if (!command)
+                continue;
+            present.overwrite(id, presentState(*command));
+            if (const CommandBag *const children = childrenOf(command))
+                present |= contextOf(*children, writePresentState);
         }
         return present;
     });
@@ -371,14 +437,14 @@ void CmdMgr::updateContextInStack(const QString &id, const CommandState &state)
 void CmdMgr::saveContext()
 {
     d->post([](CmdMgrImpl &impl) {
-        forEachCommand(impl.rootBag, [](CommandBase &command) { command.saveCommandState(); });
+        forGroupsFirst(impl.rootBag, [](CommandBase &command) { command.saveCommandState(); });
     });
 }
 
 void CmdMgr::restoreContext()
 {
     d->post([](CmdMgrImpl &impl) {
-        forEachCommand(impl.rootBag, [](CommandBase &command) { command.restoreCommandState(); });
+        forGroupsFirst(impl.rootBag, [](CommandBase &command) { command.restoreCommandState(); });
     });
 }
 

@@ -52,7 +52,8 @@ public:
     /// @throw std::runtime_error when the command's id is empty; the command stays with the caller
     CommandBase *addCommand(CommandBase *command);
     /// Announces with commandRemoved() that @p command leaves, and lets go of it, which can end its
-    /// life.
+    /// life. A command that stands in a group is removed there; a top-level group that becomes empty by
+    /// it is removed and announced too.
     /// @return false for null only
     bool removeCommand(CommandBase *command);
     /// Removes the command that findCommand() gives for @p id.
@@ -63,7 +64,9 @@ public:
 
     /// The first command with this id, or null.
     CommandBase *findCommand(const QString &id) const;
-    /// The commands with this tag, in any case of its letters, in the order of the bag.
+    /// The commands that have @p tag, in any case of its letters, in the order of the bag; a group is
+    /// followed by the commands in it.
+    /// @param tag the tag that CommandBase::hasTag() is asked for
     /// @param bag where to look; null stands for the commands of the manager
     QVector<CommandBase *> findCommands(const QString &tag, CommandBag *bag = nullptr) const;
     /// The top-level commands in the order of adding.
@@ -77,7 +80,8 @@ public:
     /// The present state of each command; both facts are stated.
     /// @param bag null stands for the commands of the manager
     CommandContext currentContext(CommandBag *bag) const;
-    /// The present state of the commands that @p context has entries for. Unknown ids are left out.
+    /// The present state of the commands that @p context has entries for, and of all commands in the
+    /// groups among them. Unknown ids are left out.
     CommandContext currentContext(const CommandContext &context) const;
     /// The present state of the commands with this tag.
     CommandContext currentContext(const QString &tag) const;
@@ -111,9 +115,9 @@ public:
     /// the oldest one on and stops at the first without an entry for @p id; State::Keep leaves a
     /// fact as it was remembered.
     void updateContextInStack(const QString &id, const CommandState &state);
-    /// Calls saveCommandState() on each command, on the main queue.
+    /// Calls saveCommandState() on each top-level command, groups first, on the main queue.
     void saveContext();
-    /// Calls restoreCommandState() on each command, on the main queue.
+    /// Calls restoreCommandState() on each top-level command, groups first, on the main queue.
     void restoreContext();
 
     void commandBegan(CommandBase *command) override;

@@ -6,16 +6,17 @@
 #include "ui_base/command/commandbase.h"
 
 #include <algorithm>
+#include <atomic>
 
 namespace Vela::UiBase {
+namespace {
 
-CommandBag::CommandBag() = default;
-CommandBag::CommandBag(const CommandBag &) = default;
-CommandBag::CommandBag(CommandBag &&) noexcept = default;
+// Atomic because a thread may have bags of its own.
+std::atomic<unsigned> changes {0};
+
+} // namespace
+
 CommandBag::~CommandBag() = default;
-
-CommandBag &CommandBag::operator=(const CommandBag &) = default;
-CommandBag &CommandBag::operator=(CommandBag &&) noexcept = default;
 
 bool CommandBag::addCommand(const std::shared_ptr<CommandBase> &command)
 {
@@ -25,6 +26,7 @@ bool CommandBag::addCommand(const std::shared_ptr<CommandBase> &command)
     if (std::find(begin(), end(), entry) != end())
         return false;
     push_back(std::move(entry));
+    ++changes;
     return true;
 }
 
@@ -77,7 +79,13 @@ bool CommandBag::removeCommand(const QString &id)
     // Out of the bag first: the end of the command may ask the bag again.
     const value_type leaving = std::move((*this)[static_cast<size_type>(index)]);
     erase(begin() + index);
+    ++changes;
     return true;
+}
+
+unsigned CommandBag::generation()
+{
+    return changes;
 }
 
 } // namespace Vela::UiBase

@@ -24,13 +24,13 @@ class LUMO_UI_BASE_EXPORT CommandBag
     : public std::vector<std::pair<QString, std::shared_ptr<CommandBase>>>
 {
 public:
-    CommandBag();
-    CommandBag(const CommandBag &other);
-    CommandBag(CommandBag &&other) noexcept;
+    CommandBag() = default;
+    CommandBag(const CommandBag &other) = default;
+    CommandBag(CommandBag &&other) noexcept = default;
     virtual ~CommandBag();
 
-    CommandBag &operator=(const CommandBag &other);
-    CommandBag &operator=(CommandBag &&other) noexcept;
+    CommandBag &operator=(const CommandBag &other) = default;
+    CommandBag &operator=(CommandBag &&other) noexcept = default;
 
     /// Appends @p command under its id.
     /// @return false for null, and when the bag holds this very command under this id
@@ -59,6 +59,12 @@ public:
     /// their order.
     /// @return whether there was one
     bool removeCommand(const QString &id);
+
+private:
+    friend class CommandIndex;
+
+    /// Changes whenever addCommand() or removeCommand() changes some bag of the process.
+    static unsigned generation();
 };
 
 } // namespace Vela::UiBase

@@ -5,8 +5,23 @@
 
 #include "ui_base/command/commandbag.h"
 #include "ui_base/command/commandbase.h"
+#include "ui_base/command/commandgroup.h"
 
 namespace Vela::UiBase {
+namespace {
+
+void forgetController(const CommandBag &bag)
+{
+    for (const auto &[id, command] : bag) {
+        if (!command)
+            continue;
+        command->setViewController(nullptr);
+        if (const auto *const group = qobject_cast<const CommandGroup *>(command.get()))
+            forgetController(group->commandBag());
+    }
+}
+
+} // namespace
 
 CmdsViewController::CmdsViewController() = default;
 
@@ -16,8 +31,7 @@ CmdsViewController::CmdsViewController(BaseView *view)
 
 CmdsViewController::~CmdsViewController()
 {
-    for (const auto &[id, command] : commandBag())
-        command->setViewController(nullptr);
+    forgetController(commandBag());
 }
 
 std::shared_ptr<CmdsViewController> CmdsViewController::shared_from_this()

@@ -35,11 +35,17 @@ public:
 
     const QString commandId() const override { return m_id; }
     bool onExecuteAsync(bool checked) override { return work ? work(checked) : true; }
-    void saveCommandState() override { ++saves; }
+    void saveCommandState() override
+    {
+        ++saves;
+        if (saved)
+            saved();
+    }
     void restoreCommandState() override { ++restores; }
 
     std::function<bool(bool checked)> work;
     std::function<void()> ended;
+    std::function<void()> saved;
     Vela::UiBase::CommandContext executionContext;
     int saves = 0;
     int restores = 0;

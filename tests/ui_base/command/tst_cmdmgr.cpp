@@ -8,6 +8,7 @@
 #include "support/testcase.h"
 #include "support/testmain.h"
 #include "ui_base/command/commandbag.h"
+#include "ui_base/command/commandgroup.h"
 #include "ui_base/command/testcommand.h"
 
 #include <atomic>
@@ -23,6 +24,7 @@ using Vela::UiBase::CmdMgr;
 using Vela::UiBase::CommandBag;
 using Vela::UiBase::CommandBase;
 using Vela::UiBase::CommandContext;
+using Vela::UiBase::CommandGroup;
 using Vela::UiBase::CommandState;
 using Vela::UiBase::State;
 
@@ -36,6 +38,7 @@ const QString cut = QStringLiteral("cut");
 const QString copy = QStringLiteral("copy");
 const QString paste = QStringLiteral("paste");
 const QString tag = QStringLiteral("edit");
+const QString groupId = QStringLiteral("Vela::UiBase::CommandGroupEdit");
 
 CommandContext contextOf(std::initializer_list<std::pair<QString, CommandState>> entries)
 {
@@ -44,6 +47,23 @@ CommandContext contextOf(std::initializer_list<std::pair<QString, CommandState>>
         context.overwrite(id, state);
     return context;
 }
+
+/// Holds a command that is no child of a group and that nobody owns by shared pointer.
+class HoldingCommand : public TestCommand
+{
+public:
+    HoldingCommand(const QString &id, const QString &heldId)
+        : TestCommand(id)
+        , held(heldId)
+    { }
+
+    CommandBase *getCommand(const QString &id) override
+    {
+        return id == held.commandId() ? &held : CommandBase::getCommand(id);
+    }
+
+    TestCommand held;
+};
 
 /// Serves the main queue until all that was posted before has run.
 void servePosted()
@@ -109,8 +129,26 @@ private Q_SLOTS:
     void postedWorkIsDroppedWithTheManager();
     void commandMayRemoveOthersWhileAContextIsApplied();
 
+    void everyCommandOfAnIdGetsTheState();
+    void commandThatFindsOthersItsOwnWayIsAsked();
+    void commandAddedWhileAGroupIsAppliedIsSeen();
+
+    void groupIsHeardWithItsChildren();
+    void groupTakesOverTopLevelCommands();
+    void groupOfATakenIdIsMerged();
+    void sameGroupTwiceAnnouncesNull();
+    void removedChildLeavesItsGroup();
+    void removingTheLastChildRemovesTheGroup();
+    void findsTheGroupBeforeItsChildren();
+    void contextsReachIntoGroups();
+    void currentContextOfAGroupTellsItsChildren();
+    void childEntryHasTheLastWordOverItsGroup();
+    void inactiveContextDisablesGroupedCommands();
+    void groupsAreSavedBeforeCommands();
+
 private:
     TestCommand *add(const QString &id);
+    static std::shared_ptr<CommandGroup> makeGroup(const QStringList &ids);
 
     std::shared_ptr<RunRecordingManager> m_manager;
     EventLog m_log;
@@ -138,6 +176,18 @@ TestCommand *TestCmdMgr::add(const QString &id)
     command->setCheckable(true);
     m_manager->addCommand(command);
     return command;
+}
+
+/// A group with the id groupId and checkable commands.
+std::shared_ptr<CommandGroup> TestCmdMgr::makeGroup(const QStringList &ids)
+{
+    const auto group = std::make_shared<CommandGroup>(QString(), QString(), QStringLiteral("Edit"));
+    for (const QString &id : ids) {
+        auto *const command = new TestCommand(id);
+        command->setCheckable(true);
+        group->addCommand(command);
+    }
+    return group;
 }
 
 void TestCmdMgr::addedCommandIsOwnedMarkedAndAnnounced()
@@ -545,6 +595,213 @@ void TestCmdMgr::commandMayRemoveOthersWhileAContextIsApplied()
     m_manager->setContext(contextOf({{cut, {Off, On}}, {paste, {Off, On}}, {copy, {Off, On}}}));
     servePosted();
     QVERIFY(std::as_const(*m_manager).commandBag().empty());
+}
+
+void TestCmdMgr::everyCommandOfAnIdGetsTheState()
+{
+    QStringList order;
+    const auto added = [&](TestCommand *command, const QString &name) {
+        command->work = [&order, name](bool) {
+            order << name;
+            return true;
+        };
+        return command;
+    };
+    added(add(cut), QStringLiteral("first"));
+    auto *const holding = new HoldingCommand(paste, cut);
+    holding->held.setCheckable(true);
+    added(&holding->held, QStringLiteral("held"));
+    m_manager->addCommand(holding);
+    added(add(cut), QStringLiteral("second"));
+    m_manager->setContext(contextOf({{cut, {On, On}}}));
+    servePosted();
+    QCOMPARE(
+        order,
+        QStringList({QStringLiteral("first"), QStringLiteral("held"), QStringLiteral("second")}));
+}
+
+void TestCmdMgr::commandThatFindsOthersItsOwnWayIsAsked()
+{
+    const auto group = makeGroup({copy});
+    auto *const holding = new HoldingCommand(paste, cut);
+    group->addCommand(holding);
+    m_manager->addCommand(group.get());
+    m_manager->setContext(
+        contextOf({{copy, {Off, Keep}}, {cut, {Off, Keep}}, {paste, {Off, Keep}}}));
+    servePosted();
+    QVERIFY(!holding->held.isEnabled());
+    QVERIFY(!holding->isEnabled());
+    QVERIFY(!group->getCommand(copy)->isEnabled());
+}
+
+void TestCmdMgr::commandAddedWhileAGroupIsAppliedIsSeen()
+{
+    const auto group = makeGroup({cut});
+    m_manager->addCommand(group.get());
+    const QString late = QStringLiteral("late");
+    const auto addLate = [&] {
+        if (!m_manager->findCommand(late))
+            add(late);
+    };
+    connect(group->getCommand(cut), &QAction::changed, this, addLate);
+    m_manager->setContext(contextOf({{groupId, {Off, Keep}}, {late, {Off, Keep}}}));
+    servePosted();
+    QVERIFY(!m_manager->findCommand(late)->isEnabled());
+}
+
+void TestCmdMgr::groupIsHeardWithItsChildren()
+{
+    const auto group = makeGroup({cut, copy});
+    QCOMPARE(m_manager->addCommand(group.get()), group.get());
+    QCOMPARE(m_log.take(), QStringList(QStringLiteral("added(%1)").arg(groupId)));
+    QVERIFY(group->getCommand(cut)->addedToCmdsVC());
+    group->getCommand(cut)->onExecute();
+    QCOMPARE(m_manager->runs, QStringList(cut));
+    QCOMPARE(m_manager->findCommand(copy), group->getCommand(copy));
+    m_manager->removeCommand(group.get());
+    group->getCommand(cut)->onExecute();
+    QCOMPARE(m_manager->runs.size(), 1);
+    QVERIFY(!group->getCommand(cut)->addedToCmdsVC());
+}
+
+void TestCmdMgr::groupTakesOverTopLevelCommands()
+{
+    TestCommand *const command = add(cut);
+    add(paste);
+    const auto group = makeGroup({copy});
+    group->addCommand(command);
+    m_log.take();
+    m_manager->addCommand(group.get());
+    const CommandBag &bag = std::as_const(*m_manager).commandBag();
+    QCOMPARE(bag.size(), std::size_t(2));
+    QVERIFY(!bag.hasCommand(cut));
+    QCOMPARE(m_manager->findCommand(cut), command);
+    QCOMPARE(m_log.take(), QStringList(QStringLiteral("added(%1)").arg(groupId)));
+    command->onExecute();
+    QCOMPARE(m_manager->runs, QStringList(cut));
+}
+
+void TestCmdMgr::groupOfATakenIdIsMerged()
+{
+    const auto held = makeGroup({cut});
+    const auto handedIn = makeGroup({copy});
+    m_manager->addCommand(held.get());
+    m_log.take();
+    QCOMPARE(m_manager->addCommand(handedIn.get()), held.get());
+    QCOMPARE(m_log.take(), QStringList(QStringLiteral("added(%1)").arg(groupId)));
+    QCOMPARE(std::as_const(*m_manager).commandBag().size(), std::size_t(1));
+    QVERIFY(held->hasCommand(copy));
+    QVERIFY(handedIn->addedToCmdsVC());
+    QCOMPARE(handedIn.use_count(), 1L);
+    held->getCommand(cut)->onExecute();
+    held->getCommand(copy)->onExecute();
+    QCOMPARE(m_manager->runs, QStringList({cut, copy}));
+}
+
+void TestCmdMgr::sameGroupTwiceAnnouncesNull()
+{
+    const auto group = makeGroup({cut});
+    m_manager->addCommand(group.get());
+    m_log.take();
+    QCOMPARE(m_manager->addCommand(group.get()), nullptr);
+    QCOMPARE(m_log.take(), QStringList(QStringLiteral("added(null)")));
+    group->getCommand(cut)->onExecute();
+    QCOMPARE(m_manager->runs, QStringList(cut));
+}
+
+void TestCmdMgr::removedChildLeavesItsGroup()
+{
+    const auto group = makeGroup({cut, copy});
+    m_manager->addCommand(group.get());
+    m_log.take();
+    QVERIFY(m_manager->removeCommand(cut));
+    QCOMPARE(m_log.take(), QStringList(QStringLiteral("removed(cut)")));
+    QVERIFY(!group->hasCommand(cut));
+    QCOMPARE(m_manager->findCommand(groupId), group.get());
+}
+
+void TestCmdMgr::removingTheLastChildRemovesTheGroup()
+{
+    m_manager->addCommand(makeGroup({cut}).get());
+    m_log.take();
+    QVERIFY(m_manager->removeCommand(cut));
+    QCOMPARE(
+        m_log.take(),
+        QStringList({QStringLiteral("removed(cut)"), QStringLiteral("removed(%1)").arg(groupId)}));
+    QVERIFY(std::as_const(*m_manager).commandBag().empty());
+}
+
+void TestCmdMgr::findsTheGroupBeforeItsChildren()
+{
+    const auto group = makeGroup({cut});
+    group->addTag(tag);
+    group->getCommand(cut)->addTag(tag);
+    m_manager->addCommand(group.get());
+    TestCommand *const last = add(copy);
+    last->addTag(tag);
+    QCOMPARE(m_manager->findCommands(tag),
+             QVector<CommandBase *>({group.get(), group->getCommand(cut), last}));
+}
+
+void TestCmdMgr::contextsReachIntoGroups()
+{
+    const auto group = makeGroup({cut, copy});
+    m_manager->addCommand(group.get());
+    group->getCommand(cut)->setChecked(true);
+    QVERIFY(m_manager->currentContext(nullptr)
+            == contextOf({{groupId, {On, On}}, {cut, {On, On}}, {copy, {On, Off}}}));
+    QVERIFY(m_manager->currentActiveContext(nullptr)
+            == contextOf({{groupId, {Keep, On}}, {cut, {Keep, On}}}));
+    QVERIFY(m_manager->disabledContext(nullptr)
+            == contextOf({{groupId, {Off, Keep}}, {cut, {Off, Keep}}, {copy, {Off, Keep}}}));
+    QVERIFY(m_manager->inactiveContext(&group->commandBag())
+            == contextOf({{cut, {Keep, Off}}, {copy, {Keep, Off}}}));
+}
+
+void TestCmdMgr::currentContextOfAGroupTellsItsChildren()
+{
+    m_manager->addCommand(makeGroup({cut}).get());
+    QVERIFY(m_manager->currentContext(contextOf({{groupId, {Keep, Keep}}}))
+            == contextOf({{groupId, {On, Off}}, {cut, {On, Off}}}));
+}
+
+void TestCmdMgr::childEntryHasTheLastWordOverItsGroup()
+{
+    // Ids of children on both sides of that of the group in the order of the context.
+    const QString first = QStringLiteral("A");
+    const auto group = makeGroup({first, copy, paste});
+    m_manager->addCommand(group.get());
+    m_manager->setContext(
+        contextOf({{groupId, {Off, Keep}}, {first, {On, Keep}}, {copy, {On, Keep}}}));
+    servePosted();
+    QVERIFY(group->getCommand(first)->isEnabled());
+    QVERIFY(group->getCommand(copy)->isEnabled());
+    QVERIFY(!group->getCommand(paste)->isEnabled());
+}
+
+void TestCmdMgr::inactiveContextDisablesGroupedCommands()
+{
+    const auto group = makeGroup({cut});
+    m_manager->addCommand(group.get());
+    TestCommand *const plain = add(copy);
+    m_manager->setContext(m_manager->inactiveContext(nullptr));
+    servePosted();
+    QVERIFY(!group->getCommand(cut)->isEnabled());
+    QVERIFY(plain->isEnabled());
+}
+
+void TestCmdMgr::groupsAreSavedBeforeCommands()
+{
+    TestCommand *const plain = add(copy);
+    const auto group = makeGroup({cut});
+    m_manager->addCommand(group.get());
+    auto *const child = static_cast<TestCommand *>(group->getCommand(cut));
+    QStringList order;
+    plain->saved = [&order] { order << QStringLiteral("plain"); };
+    child->saved = [&order] { order << QStringLiteral("child"); };
+    m_manager->saveContext();
+    servePosted();
+    QCOMPARE(order, QStringList({QStringLiteral("child"), QStringLiteral("plain")}));
 }
 
 LUMO_TEST_MAIN(TestCmdMgr)
