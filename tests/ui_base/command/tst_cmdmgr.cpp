@@ -117,6 +117,7 @@ private Q_SLOTS:
     void setContextSkipsUnknownIds();
     void setContextAppliesInOrderOfIds();
     void queryWhileAContextIsAppliedIsEmpty();
+    void walkInsideAWalkLeavesTheOuterOneGoing();
     void pushWhileAContextIsAppliedDoesNothing();
     void popPutsBackTheStateOfBeforeThePush();
     void popUndoesOtherChangesToo();
@@ -445,6 +446,25 @@ void TestCmdMgr::queryWhileAContextIsAppliedIsEmpty()
     QVERIFY(seen == CommandContext());
     QVERIFY(seenByTag == CommandContext());
     QVERIFY(m_manager->currentContext(nullptr) == contextOf({{cut, {On, On}}}));
+}
+
+void TestCmdMgr::walkInsideAWalkLeavesTheOuterOneGoing()
+{
+    // A command that opens a dialog serves the main queue within the walk.
+    TestCommand *const command = add(cut);
+    TestCommand *const other = add(copy);
+    CommandContext seen = contextOf({{cut, {}}});
+    command->work = [&](bool) {
+        m_manager->setContext(contextOf({{copy, {Off, Keep}}}));
+        servePosted();
+        seen = m_manager->currentContext(nullptr);
+        return true;
+    };
+    m_manager->setContext(contextOf({{cut, {Keep, On}}}));
+    servePosted();
+    QVERIFY(!other->isEnabled());
+    QVERIFY(seen == CommandContext());
+    QVERIFY(m_manager->currentContext(nullptr) != CommandContext());
 }
 
 void TestCmdMgr::pushWhileAContextIsAppliedDoesNothing()
