@@ -5,6 +5,7 @@
 
 #include "tessel/handover_p.h"
 
+#include <QAbstractEventDispatcher>
 #include <QCoreApplication>
 #include <QEvent>
 #include <QObject>
@@ -13,6 +14,7 @@
 #include <algorithm>
 #include <chrono>
 #include <new>
+#include <thread>
 #include <utility>
 
 #ifdef __linux__
@@ -33,8 +35,6 @@ constexpr std::size_t keptCapacity = 4096;
 std::chrono::nanoseconds coarseNow()
 {
 #ifdef __linux__
-    // Asked after each piece of work; the coarse clock costs a few nanoseconds and ticks often
-    // enough.
     timespec now {};
     clock_gettime(CLOCK_MONOTONIC_COARSE, &now);
     return std::chrono::seconds(now.tv_sec) + std::chrono::nanoseconds(now.tv_nsec);
@@ -100,7 +100,10 @@ void MainQueue::close()
         m_armed = false;
         m_keepsRefused = true;
     }
-    m_watchedDispatcher.clear();
+    // None begins any more, and those that have begun are done within a post of Qt's.
+    while (m_arming.load(std::memory_order_acquire) > 0)
+        std::this_thread::yield();
+    m_dispatcher = nullptr;
     m_armingFailed = false;
     // Closures may do anything when they die, so they die with the queue closed and unlocked.
     std::vector<Work> batch;
@@ -118,22 +121,18 @@ void MainQueue::bury()
 
 bool MainQueue::post(Work &&work)
 {
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    if (!m_receiver) {
-        if (m_keepsRefused)
-            m_refused.push_back(std::move(work));
-        return false;
+    QObject *receiver = nullptr;
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        if (!m_receiver) {
+            if (m_keepsRefused)
+                m_refused.push_back(std::move(work));
+            return false;
+        }
+        m_incoming.push_back(std::move(work));
+        receiver = prepareToArm();
     }
-    m_incoming.push_back(std::move(work));
-    if (m_armed)
-        return true;
-    try {
-        arm();
-    } catch (...) {
-        // Nobody would wake the main thread for it, and the caller is told that it failed.
-        m_incoming.pop_back();
-        throw;
-    }
+    arm(receiver);
     return true;
 }
 
@@ -144,73 +143,95 @@ bool MainQueue::isOnMainThread() const
     return m_thread == current;
 }
 
-void MainQueue::arm()
+// Under the lock. The event itself is posted behind it, because the main thread that it wakes wants
+// the lock at once.
+QObject *MainQueue::prepareToArm()
 {
-    auto wakeUp = std::make_unique<QEvent>(QEvent::User);
-    letGo(m_receiver.get());
-    QCoreApplication::postEvent(m_receiver.get(), wakeUp.release());
+    if (m_armed || !m_receiver)
+        return nullptr;
     m_armed = true;
+    m_arming.fetch_add(1, std::memory_order_relaxed);
+    return m_receiver.get();
 }
 
-void MainQueue::runPass()
+void MainQueue::arm(QObject *receiver) noexcept
 {
-    watchEventLoop();
-    bool mayTake = true;
+    if (!receiver)
+        return;
+    try {
+        auto wakeUp = std::make_unique<QEvent>(QEvent::User);
+        letGo(receiver);
+        QCoreApplication::postEvent(receiver, wakeUp.release());
+    } catch (const std::bad_alloc &) {
+        armAtTheNextTurn();
+    }
+    m_arming.fetch_sub(1, std::memory_order_release);
+}
+
+// Waking the event loop needs no memory. It tries to arm again at each turn, and goes on turning until
+// that works.
+void MainQueue::armAtTheNextTurn()
+{
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
         m_armed = false;
     }
+    m_armingFailed = true;
+    if (QAbstractEventDispatcher *const dispatcher = m_dispatcher)
+        dispatcher->wakeUp();
+}
+
+// A pass runs what was queued at its start, or goes on with the batch of a pass that was cut short.
+void MainQueue::runPass()
+{
+    watchEventLoop();
+    const bool goesOn = hasRest();
+    beginPass();
     const auto end = coarseNow() + passLength;
-    for (unsigned ran = 1;; ++ran) {
-        if (!hasRest()) {
-            // What is posted from here on waits for the next pass.
-            if (!mayTake || !takeIncoming())
-                break;
-            mayTake = false;
-        }
+    for (unsigned ran = 1; hasRest(); ++ran) {
         runPosted(std::move(m_batch[m_next++]));
         if (ran % worksPerLookAtTheClock == 0 && coarseNow() >= end)
             break;
     }
-    armForRest();
+    if (goesOn || hasRest())
+        armForRest();
 }
 
-bool MainQueue::takeIncoming()
+void MainQueue::beginPass()
 {
-    m_batch.clear();
-    m_next = 0;
-    if (m_batch.capacity() > keptCapacity)
-        m_batch.shrink_to_fit();
+    if (!hasRest()) {
+        m_batch.clear();
+        m_next = 0;
+        if (m_batch.capacity() > keptCapacity)
+            m_batch.shrink_to_fit();
+    }
     const std::lock_guard<std::mutex> lock(m_mutex);
-    m_batch.swap(m_incoming);
-    return !m_batch.empty();
+    m_armed = false;
+    if (m_batch.empty())
+        m_batch.swap(m_incoming);
 }
 
 void MainQueue::armForRest()
 {
-    const std::lock_guard<std::mutex> lock(m_mutex);
+    QObject *receiver = nullptr;
     m_armingFailed = false;
-    if (!m_receiver || m_armed || (!hasRest() && m_incoming.empty()))
-        return;
-    try {
-        arm();
-    } catch (const std::bad_alloc &) {
-        // Tried again at each turn of the event loop, which the wake-up keeps turning.
-        m_armingFailed = true;
-        if (m_watchedDispatcher)
-            m_watchedDispatcher->wakeUp();
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        if (hasRest() || !m_incoming.empty())
+            receiver = prepareToArm();
     }
+    arm(receiver);
 }
 
 void MainQueue::watchEventLoop()
 {
     QAbstractEventDispatcher *const dispatcher = QAbstractEventDispatcher::instance();
-    if (!dispatcher || dispatcher == m_watchedDispatcher)
+    if (!dispatcher || dispatcher == m_dispatcher)
         return;
     const auto turn = [this] { onEventLoopTurn(); };
     QObject::connect(dispatcher, &QAbstractEventDispatcher::awake, m_receiver.get(), turn);
     QObject::connect(dispatcher, &QAbstractEventDispatcher::aboutToBlock, m_receiver.get(), turn);
-    m_watchedDispatcher = dispatcher;
+    m_dispatcher = dispatcher;
 }
 
 // With a rest in the batch this is the turn of a loop that a piece of work opened: the event that

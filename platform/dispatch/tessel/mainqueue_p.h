@@ -3,15 +3,15 @@
 
 #pragma once
 
-#include <QAbstractEventDispatcher>
-#include <QPointer>
-
+#include <atomic>
 #include <cstddef>
 #include <functional>
 #include <memory>
 #include <mutex>
 #include <vector>
 
+class QAbstractEventDispatcher;
+class QObject;
 class QThread;
 
 namespace Tessel {
@@ -47,11 +47,13 @@ private:
     class Receiver;
 
     void runPass();
-    bool takeIncoming();
+    void beginPass();
     void watchEventLoop();
     void onEventLoopTurn();
     void armForRest();
-    void arm();
+    QObject *prepareToArm();
+    void arm(QObject *receiver) noexcept;
+    void armAtTheNextTurn();
     bool hasRest() const { return m_next < m_batch.size(); }
 
     mutable std::mutex m_mutex;
@@ -63,11 +65,14 @@ private:
     std::vector<Work> m_refused;
     bool m_keepsRefused = false;
 
+    // How many threads are about to post the wake-up event; the receiver outlives them.
+    std::atomic<int> m_arming {0};
+    std::atomic<bool> m_armingFailed {false};
+    std::atomic<QAbstractEventDispatcher *> m_dispatcher {nullptr};
+
     // Touched on the main thread only:
     std::vector<Work> m_batch;
     std::size_t m_next = 0;
-    bool m_armingFailed = false;
-    QPointer<QAbstractEventDispatcher> m_watchedDispatcher;
 };
 
 } // namespace Tessel
