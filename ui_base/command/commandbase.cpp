@@ -67,8 +67,8 @@ public:
         return wanted != State::Keep && fact != (wanted == State::On);
     }
 
-    static void work(const std::shared_ptr<BackgroundRun> &run);
-    static void finish(BackgroundRun &run);
+    static void work(std::shared_ptr<BackgroundRun> run);
+    static void finish(const BackgroundRun &run);
 
     CommandBase *const q;
     CmdsViewController *viewController = nullptr;
@@ -79,6 +79,8 @@ public:
     QStringList attachedCommandGroupNames;
     CommandGroup *commandGroup = nullptr;
     Tessel::EQualityOfService executionQoS = Tessel::EQualityOfService::Main;
+    ToolButton *toolButton = nullptr;
+    QPointer<QObject> toolButtonGuard;
     bool executionNotificationEnabled = false;
     QVector<QString> executionNotificationMessages;
     std::atomic<const WaypointTexts *> knownTexts {nullptr};
@@ -123,8 +125,9 @@ bool CommandBaseImpl::runInPlace(const WaypointTexts &texts, bool checked)
 bool CommandBaseImpl::runInBackground(BackgroundRun run)
 {
     run.pushedContext = pushExecutionContext();
-    const auto shared = std::make_shared<BackgroundRun>(std::move(run));
-    return Tessel::dispatchAsync([shared] { work(shared); }, q->executionQoS());
+    auto shared = std::make_shared<BackgroundRun>(std::move(run));
+    return Tessel::dispatchAsync(
+        [shared = std::move(shared)]() mutable { work(std::move(shared)); }, q->executionQoS());
 }
 
 bool CommandBaseImpl::pushExecutionContext()
@@ -137,17 +140,18 @@ bool CommandBaseImpl::pushExecutionContext()
     return true;
 }
 
-void CommandBaseImpl::work(const std::shared_ptr<BackgroundRun> &run)
+void CommandBaseImpl::work(std::shared_ptr<BackgroundRun> run)
 {
     Tessel::dispatchAsync([] { enableWorkspaceSwitching(false); }, Tessel::EQualityOfService::Main);
     run->command->onExecuteAsync(run->checked);
-    Tessel::dispatchAsync([run] { finish(*run); }, Tessel::EQualityOfService::Main);
+    // The worker keeps no hold on the run: whether the finishing step runs or is dropped with the
+    // application, the command is let go of on the main thread.
+    Tessel::dispatchAsync([run = std::move(run)] { finish(*run); },
+                          Tessel::EQualityOfService::Main);
 }
 
-void CommandBaseImpl::finish(BackgroundRun &run)
+void CommandBaseImpl::finish(const BackgroundRun &run)
 {
-    // Taken out of the run, whose last holder can be the worker: the command must not end there.
-    const auto owner = std::move(run.owner);
     CommandBase *const command = run.command;
     CmdsViewController *const controller = command->getViewController();
     if (run.pushedContext && controller)
@@ -304,6 +308,17 @@ CommandGroup *CommandBase::commandGroup() const
 void CommandBase::setCommandGroup(CommandGroup *group)
 {
     d->commandGroup = group;
+}
+
+ToolButton *CommandBase::toolButton() const
+{
+    return d->toolButtonGuard ? d->toolButton : nullptr;
+}
+
+void CommandBase::setToolButton(ToolButton *button)
+{
+    d->toolButton = button;
+    d->toolButtonGuard = button ? Internal::objectOf(button) : nullptr;
 }
 
 const QString CommandBase::baseGroupName() const

@@ -48,6 +48,7 @@ class CmdsViewController;
 class CommandBaseImpl;
 class CommandContext;
 class CommandGroup;
+class ToolButton;
 
 /// The root of every user command: an action with an id, tags and a place in a group, a state that
 /// is read and written as a whole, and one flow of execution for work in place and in the
@@ -165,6 +166,11 @@ public:
     virtual CommandGroup *commandGroup() const;
     /// Called by groups that take the command in or let it go.
     virtual void setCommandGroup(CommandGroup *group);
+
+    /// The button that shows the command; null when there is none or it has died. Not owned.
+    virtual ToolButton *toolButton() const;
+    /// Called by tool bars that make a button for the command; null takes the button away.
+    virtual void setToolButton(ToolButton *button);
 
     /// Name of the group that the command is meant for; a fixed default when none was set.
     virtual const QString baseGroupName() const;

@@ -10,10 +10,11 @@ namespace Vela::UiBase {
 class BaseView;
 class CmdMgr;
 class CmdsViewController;
+class ToolButton;
 } // namespace Vela::UiBase
 
-/// What commands need of the classes above them, which they know by name only. Defined beside the
-/// view controllers.
+/// What commands need of the classes above them, which they know by name only. Defined beside those
+/// classes.
 namespace Vela::UiBase::Internal {
 
 /// @param controller not null; may be under construction
@@ -24,5 +25,8 @@ CmdMgr *managerOf(CmdsViewController *controller);
 BaseView *viewOf(const CmdsViewController *controller);
 /// The view's widget, or null when that has gone. @param view not null
 QWidget *widgetOf(const BaseView *view);
+
+/// @param button not null
+QObject *objectOf(ToolButton *button);
 
 } // namespace Vela::UiBase::Internal

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include <ui_base/CommandBase>
+#include <ui_base/ToolButton>
 
 #include "support/eventloop.h"
 #include "support/recordingobservers.h"
@@ -33,6 +34,7 @@ using Vela::UiBase::CommandBase;
 using Vela::UiBase::CommandContext;
 using Vela::UiBase::CommandState;
 using Vela::UiBase::State;
+using Vela::UiBase::ToolButton;
 
 namespace Sample {
 
@@ -127,6 +129,7 @@ private Q_SLOTS:
     void messagesGrowOnDemand();
     void settersAreRead();
     void commandFindsItself();
+    void buttonIsForgottenWhenItDies();
 
     void setCommandStateChangesWhatIsStated_data();
     void setCommandStateChangesWhatIsStated();
@@ -301,6 +304,20 @@ void TestCommandBase::commandFindsItself()
     QCOMPARE(command->getCommand(id), command.get());
     QVERIFY(!command->hasCommand(QStringLiteral("Cut")));
     QCOMPARE(command->getCommand(QStringLiteral("Cut")), nullptr);
+}
+
+void TestCommandBase::buttonIsForgottenWhenItDies()
+{
+    const auto command = makeCommand();
+    QCOMPARE(command->toolButton(), nullptr);
+    auto button = std::make_unique<ToolButton>(nullptr);
+    command->setToolButton(button.get());
+    QCOMPARE(command->toolButton(), button.get());
+    command->setToolButton(nullptr);
+    QCOMPARE(command->toolButton(), nullptr);
+    command->setToolButton(button.get());
+    button.reset();
+    QCOMPARE(command->toolButton(), nullptr);
 }
 
 void TestCommandBase::setCommandStateChangesWhatIsStated_data()
