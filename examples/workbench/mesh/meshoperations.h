@@ -13,7 +13,7 @@ class Cancellation;
 /// pushes it back a little further, which takes the noise away and keeps the volume.
 struct SmoothSettings
 {
-    int steps = 10;
+    int steps = 25;
     float pull = 0.5F;
     float push = 0.53F;
 };

@@ -1,0 +1,30 @@
+// SPDX-FileCopyrightText: 2026 The lumo_ui_base authors
+// SPDX-License-Identifier: MIT
+
+#include "commands/smoothcommand.h"
+
+#include "mesh/meshoperations.h"
+
+#include <ui_base/QtUiToolkit>
+
+#include <utility>
+
+namespace Workbench {
+
+SmoothCommand::SmoothCommand(std::shared_ptr<MeshDocument> document)
+    : MeshCommand(std::move(document))
+{
+    setText(tr("&Smooth"));
+    setToolTip(tr("Take the noise out of the surface"));
+    setShortcut(Qt::CTRL + Qt::Key_M);
+    setIcon(Vela::UiBase::QtUiToolkit::Instance().CreateIcon(QStringLiteral("cmd_smooth")));
+}
+
+MeshCommand::Operation SmoothCommand::operation() const
+{
+    return [](const Mesh &mesh, const Cancellation &cancellation) {
+        return smoothed(mesh, SmoothSettings(), cancellation);
+    };
+}
+
+} // namespace Workbench

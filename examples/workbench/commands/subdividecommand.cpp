@@ -1,0 +1,40 @@
+// SPDX-FileCopyrightText: 2026 The lumo_ui_base authors
+// SPDX-License-Identifier: MIT
+
+#include "commands/subdividecommand.h"
+
+#include "mesh/meshoperations.h"
+#include "meshdocument.h"
+
+#include <ui_base/QtUiToolkit>
+
+#include <QLocale>
+
+#include <utility>
+
+namespace Workbench {
+
+SubdivideCommand::SubdivideCommand(std::shared_ptr<MeshDocument> document)
+    : MeshCommand(std::move(document))
+{
+    setText(tr("S&ubdivide"));
+    setToolTip(tr("Make four faces of each and round the surface"));
+    setShortcut(Qt::CTRL + Qt::Key_D);
+    setIcon(Vela::UiBase::QtUiToolkit::Instance().CreateIcon(QStringLiteral("cmd_subdivide")));
+}
+
+BackgroundCommand::Work SubdivideCommand::prepare()
+{
+    if (document().mesh().faces.size() <= maximumFaces)
+        return MeshCommand::prepare();
+    document().reportProblem(tr("A mesh with more than %1 faces is too large to be subdivided.")
+                                 .arg(QLocale().toString(maximumFaces)));
+    return {};
+}
+
+MeshCommand::Operation SubdivideCommand::operation() const
+{
+    return subdivided;
+}
+
+} // namespace Workbench

@@ -1,0 +1,60 @@
+// SPDX-FileCopyrightText: 2026 The lumo_ui_base authors
+// SPDX-License-Identifier: MIT
+
+#include "look.h"
+
+#include <QApplication>
+#include <QFont>
+#include <QMenu>
+#include <QPalette>
+#include <QProxyStyle>
+
+namespace Workbench {
+namespace {
+
+const QRgb panel = 0xF0F0F0;
+const QRgb text = 0x404040;
+const QRgb faintText = 0xA0A0A0;
+const QRgb accent = 0x5383B5;
+
+/// Fusion, with menu icons in the size that the library's icons are drawn for: scaled to the usual
+/// sixteen pixels they would blur.
+class Style : public QProxyStyle
+{
+public:
+    Style()
+        : QProxyStyle(QStringLiteral("Fusion"))
+    { }
+
+    int pixelMetric(PixelMetric metric, const QStyleOption *option,
+                    const QWidget *widget) const override
+    {
+        if (metric == PM_SmallIconSize && qobject_cast<const QMenu *>(widget))
+            return 24;
+        return QProxyStyle::pixelMetric(metric, option, widget);
+    }
+};
+
+} // namespace
+
+void applyLook(QApplication &application)
+{
+    application.setStyle(new Style); // owned by the application
+
+    QFont font(QStringLiteral("Arial"));
+    font.setPixelSize(12);
+    application.setFont(font);
+
+    QPalette palette {QColor(panel)};
+    for (const QPalette::ColorRole role :
+         {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText}) {
+        palette.setColor(role, QColor(text));
+        palette.setColor(QPalette::Disabled, role, QColor(faintText));
+    }
+    palette.setColor(QPalette::Base, Qt::white);
+    palette.setColor(QPalette::Highlight, QColor(accent));
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    application.setPalette(palette);
+}
+
+} // namespace Workbench

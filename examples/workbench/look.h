@@ -1,0 +1,14 @@
+// SPDX-FileCopyrightText: 2026 The lumo_ui_base authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+class QApplication;
+
+namespace Workbench {
+
+/// Gives @p application the font and the colours that the library's widgets are drawn for, on every
+/// desktop the same. Comes before the first widget.
+void applyLook(QApplication &application);
+
+} // namespace Workbench

@@ -1,0 +1,65 @@
+// SPDX-FileCopyrightText: 2026 The lumo_ui_base authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "commandset.h"
+
+#include <QMainWindow>
+
+namespace Workbench {
+
+class CommandClock;
+class MeshDocument;
+class MessageBanner;
+class StatusLine;
+class ViewPane;
+
+/// The window: menus of commands, a banner for problems, the view and the status line.
+///
+/// Closing it during a run cancels the run, takes the window from the screen at once and lets it
+/// close when the run has ended, so that no work is left when the process ends.
+class MainWindow : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    MainWindow();
+    ~MainWindow() override;
+
+    /// Begins to open the file at @p path.
+    void openFile(const QString &path);
+
+    const CommandSet &commands() const { return m_commands; }
+    CommandClock &clock() const { return *m_clock; }
+    MeshDocument &document() const { return *m_document; }
+    MessageBanner &banner() const { return *m_banner; }
+    StatusLine &statusLine() const { return *m_status; }
+    ViewPane &pane() const { return *m_pane; }
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+
+private:
+    void buildCommands();
+    void buildLayout();
+    void buildMenus();
+    void connectDocument();
+    void connectClock();
+
+    QString chooseFile();
+    void handleOpened();
+    void handleEnded(Vela::UiBase::CommandBase *command, qint64 microseconds);
+    void updateEnabled();
+    void cancelRuns();
+
+    const std::shared_ptr<MeshDocument> m_document;
+    const std::shared_ptr<CommandClock> m_clock;
+    MessageBanner *const m_banner;
+    ViewPane *const m_pane;
+    StatusLine *const m_status;
+    CommandSet m_commands;
+    bool m_isClosing = false;
+};
+
+} // namespace Workbench

@@ -1,0 +1,36 @@
+// SPDX-FileCopyrightText: 2026 The lumo_ui_base authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QStatusBar>
+
+class QLabel;
+
+namespace Workbench {
+
+struct Mesh;
+
+/// The line at the bottom of the window: the size of the mesh on the left, the latest command on
+/// the right.
+class StatusLine : public QStatusBar
+{
+    Q_OBJECT
+
+public:
+    explicit StatusLine(QWidget *parent = nullptr);
+
+    QString meshText() const;
+    QString commandText() const;
+
+    void showMesh(const Mesh &mesh);
+    void showRunning(const QString &command);
+    void showFinished(const QString &command, qint64 microseconds);
+    void showStopped(const QString &command);
+
+private:
+    QLabel *const m_mesh;
+    QLabel *const m_command;
+};
+
+} // namespace Workbench

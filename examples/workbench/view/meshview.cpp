@@ -1,0 +1,166 @@
+// SPDX-FileCopyrightText: 2026 The lumo_ui_base authors
+// SPDX-License-Identifier: MIT
+
+#include "view/meshview.h"
+
+#include "view/meshrenderer.h"
+
+#include <QGuiApplication>
+#include <QOpenGLContext>
+#include <QSurfaceFormat>
+#include <QWindow>
+
+namespace Workbench {
+namespace {
+
+constexpr float lineWidth = 1.0F; // logical pixels
+
+QSurfaceFormat surfaceFormat()
+{
+    QSurfaceFormat format;
+    format.setVersion(3, 3);
+    format.setProfile(QSurfaceFormat::CoreProfile);
+    format.setDepthBufferSize(24);
+    format.setSamples(4);
+    return format;
+}
+
+/// Whether the windows of this platform plugin are seen by nobody, so that OpenGL would draw for
+/// nobody either. Asking such a plugin for a context makes it print a warning.
+bool isWithoutScreen()
+{
+    const QString platform = QGuiApplication::platformName();
+    return platform == QLatin1String("offscreen") || platform == QLatin1String("minimal");
+}
+
+} // namespace
+
+MeshView::MeshView(QWidget *parent)
+    : QWidget(parent)
+{
+    setAttribute(Qt::WA_PaintOnScreen);
+    setAttribute(Qt::WA_NoSystemBackground);
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setAttribute(Qt::WA_DontCreateNativeAncestors);
+    setAttribute(Qt::WA_NativeWindow);
+    // The window object is there now and its native window is not, which is the moment to choose
+    // what kind of surface that is going to be.
+    windowHandle()->setSurfaceType(QSurface::OpenGLSurface);
+    windowHandle()->setFormat(surfaceFormat());
+}
+
+MeshView::~MeshView()
+{
+    if (m_renderer)
+        m_context->makeCurrent(windowHandle());
+    m_renderer.reset();
+}
+
+void MeshView::setMesh(const Mesh &mesh)
+{
+    m_mesh = mesh;
+    m_isUploadDue = true;
+    requestFrame();
+}
+
+void MeshView::frameMesh()
+{
+    m_camera.frame(boundsOf(m_mesh));
+    requestFrame();
+}
+
+bool MeshView::isWireframe() const
+{
+    return m_isWireframe;
+}
+
+void MeshView::setWireframe(bool isOn)
+{
+    if (isOn == m_isWireframe)
+        return;
+    m_isWireframe = isOn;
+    requestFrame();
+}
+
+bool MeshView::isFrameDue() const
+{
+    return m_isFrameDue && m_graphics != EGraphics::Unavailable;
+}
+
+QPaintEngine *MeshView::paintEngine() const
+{
+    return nullptr;
+}
+
+QSize MeshView::sizeHint() const
+{
+    return {960, 640};
+}
+
+void MeshView::requestFrame()
+{
+    m_isFrameDue = true;
+    update();
+}
+
+void MeshView::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    requestFrame();
+}
+
+void MeshView::paintEvent(QPaintEvent *event)
+{
+    Q_UNUSED(event)
+    if (windowHandle()->isExposed() && prepareGraphics())
+        drawFrame();
+}
+
+bool MeshView::prepareGraphics()
+{
+    if (m_graphics != EGraphics::Untried)
+        return m_graphics == EGraphics::Ready;
+    const QString reason = createGraphics();
+    m_graphics = reason.isEmpty() ? EGraphics::Ready : EGraphics::Unavailable;
+    if (reason.isEmpty())
+        return true;
+    Q_EMIT unavailable(reason);
+    return false;
+}
+
+/// Makes the context and what is drawn with it. Returns why that is not possible, or an empty text.
+QString MeshView::createGraphics()
+{
+    if (isWithoutScreen())
+        return tr("the platform \"%1\" has no screen").arg(QGuiApplication::platformName());
+    m_context = std::make_unique<QOpenGLContext>();
+    m_context->setFormat(windowHandle()->requestedFormat());
+    if (!m_context->create() || !m_context->makeCurrent(windowHandle()))
+        return tr("the display offers no OpenGL");
+    const QSurfaceFormat format = m_context->format();
+    if (format.version() < qMakePair(3, 3)) {
+        return tr("the display offers version %1.%2 only")
+            .arg(format.majorVersion())
+            .arg(format.minorVersion());
+    }
+    m_renderer = std::make_unique<MeshRenderer>();
+    const QString problem = m_renderer->errorText();
+    return problem.isEmpty() ? QString() : tr("the display's can't be used (%1)").arg(problem);
+}
+
+void MeshView::drawFrame()
+{
+    if (!m_context->makeCurrent(windowHandle()))
+        return;
+    if (m_isUploadDue)
+        m_renderer->upload(m_mesh);
+    const qreal ratio = devicePixelRatioF();
+    const QSize pixels = (QSizeF(size()) * ratio).toSize();
+    m_renderer->draw(m_camera, pixels, m_isWireframe ? lineWidth * float(ratio) : 0.0F);
+    m_context->swapBuffers(windowHandle());
+    m_isUploadDue = false;
+    m_isFrameDue = false;
+    Q_EMIT framePresented();
+}
+
+} // namespace Workbench
