@@ -29,7 +29,9 @@ public:
     int pixelMetric(PixelMetric metric, const QStyleOption *option,
                     const QWidget *widget) const override
     {
-        if (metric == PM_SmallIconSize && qobject_cast<const QMenu *>(widget))
+        // A style sheet that draws a menu item asks without naming the menu.
+        const bool isMenu = !widget || qobject_cast<const QMenu *>(widget);
+        if (metric == PM_SmallIconSize && isMenu)
             return 24;
         return QProxyStyle::pixelMetric(metric, option, widget);
     }

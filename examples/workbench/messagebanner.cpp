@@ -27,9 +27,10 @@ QToolButton *makeCloseButton(QWidget *parent)
 {
     auto *button = new QToolButton(parent);
     button->setObjectName(QStringLiteral("dismiss"));
-    button->setIcon(Vela::UiBase::QtUiToolkit::Instance().CreateIcon(QStringLiteral("cmd_close")));
-    button->setIconSize({24, 24});
-    button->setFixedSize(26, 26);
+    button->setIcon(
+        Vela::UiBase::QtUiToolkit::Instance().CreateIcon(QStringLiteral("sys_close_18.png")));
+    button->setIconSize({18, 18});
+    button->setFixedSize(24, 24);
     button->setFocusPolicy(Qt::TabFocus);
     button->setToolTip(MessageBanner::tr("Dismiss"));
     button->setAccessibleName(button->toolTip());
