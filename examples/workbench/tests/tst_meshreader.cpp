@@ -54,7 +54,8 @@ TEST_P(EveryFormat, givesAConnectedSurfaceWithNormals)
     ASSERT_EQ(result.mesh.positions.size(), 4);
     ASSERT_EQ(result.mesh.faces.size(), 4);
     ASSERT_EQ(result.mesh.normals.size(), 4);
-    for (const Edge &edge : MeshTopology(result.mesh).edges())
+    const MeshTopology topology(result.mesh);
+    for (const Edge &edge : topology.edges())
         EXPECT_FALSE(edge.isRim());
     EXPECT_NEAR(volume(result.mesh), 1.0 / 6.0, 1e-6);
 }

@@ -59,7 +59,7 @@ private Q_SLOTS:
         TestCase::cleanup();
     }
 
-    void hasANativeWindowInsideOneThatHasNoOther()
+    void hasANativeOpenGlWindowOfItsOwn()
     {
         QVERIFY(m_view->internalWinId() != 0);
         QVERIFY(m_view->windowHandle() != m_window->windowHandle());

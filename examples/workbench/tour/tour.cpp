@@ -23,7 +23,7 @@
 
 #include <QAbstractButton>
 #include <QCoreApplication>
-#include <QElapsedTimer>
+#include <QDeadlineTimer>
 #include <QGuiApplication>
 #include <QJsonDocument>
 #include <QLocale>
@@ -39,9 +39,8 @@
 namespace Workbench {
 namespace {
 
-constexpr int watchdogMilliseconds = 60'000;
-
-/// V - E + F, which no command here may change for the number of holes stays the same.
+/// Vertices minus edges plus faces: it tells how many holes and handles there are, which no command
+/// here changes.
 int eulerNumber(const Mesh &mesh)
 {
     return mesh.positions.size() - int(MeshTopology(mesh).edges().size()) + mesh.faces.size();
@@ -372,15 +371,18 @@ void Tour::compareTrace()
     }
 }
 
-bool Tour::waitUntil(const std::function<bool()> &isReached)
+bool Tour::waitUntil(const std::function<bool()> &isReached, int milliseconds)
 {
-    // The timer does nothing but end the wait for events that would never come.
-    QTimer watchdog;
-    watchdog.setSingleShot(true);
-    watchdog.start(watchdogMilliseconds);
-    while (!isReached() && watchdog.isActive())
+    // What the screen shows changes without an event, so the condition is looked at now and then.
+    QTimer pulse;
+    pulse.start(20);
+    const QDeadlineTimer deadline(milliseconds);
+    while (!isReached()) {
+        if (deadline.hasExpired())
+            return false;
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    return isReached();
+    }
+    return true;
 }
 
 /// Lets the window lay out, paint and present what changed.
@@ -440,8 +442,11 @@ void Tour::checkViewChanged(const QString &claim, const QImage &before, double l
 {
     if (!hasGraphics())
         return;
-    const double share = changedShare(before, viewPicture());
-    check(claim, share >= lowest && share <= highest);
+    const auto isChanged = [&] {
+        const double share = changedShare(before, viewPicture());
+        return share >= lowest && share <= highest;
+    };
+    check(claim, waitUntil(isChanged, 10'000));
 }
 
 void Tour::checkStatus()

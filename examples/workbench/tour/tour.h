@@ -62,7 +62,8 @@ private:
     void closeDuringRun();
     void compareTrace();
 
-    bool waitUntil(const std::function<bool()> &isReached);
+    /// Runs the event loop until @p isReached; false when that takes longer than anything here may.
+    bool waitUntil(const std::function<bool()> &isReached, int milliseconds = 60'000);
     void settle();
     bool isSettled() const;
     bool hasGraphics() const;
