@@ -199,14 +199,19 @@ void Tour::showMenu()
 {
     for (QAction *title : m_window.menuBar()->actions()) {
         begin(tr("Menu %1").arg(title->iconText()));
+        const QImage before = viewPicture();
         QMenu *menu = title->menu();
         m_window.menuBar()->setActiveAction(title);
         check(tr("the menu is shown"),
               waitUntil([menu] { return menu->isVisible() && menu->windowHandle()->isExposed(); }));
         checkMenu(*menu);
         finishWithPicture();
+
+        begin(tr("Menu %1 closed").arg(title->iconText()));
         menu->close();
         settle();
+        // Later steps compare with what the screen shows now.
+        checkViewChanged(tr("the menu is gone from the screen"), before, 0.0, 0.0);
     }
 }
 
