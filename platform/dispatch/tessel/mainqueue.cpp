@@ -43,9 +43,11 @@ std::chrono::nanoseconds coarseNow()
 #endif
 }
 
-// An exception that leaves posted work has nobody to reach: it ends the process here.
-void runPosted(Work work) noexcept
+// An exception that leaves posted work has nobody to reach: it ends the process here. The closure dies
+// with its run and not with the batch.
+void runPosted(Work &&posted) noexcept
 {
+    const Work work = std::move(posted);
     work();
 }
 

@@ -138,7 +138,7 @@ bool WorkerPools::post(Work &&work, EQualityOfService qos)
         return false;
     auto job = std::make_unique<Job>(std::move(work), qos);
     m_pools[indexOf(qos)]->start(job.get());
-    job.release();
+    static_cast<void>(job.release()); // the pool deletes it after its run
     return true;
 }
 
