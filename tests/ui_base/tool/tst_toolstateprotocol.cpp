@@ -3,6 +3,8 @@
 
 #include "ui_base/tool/toolstateprotocol.h"
 
+#include "ui_base/tool/virtualslot.h"
+
 #include <gtest/gtest.h>
 
 #include <type_traits>
@@ -55,6 +57,14 @@ TEST(ToolStateProtocol, reachesDelegateInTheExportedInstantiation)
     const std::vector<std::string> expected = {"activated", "deactivated", "began", "ended",
                                                "suspended", "resumed",     "cursor"};
     EXPECT_EQ(listener->heard, expected);
+}
+
+TEST(ToolStateProtocol, theOrderOfTheOperationsStays)
+{
+    using P = ToolStateProtocol;
+    EXPECT_TRUE(Lumo::Test::areInFollowingSlots(
+        &P::toolActivated, &P::toolDeactivated, &P::toolBeganOperating, &P::toolEndedOperating,
+        &P::toolSuspended, &P::toolResumed, &P::toolCursorChange));
 }
 
 } // namespace

@@ -3,6 +3,8 @@
 
 #include "ui_base/tool/viewresponder.h"
 
+#include "ui_base/tool/virtualslot.h"
+
 #include <QDragEnterEvent>
 #include <QMimeData>
 
@@ -115,6 +117,16 @@ TEST(ViewResponder, eachOfTheThirteenOperationsCanBeOverridden)
         "mouseEnter",       "mouseLeave", "mouseDragEnter", "mouseDragLeave", "mouseDragMove",
         "mouseDrop",        "keyPress",   "keyRelease"};
     EXPECT_EQ(heard, expected);
+}
+
+TEST(ViewResponder, theOrderOfTheOperationsStays)
+{
+    using R = ViewResponder;
+    EXPECT_EQ(Lumo::Test::virtualSlot(&R::mouseDoubleClick), 0u);
+    EXPECT_TRUE(Lumo::Test::areInFollowingSlots(
+        &R::mouseDoubleClick, &R::mouseMove, &R::mousePress, &R::mouseRelease, &R::mouseWheel,
+        &R::mouseEnter, &R::mouseLeave, &R::mouseDragEnter, &R::mouseDragLeave, &R::mouseDragMove,
+        &R::mouseDrop, &R::keyPress, &R::keyRelease));
 }
 
 } // namespace
