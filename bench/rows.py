@@ -133,10 +133,20 @@ def icon_rows():
               5)
 
 
+def tool_rows():
+    """With one stack there is nothing to share out, so the reset must cost no more than the loop."""
+    for stacks, goal in ((1, 1.1), (2, 0.55), (4, 0.55)):
+        yield compare("bench_toolstack", WALL,
+                      f"reset of {plural(stacks, 'tool stack')}, 20 us each, workers warm",
+                      "serial loop", f"resetLoop/{stacks}", f"resetStack/{stacks}",
+                      f"resetBare/{stacks}", goal=goal)
+
+
 ROWS = [
     *dispatch_rows(),
     *broadcast_rows(),
     *command_rows(),
     *manager_rows(),
     *icon_rows(),
+    *tool_rows(),
 ]

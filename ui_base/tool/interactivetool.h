@@ -53,15 +53,15 @@ enum EToolState : int {
 /// };
 /// @endcode
 ///
-/// A tool does nothing by itself: push it on a ToolStack, which takes it through its life and shares
-/// its ownership. Every change of state is guarded: asked for in another state than the one it
-/// starts from, it does nothing and tells nobody. Observers see the new state already. They may pop
-/// or push the tool from within their call, and delete it.
+/// A tool does nothing by itself: push it on a ToolStack, which takes it through its life and
+/// shares its ownership. Every change of state is guarded: asked for in another state than the one
+/// it starts from, it does nothing and tells nobody. Observers see the new state already. They may
+/// pop or push the tool from within their call, and delete it.
 ///
 /// A tool has no lock. Everything happens on the main thread, with one exception: while
 /// ToolStack::resetTools() runs, activate(), suspend(), resume() and deactivate() are called on any
-/// thread, at the same time as those of tools of other buttons. Overrides of the four, and observers
-/// that are called directly, must be ready for that.
+/// thread, at the same time as those of tools of other buttons. Overrides of the four, and
+/// observers that are called directly, must be ready for that.
 /// \sa ToolStack, docs/tools.md
 class LUMO_UI_BASE_EXPORT InteractiveTool : public ViewResponder,
                                             public Tessel::Delegator<ToolStateProtocol>
@@ -93,9 +93,9 @@ public:
     /// Takes the event only while the tool operates and the button that started the operation is
     /// among those held. Changes no state, also when that button has come up unseen.
     bool mouseMove(QMouseEvent *event) override;
-    /// Takes every press that reaches the active tool, keeps a copy of it as startEvent() and starts
-    /// the operation, which goes on until the same button comes up. In any other state the press is
-    /// not taken and the copy stays as it is.
+    /// Takes every press that reaches the active tool, keeps a copy of it as startEvent() and
+    /// starts the operation, which goes on until the same button comes up. In any other state the
+    /// press is not taken and the copy stays as it is.
     bool mousePress(QMouseEvent *event) override;
     /// Ends the operation when @p event is of the button that started it. Other events are not
     /// taken.
@@ -103,8 +103,8 @@ public:
 
     /// From inactive to active; toolActivated() is sent.
     virtual void activate();
-    /// From active to suspended; toolSuspended() is sent. An operating tool has to end its operation
-    /// first.
+    /// From active to suspended; toolSuspended() is sent. An operating tool has to end its
+    /// operation first.
     virtual void suspend();
     /// From suspended to active; toolResumed() is sent.
     virtual void resume();

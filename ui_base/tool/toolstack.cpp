@@ -71,6 +71,22 @@ private:
     Tools m_taken;
 };
 
+/// Stands in where there is no tool. All stacks share one, so nothing may bring it to life.
+class EmptyTool : public InteractiveTool
+{
+public:
+    EmptyTool()
+        : InteractiveTool(nullptr)
+    { }
+    void activate() override { }
+};
+
+const ToolPtr &emptyTool()
+{
+    static const ToolPtr tool = std::make_shared<EmptyTool>();
+    return tool;
+}
+
 void cycle(InteractiveTool &tool)
 {
     if (tool.isActive()) {
@@ -208,7 +224,7 @@ void ToolStack::clearTools()
 
 void ToolStack::pushTool(EToolActivationButton button, std::shared_ptr<InteractiveTool> tool)
 {
-    if (!tool || d->isResetting)
+    if (!tool || tool == emptyTool() || d->isResetting)
         return;
     const std::shared_ptr<ToolStateProtocol> self = shared_from_this();
     d->suspendTop(button);
@@ -241,8 +257,7 @@ std::shared_ptr<InteractiveTool> ToolStack::getTool(EToolActivationButton button
 {
     if (ToolPtr tool = d->top(button))
         return tool;
-    static const auto emptyTool = std::make_shared<InteractiveTool>(nullptr);
-    return emptyTool;
+    return emptyTool();
 }
 
 std::shared_ptr<InteractiveTool> ToolStack::getOperatingTool() const

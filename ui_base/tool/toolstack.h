@@ -61,7 +61,7 @@ public:
 
     /// Suspends the top of the stack of @p button, puts @p tool on it, makes this stack the tool's
     /// delegate, which removes all its observers, and activates it. An operating top goes on
-    /// operating below. Null is ignored.
+    /// operating below. Null and the empty tool of getTool() are ignored.
     ///
     /// A tool may be on more than one stack when it is ready for its delegate to be replaced by the
     /// later push and removed by the first pop.
@@ -71,8 +71,8 @@ public:
     /// suspended comes off in that state.
     /// @return the tool taken off; null when there is none
     virtual std::shared_ptr<InteractiveTool> popTool(EToolActivationButton button);
-    /// The top of the stack of @p button. Without one the empty tool, which consumes no input and is
-    /// the same for all stacks; never null. Never push the empty tool.
+    /// The top of the stack of @p button. Without one the empty tool, which consumes no input and
+    /// is the same for all stacks; never null.
     virtual std::shared_ptr<InteractiveTool> getTool(EToolActivationButton button);
     /// The tool that operates on top of any stack, or null. An operating tool below the top is not
     /// seen. With several of them, which take more than the mouse to get, it is any one.
@@ -81,15 +81,15 @@ public:
     /// Whether there is no tool for @p button.
     bool isEmpty(EToolActivationButton button);
 
-    /// Takes every active or suspended tool through one full cycle, so that it can make anew what it
-    /// derives from the view or the document: an active one is deactivated and activated, a
-    /// suspended one resumed, deactivated, activated and suspended. Operating and inactive tools are
-    /// left alone.
+    /// Takes every active or suspended tool through one full cycle, so that it can make anew what
+    /// it derives from the view or the document: an active one is deactivated and activated, a
+    /// suspended one resumed, deactivated, activated and suspended. Operating and inactive tools
+    /// are left alone.
     ///
     /// Each stack goes from its top down, with each tool off the stack during its cycle. The stacks
     /// go in parallel, on this thread and on workers, and the call returns when all are done. Tools
-    /// of one stack never run at the same time, and neither do those of any two stacks when one tool
-    /// is on both. Afterwards each stack is as it was.
+    /// of one stack never run at the same time, and neither do those of any two stacks when one
+    /// tool is on both. Afterwards each stack is as it was.
     ///
     /// An exception out of a tool reaches the caller; the tools that had not had their turn may go
     /// without. A call from within a reset does nothing.

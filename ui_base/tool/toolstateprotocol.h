@@ -10,15 +10,15 @@ namespace Vela::UiBase {
 
 class InteractiveTool;
 
-/// Hears of the life of tools. The stack that a tool is on is its one observer; register others with
-/// addObserver() after the push, which removes those there are. All operations do nothing by
+/// Hears of the life of tools. The stack that a tool is on is its one observer; register others
+/// with addObserver() after the push, which removes those there are. All operations do nothing by
 /// default.
 ///
 /// A tool has its new state already when it tells of it. An observer that is called directly hears
-/// it on the thread that changed the tool: the main one, or any worker while ToolStack::resetTools()
-/// runs. The tool is the sender and is not kept alive: an observer that is served on the main queue
-/// can hear of a tool that has died meanwhile, and may then use the pointer for comparison only.
-/// Copying or moving an observer copies none of its registrations.
+/// it on the thread that changed the tool: the main one, or any worker while
+/// ToolStack::resetTools() runs. The tool is the sender and is not kept alive: an observer that is
+/// served on the main queue can hear of a tool that has died meanwhile, and may then use the
+/// pointer for comparison only. Copying or moving an observer copies none of its registrations.
 class LUMO_UI_BASE_EXPORT ToolStateProtocol
 {
 public:

@@ -10,7 +10,8 @@
 
 namespace Lumo::Test {
 
-/// A stack that writes down what its tools tell it before it acts on it, as a view controller would.
+/// A stack that writes down what its tools tell it before it acts on it, as a view controller
+/// would.
 class RecordingStack : public Vela::UiBase::ToolStack
 {
 public:

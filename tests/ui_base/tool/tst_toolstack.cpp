@@ -232,6 +232,18 @@ TEST_F(ToolStackTest, theEmptyToolIsOneForAllAndConsumesNothing)
     EXPECT_TRUE(stack->isEmpty(eToolButtonLeft));
 }
 
+TEST_F(ToolStackTest, nothingBringsTheEmptyToolToLife)
+{
+    const auto empty = stack->getTool(eToolButtonLeft);
+    empty->activate();
+    EXPECT_FALSE(empty->isActive());
+    const Tool tool = push(eToolButtonLeft, "t");
+    stack->pushTool(eToolButtonLeft, empty);
+    EXPECT_EQ(stack->getTool(eToolButtonLeft), tool);
+    EXPECT_TRUE(tool->isActive());
+    EXPECT_EQ(empty->getDelegate(), nullptr);
+}
+
 TEST_F(ToolStackTest, anOperatingToolGoesOnBelowAndIsNotSeen)
 {
     const Tool below = push(eToolButtonLeft, "below");

@@ -359,8 +359,8 @@ TEST_F(ToolStackReset, toolsAndTheStackMayLoseTheirLastOwnerInACycle)
     EXPECT_TRUE(guard.expired());
 }
 
-// What a debugger of races is to see: tools, observers and stacks of several buttons in many cycles,
-// between changes made on the main thread.
+// What a debugger of races is to see: tools, observers and stacks of several buttons in many
+// cycles, between changes made on the main thread.
 TEST_F(ToolStackReset, manyResetsOfSeveralStacksBetweenChanges)
 {
     std::vector<Tool> tools;

@@ -5,11 +5,12 @@
 
 #include "ui_base/tool/virtualslot.h"
 
+#include <gtest/gtest.h>
+
+#include <QApplication>
 #include <QDragEnterEvent>
 #include <QGuiApplication>
 #include <QMimeData>
-
-#include <gtest/gtest.h>
 
 #include <type_traits>
 
@@ -70,6 +71,16 @@ private:
     }
 };
 
+/// Drag events are made with an application only.
+class ViewResponderTest : public testing::Test
+{
+protected:
+    int argc = 1;
+    char name[18] = "tst_viewresponder";
+    char *argv[2] = {name, nullptr};
+    QApplication application {argc, argv};
+};
+
 /// Sends one event of each of the thirteen kinds, in the order of the interface, and collects what
 /// @p call answers.
 template<typename Call>
@@ -105,14 +116,14 @@ auto sendAll(ViewResponder &responder, const Call &call)
     return answers;
 }
 
-TEST(ViewResponder, consumesNothingByDefault)
+TEST_F(ViewResponderTest, consumesNothingByDefault)
 {
     Bystander bystander;
     const auto answers = sendAll(bystander, [](bool consumed) { return int(consumed); });
     EXPECT_EQ(answers, std::vector<int>(13, 0));
 }
 
-TEST(ViewResponder, eachOfTheThirteenOperationsCanBeOverridden)
+TEST_F(ViewResponderTest, eachOfTheThirteenOperationsCanBeOverridden)
 {
     Listener listener;
     const auto heard = sendAll(listener, [&listener](bool consumed) {
@@ -125,7 +136,7 @@ TEST(ViewResponder, eachOfTheThirteenOperationsCanBeOverridden)
     EXPECT_EQ(heard, expected);
 }
 
-TEST(ViewResponder, theOrderOfTheOperationsStays)
+TEST_F(ViewResponderTest, theOrderOfTheOperationsStays)
 {
     using R = ViewResponder;
     EXPECT_EQ(Lumo::Test::virtualSlot(&R::mouseDoubleClick), 0u);

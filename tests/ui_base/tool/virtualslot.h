@@ -8,9 +8,9 @@
 
 namespace Lumo::Test {
 
-/// The place of a virtual operation in its class's table, in bytes from the first one. Programs that
-/// were built against an earlier version call by these places, so their order must not change. Reads
-/// what the C++ ABI shared by g++ and clang++ keeps in a pointer to a member.
+/// The place of a virtual operation in its class's table, in bytes from the first one. Programs
+/// that were built against an earlier version call by these places, so their order must not change.
+/// Reads what the C++ ABI shared by g++ and clang++ keeps in a pointer to a member.
 template<typename Operation>
 std::size_t virtualSlot(Operation operation)
 {
