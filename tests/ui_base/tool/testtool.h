@@ -57,9 +57,11 @@ public:
 
     void activate() override
     {
+        // A copy, since the tool may die of being activated.
+        const std::function<void()> hook = onActivate;
         InteractiveTool::activate();
-        if (onActivate)
-            onActivate();
+        if (hook)
+            hook();
     }
 
     std::function<void()> onActivate;
