@@ -9,7 +9,6 @@
 
 #include <QApplication>
 #include <QDragEnterEvent>
-#include <QGuiApplication>
 #include <QMimeData>
 
 #include <type_traits>
@@ -86,11 +85,6 @@ protected:
 template<typename Call>
 auto sendAll(ViewResponder &responder, const Call &call)
 {
-    // Drag events ask the platform plugin for the default action.
-    int argc = 1;
-    char name[] = "tst_viewresponder";
-    char *argv[] = {name, nullptr};
-    const QGuiApplication application(argc, argv);
     QMouseEvent mouse(QEvent::MouseButtonPress, {1, 2}, Qt::LeftButton, Qt::LeftButton, {});
     QWheelEvent wheel({1, 2}, {1, 2}, {}, {0, 120}, {}, {}, Qt::NoScrollPhase, false);
     QEvent enter(QEvent::Enter);
