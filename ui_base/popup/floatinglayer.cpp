@@ -1,0 +1,346 @@
+// SPDX-FileCopyrightText: 2026 The lumo_ui_base authors
+// SPDX-License-Identifier: MIT
+
+#include "ui_base/popup/floatinglayer.h"
+
+#include <lumo_app_service/ApplicationService>
+
+#include <QEvent>
+#include <QKeyEvent>
+#include <QMoveEvent>
+#include <QPointer>
+#include <QResizeEvent>
+#include <QVariant>
+#include <QVector>
+#include <QWindow>
+
+namespace Vela::UiBase {
+namespace {
+
+const char *const OriginalParentProperty = "vela_widget_orig_parent";
+const char *const IsFloatingProperty = "vela_widget_is_floating";
+
+QPoint corner(const QMargins &margins)
+{
+    return {margins.left(), margins.top()};
+}
+
+QSize grown(const QSize &size, const QMargins &margins)
+{
+    return size + QSize(margins.left() + margins.right(), margins.top() + margins.bottom());
+}
+
+// The parent that a position of the widget is relative to; a window stands on the screen whoever
+// its parent is.
+QWidget *parentOnScreen(const QWidget &widget)
+{
+    return widget.isWindow() ? nullptr : widget.parentWidget();
+}
+
+// The property is a plain pointer and has to be null before it dangles.
+void recordOriginalParent(QWidget *w, QWidget *parent)
+{
+    const bool isKnown = parent && FloatingLayer::getWidgetOriginalParent(w) == parent;
+    w->setProperty(OriginalParentProperty, QVariant::fromValue(parent));
+    if (!parent || isKnown)
+        return;
+    QObject::connect(parent, &QObject::destroyed, w, [w, parent] {
+        if (FloatingLayer::getWidgetOriginalParent(w) == parent)
+            w->setProperty(OriginalParentProperty, QVariant::fromValue<QWidget *>(nullptr));
+    });
+}
+
+} // namespace
+
+class FloatingLayerPrivate
+{
+public:
+    explicit FloatingLayerPrivate(FloatingLayer *layer)
+        : q(layer)
+    { }
+
+    void handleWidgetEvent(QEvent *event);
+    void handleParentEvent(QObject *watched, QEvent *event);
+    void onAttachedWidgetMove(const QPoint &position);
+    void onAttachedWidgetResize(const QSize &size);
+    void onParentWidgetMove(const QPoint &position);
+    void updateGeometry();
+    void putWidgetAtCorner();
+    void followIntoOtherWindow();
+    void letGo();
+
+    FloatingLayer *const q;
+    QPointer<QWidget> attachedWidget;
+    QPoint widgetPos {-1, -1};
+    QMargins margins;
+    // The parent and what it stands in, up to its window: each of them can carry it along.
+    QVector<QPointer<QWidget>> watchedParents;
+};
+
+void FloatingLayerPrivate::handleWidgetEvent(QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::Move:
+        onAttachedWidgetMove(static_cast<QMoveEvent *>(event)->pos());
+        break;
+    case QEvent::Resize:
+        onAttachedWidgetResize(static_cast<QResizeEvent *>(event)->size());
+        break;
+    case QEvent::Show:
+    case QEvent::ShowToParent:
+        // A spontaneous one says that the layer itself was restored or minimised.
+        if (!event->spontaneous())
+            q->show();
+        break;
+    case QEvent::Hide:
+    case QEvent::HideToParent:
+        if (!event->spontaneous())
+            q->hide();
+        break;
+    case QEvent::ParentChange:
+        if (attachedWidget->parentWidget() != q)
+            letGo();
+        break;
+    default:
+        break;
+    }
+}
+
+void FloatingLayerPrivate::handleParentEvent(QObject *watched, QEvent *event)
+{
+    QWidget *const parent = q->parentWidget();
+    if (event->type() == QEvent::Move) {
+        const bool isParent = watched == parent;
+        onParentWidgetMove(isParent ? static_cast<QMoveEvent *>(event)->pos() : parent->pos());
+    } else if (event->type() == QEvent::ParentChange) {
+        q->setEventFilterForParentWidget(true);
+        followIntoOtherWindow();
+    }
+}
+
+void FloatingLayerPrivate::onAttachedWidgetMove(const QPoint &position)
+{
+    if (!attachedWidget)
+        return;
+    q->setEventFilterForAttachedWidget(false);
+    widgetPos = position;
+    const QWidget *const parent = q->parentWidget();
+    const QPoint origin = parent ? parent->mapToGlobal(QPoint(0, 0)) : QPoint(0, 0);
+    q->move(origin + position - corner(margins));
+    putWidgetAtCorner();
+    q->setEventFilterForAttachedWidget(true);
+}
+
+void FloatingLayerPrivate::putWidgetAtCorner()
+{
+    attachedWidget->move(corner(margins));
+    // A hidden widget keeps the event of a move until it is shown, where it would be taken for a
+    // move by the owner. An owner who moves the widget in the meantime sets the mark again.
+    attachedWidget->setAttribute(Qt::WA_PendingMoveEvent, false);
+}
+
+void FloatingLayerPrivate::onAttachedWidgetResize(const QSize &size)
+{
+    q->resize(grown(size, margins));
+}
+
+void FloatingLayerPrivate::onParentWidgetMove(const QPoint &position)
+{
+    const QWidget *const parent = q->parentWidget();
+    if (!attachedWidget || !parent)
+        return;
+    const QWidget *const grandparent = parentOnScreen(*parent);
+    const QPoint origin =
+        grandparent ? grandparent->mapToGlobal(position) : parent->mapToGlobal(QPoint(0, 0));
+    q->move(origin + widgetPos - corner(margins));
+}
+
+void FloatingLayerPrivate::updateGeometry()
+{
+    if (!attachedWidget)
+        return;
+    onAttachedWidgetMove(widgetPos);
+    q->resize(grown(attachedWidget->size(), margins));
+    if (const QWidget *parent = q->parentWidget())
+        onParentWidgetMove(parent->pos());
+}
+
+// A dock widget that is pulled out takes its children to a window of its own: the layer has to stand
+// above that one from now on.
+void FloatingLayerPrivate::followIntoOtherWindow()
+{
+    const QWidget *const parent = q->parentWidget();
+    if (QWindow *const window = q->windowHandle())
+        window->setTransientParent(parent->window()->windowHandle());
+    onParentWidgetMove(parent->pos());
+}
+
+void FloatingLayerPrivate::letGo()
+{
+    q->setEventFilterForAttachedWidget(false);
+    if (attachedWidget)
+        QObject::disconnect(attachedWidget, &QObject::destroyed, q, nullptr);
+    attachedWidget.clear();
+    q->hide();
+    if (!q->parentWidget())
+        q->deleteLater();
+}
+
+FloatingLayer::FloatingLayer(QWidget *w, const QMargins &margins)
+    : QDialog(w->parentWidget(), Qt::FramelessWindowHint)
+    , d(std::make_unique<FloatingLayerPrivate>(this))
+{
+    initialize();
+    attach(w);
+    setMargins(margins);
+    Services::ApplicationService::GetInstance().addAppStateDelegate(this);
+}
+
+FloatingLayer::~FloatingLayer()
+{
+    Services::ApplicationService::GetInstance().removeAppStateDelegate(this);
+    detach();
+}
+
+void FloatingLayer::initialize()
+{
+    setObjectName(QStringLiteral("floating layer"));
+    setFocusPolicy(Qt::NoFocus);
+    setAttribute(Qt::WA_ShowWithoutActivating);
+    setAttribute(Qt::WA_TranslucentBackground);
+}
+
+bool FloatingLayer::makeWidgetFloating(QWidget *w, QMargins margins)
+{
+    if (!w)
+        return false;
+    if (isWidgetFloating(w) || qobject_cast<FloatingLayer *>(w->parentWidget()))
+        return true;
+    // Owned by the parent of the widget; without one it goes when it loses the widget.
+    const auto *const layer = new FloatingLayer(w, margins);
+    return w->parentWidget() == layer;
+}
+
+bool FloatingLayer::isWidgetFloating(QWidget *w)
+{
+    return w && w->property(OriginalParentProperty).toBool();
+}
+
+QWidget *FloatingLayer::getWidgetOriginalParent(QWidget *w)
+{
+    return w ? w->property(OriginalParentProperty).value<QWidget *>() : nullptr;
+}
+
+QPoint FloatingLayer::getWidgetOffset(QWidget *w)
+{
+    const auto *const layer = w ? qobject_cast<FloatingLayer *>(w->parentWidget()) : nullptr;
+    return layer ? corner(layer->d->margins) : QPoint(0, 0);
+}
+
+void FloatingLayer::attach(QWidget *w)
+{
+    d->attachedWidget = w;
+    d->widgetPos = w->pos();
+    QWidget *const recorded = getWidgetOriginalParent(w);
+    QWidget *const parent = recorded ? recorded : w->parentWidget();
+    // Without the flags the layer would become an ordinary child.
+    if (parentWidget() != parent)
+        setParent(parent, windowFlags());
+    w->setParent(this);
+    recordOriginalParent(w, parent);
+    w->setProperty(IsFloatingProperty, true);
+    setEventFilterForParentWidget(true);
+    setEventFilterForAttachedWidget(true);
+    // Qt tells nobody that a visible child dies, and an empty layer would swallow the mouse.
+    connect(w, &QObject::destroyed, this, [this] { d->letGo(); });
+    d->updateGeometry();
+}
+
+void FloatingLayer::detach()
+{
+    QWidget *const w = d->attachedWidget;
+    if (!w)
+        return;
+    setEventFilterForParentWidget(false);
+    setEventFilterForAttachedWidget(false);
+    w->setParent(nullptr);
+    setParent(nullptr, windowFlags());
+}
+
+void FloatingLayer::setMargins(const QMargins &margins)
+{
+    d->margins = margins;
+    d->updateGeometry();
+}
+
+void FloatingLayer::setEventFilterForAttachedWidget(bool on)
+{
+    if (!d->attachedWidget)
+        return;
+    d->attachedWidget->removeEventFilter(this);
+    if (on)
+        d->attachedWidget->installEventFilter(this);
+}
+
+void FloatingLayer::setEventFilterForParentWidget(bool on)
+{
+    for (const QPointer<QWidget> &watched : std::as_const(d->watchedParents)) {
+        if (watched)
+            watched->removeEventFilter(this);
+    }
+    d->watchedParents.clear();
+    for (QWidget *w = on ? parentWidget() : nullptr; w; w = parentOnScreen(*w)) {
+        w->installEventFilter(this);
+        d->watchedParents << w;
+    }
+}
+
+void FloatingLayer::setVisible(bool visible)
+{
+    QDialog::setVisible(visible);
+    if (visible)
+        raise();
+}
+
+void FloatingLayer::appMoved(const QPoint &)
+{
+    if (const QWidget *parent = parentWidget())
+        d->onParentWidgetMove(parent->pos());
+}
+
+void FloatingLayer::appResized(const QSize &)
+{
+    if (d->attachedWidget)
+        d->onAttachedWidgetResize(d->attachedWidget->size());
+}
+
+void FloatingLayer::appWindowStateChanged(const Qt::WindowStates &, const Qt::WindowStates &) { }
+
+bool FloatingLayer::eventFilter(QObject *watched, QEvent *event)
+{
+    // Showing and hiding the layer runs code of others, which may end the one or the other.
+    const QPointer<FloatingLayer> self(this);
+    const QPointer<QObject> receiver(watched);
+    if (watched == d->attachedWidget)
+        d->handleWidgetEvent(event);
+    else if (d->attachedWidget && parentWidget())
+        d->handleParentEvent(watched, event);
+    if (!receiver)
+        return true;
+    return self && QObject::eventFilter(watched, event);
+}
+
+void FloatingLayer::keyPressEvent(QKeyEvent *event)
+{
+    switch (event->key()) {
+    case Qt::Key_Escape:
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        event->ignore();
+        break;
+    default:
+        QDialog::keyPressEvent(event);
+    }
+}
+
+} // namespace Vela::UiBase
