@@ -55,14 +55,17 @@ QWidget *makeProgress()
 // 3. Nothing waits for the bars: each call returns at once.
 void showMessages(QWidget &window)
 {
-    addView(window, 0, 0)->ShowSimpleText(QStringLiteral("3 meshes were imported."),
-                                          eNotificationFadeInOut, Minute, false);
-    addView(window, 0, 1)->ShowSimpleText(
-        QStringLiteral("The mesh has 12 holes. Close them before it is printed, or choose a "
-                       "material that forgives."),
-        eNotificationFadeOutOnly, Minute, true);
-    addView(window, 1, 0)->ShowSimpleText(QStringLiteral("Smoothing 1,240,000 triangles"),
-                                          eNotificationPulse, 0, false);
+    addView(window, 0, 0)
+        ->ShowSimpleText(QStringLiteral("3 meshes were imported."), eNotificationFadeInOut, Minute,
+                         false);
+    addView(window, 0, 1)
+        ->ShowSimpleText(
+            QStringLiteral("The mesh has 12 holes. Close them before it is printed, or choose a "
+                           "material that forgives."),
+            eNotificationFadeOutOnly, Minute, true);
+    addView(window, 1, 0)
+        ->ShowSimpleText(QStringLiteral("Smoothing 1,240,000 triangles"), eNotificationPulse, 0,
+                         false);
     addView(window, 1, 1)->ShowControl(makeProgress(), eNotificationFadeInOut, Minute, true);
 }
 
