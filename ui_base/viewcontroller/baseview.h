@@ -5,10 +5,26 @@
 
 #include "ui_base/uibaseexport.h"
 
+#include <lumo_app_service/ApplicationStateProtocol>
+
 #include <QObject>
+#include <QSizePolicy>
+#include <qwindowdefs.h>
 
 #include <memory>
 
+class QCloseEvent;
+class QCursor;
+class QHideEvent;
+class QLayout;
+class QMoveEvent;
+class QPaintEvent;
+class QPoint;
+class QRect;
+class QRegion;
+class QResizeEvent;
+class QShowEvent;
+class QSize;
 class QWidget;
 
 namespace Vela::UiBase {
@@ -16,10 +32,22 @@ namespace Vela::UiBase {
 class BaseViewController;
 class BaseViewPrivate;
 
-/// The glue between one widget and one view controller. It is no widget itself but a child of the
-/// one that it makes: closing that deletes it, the view with it, and with the view the last owner
-/// of the controller. Main thread only.
-class LUMO_UI_BASE_EXPORT BaseView : public QObject
+/// The glue between one widget and one view controller: all input of a view enters the library here.
+///
+/// A view is no widget itself but a child of the one that it makes. It watches that widget, translates
+/// its events into the calls of ViewResponder and of the controller's life cycle, and hides and shows
+/// it with the minimised main window. Closing the widget deletes it, the view with it, and with the
+/// view the last owner of the controller.
+///
+/// What the controller and the hooks below do in an event may close or move the view, let go of the
+/// controller and delete the view. The widget may be deleted in its input and its close, but not
+/// while Qt shows, hides, moves or resizes it: close it instead. An exception that they throw ends in
+/// a warning, since Qt can't take it.
+///
+/// Forwarders of a view whose widget has gone do nothing and answer as of a widget that was closed:
+/// hidden, of no size, with nothing set. Main thread only.
+/// \sa BaseViewController, docs/views.md
+class LUMO_UI_BASE_EXPORT BaseView : public QObject, public Services::ApplicationStateProtocol
 {
     Q_OBJECT
 
@@ -31,7 +59,7 @@ public:
     /// The same with the widget of the view @p parent as the parent; null, or a view whose widget
     /// has gone, makes a window.
     BaseView(BaseView *parent, Qt::WindowFlags flags);
-    /// Lets go of the controller.
+    /// Lets go of the controller. The widget, if it lives on, is a plain widget from then on.
     ~BaseView() override;
 
     /// The view of @p widget: null for null, and for a widget that has none of its own, also when
@@ -40,14 +68,120 @@ public:
 
     /// The widget, or null when it has gone.
     QWidget *getQtWidget() const;
+    /// The same, so that what has no forwarder can be called; mind the null.
+    QWidget *operator->() const;
+    /// Moves the view to @p widget, which takes over the parent of the present one and is deleted
+    /// when it is closed. The present one is closed as by the user, so a loaded controller hears
+    /// viewWillClose(), but can't hold it back, and is loaded again when the new widget is shown.
+    /// Null, the present widget and a widget around it are ignored.
+    virtual void setQtWidget(QWidget *widget);
 
     /// Takes over @p controller, which is adopted when nobody owns it yet. A controller that has
-    /// another view leaves that, and its widget is closed. Null lets go of the present controller.
+    /// another view leaves that, and its widget is closed, which the controller can't refuse. The
+    /// controller that was here before has no view afterwards and dies unless somebody shares it.
+    /// Null lets go of the present controller; the present one is ignored.
+    ///
+    /// A widget that is visible already stays as it is: the controller's life cycle begins with the
+    /// next show.
     virtual void setViewController(BaseViewController *controller);
     /// The controller, or null.
     BaseViewController *getViewController() const;
 
+    /// Makes the widget of @p parent the parent of this view's widget, which is hidden by that; null,
+    /// or a view whose widget has gone, makes a window of it. A view inside this one is ignored.
+    virtual void setParentView(BaseView *parent);
+
+    /// Whether the widget and all widgets below it, at any depth, are deleted when they are closed.
+    void setDeleteOnCloseAttribute(bool on);
+
+    void adjustSize();
+    void clearFocus();
+    /// Closes the widget; false when the view or its controller refused. True when it has gone.
+    bool close();
+    void hide();
+    void raise();
+    void show();
+    void update();
+    void unsetCursor();
+    void setFocus();
+    void setFocusPolicy(Qt::FocusPolicy policy);
+    void resize(const QSize &size);
+    void setAcceptDrops(bool on);
+    void setAttribute(Qt::WidgetAttribute attribute, bool on = true);
+    bool testAttribute(Qt::WidgetAttribute attribute) const;
+    void setAutoFillBackground(bool enabled);
+    bool getAutoFillBackground() const;
+    void setCursor(const QCursor &cursor);
+    QCursor getCursor() const;
+    void setGeometry(const QRect &geometry);
+    /// The geometry in the parent's coordinates. The reference is good as long as the widget lives.
+    const QRect &getGeometry() const;
+    QRect getRect() const;
+    QSize getSize() const;
+    int getWidth() const;
+    int getHeight() const;
+    QLayout *getLayout() const;
+    /// Hands @p layout to the widget. Null is ignored; without a widget it stays with the caller.
+    void setLayout(QLayout *layout);
+    QRegion getMask() const;
+    void setMouseTracking(bool enable);
+    void setSizePolicy(QSizePolicy policy);
+    void setSizePolicy(QSizePolicy::Policy horizontal, QSizePolicy::Policy vertical);
+    WId getWinId() const;
+    WId getEffectiveWinId() const;
+    bool isHidden() const;
+    bool isVisible() const;
+    /// The global position @p position in the widget's coordinates; unchanged without a widget.
+    QPoint mapFromGlobal(const QPoint &position) const;
+    /// The position @p position of the widget in global coordinates; unchanged without a widget.
+    QPoint mapToGlobal(const QPoint &position) const;
+
+    /// Translates the events of the widget. When the main window is deactivated with Alt held, posts
+    /// the release of that key to this object, which reaches no controller.
+    /// @return whether the event ends here, because the controller consumed it or refused a close
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+    /// Hides the widget with the minimised main window and shows it again when that is restored,
+    /// unless it was hidden before.
+    void appWindowStateChanged(const Qt::WindowStates &oldState,
+                               const Qt::WindowStates &newState) override;
+
+Q_SIGNALS:
+    /// The widget was shown and the controller has heard of it. The controller's viewDidAppear()
+    /// follows on the next turn of the event loop.
+    void viewShown();
+
+protected:
+    /// Gives the widget focus and turns on mouse tracking and drops. Like all of these hooks it runs
+    /// before the controller and the widget get the event.
+    virtual void showEvent(QShowEvent *event);
+    /// Takes focus, mouse tracking and drops from the widget.
+    virtual void hideEvent(QHideEvent *event);
+    /// Accepts the event. One that an override ignores keeps the widget open, and the controller is
+    /// not asked.
+    virtual void closeEvent(QCloseEvent *event);
+    /// The widget has a new size. Nothing by default.
+    virtual void resizeEvent(QResizeEvent *event);
+    /// The widget has a new position. Nothing by default.
+    virtual void moveEvent(QMoveEvent *event);
+    /// The widget has a new native window. Nothing by default.
+    virtual void winIdChangeEvent(QEvent *event);
+    /// The widget is about to paint itself, and paints over what the hook does. Nothing by default.
+    virtual void paintEvent(QPaintEvent *event);
+    /// The pointer came in. Nothing by default.
+    virtual void enterEvent(QEvent *event);
+    /// The pointer left. Nothing by default.
+    virtual void leaveEvent(QEvent *event);
+
 private:
+    friend class BaseViewPrivate;
+
+    // A view belongs to its widget; setParentView() and setQtWidget() move it.
+    using QObject::setParent;
+    void init(QWidget *parent, Qt::WindowFlags flags);
+    void closeRegardless();
+    void giveUp(BaseViewController *controller);
+
     const std::unique_ptr<BaseViewPrivate> d;
     Q_DISABLE_COPY(BaseView)
 };

@@ -3,13 +3,20 @@
 
 #pragma once
 
+#include "core/delegator.h"
 #include "core/sharedobject.h"
+#include "ui_base/tool/viewresponder.h"
 #include "ui_base/uibaseexport.h"
+#include "ui_base/viewcontroller/presentviewprotocol.h"
+
+#include <lumo_app_service/ShutdownProtocol>
 
 #include <QObject>
 
 #include <memory>
 
+class QMoveEvent;
+class QResizeEvent;
 class QWidget;
 
 namespace Vela::UiBase {
@@ -17,11 +24,25 @@ namespace Vela::UiBase {
 class BaseView;
 class BaseViewControllerPrivate;
 
-/// Owns the behaviour of a view. The view owns the controller, which dies with it unless somebody
-/// else shares it. Main thread only.
+/// Owns the behaviour of a view: hears its life cycle, gets its input as a ViewResponder and presents
+/// other view controllers over it.
+///
+/// In the order of a view's life: viewDidLoad() at the first show, viewWillAppear(), viewDidAppear() on
+/// the next turn of the event loop, viewWillDisappear() when the view is hidden or covered, and
+/// viewWillClose() when it is about to be closed. While it is loaded it is asked, as the
+/// Services::ShutdownProtocol it is, whether the application may shut down.
+///
+/// The view owns the controller by a shared pointer, so it dies with the view unless somebody else
+/// shares it. It has to come from new and is adopted by the first view or shared_from_this(). A
+/// controller without a view, or one whose view has gone, is legal: nothing happens to it, and its
+/// operations answer as of a view that was closed. Main thread only.
+/// \sa BaseView, docs/views.md
 class LUMO_UI_BASE_EXPORT BaseViewController
     : public QObject,
-      public virtual Tessel::SharedObject<BaseViewController>
+      public virtual Tessel::SharedObject<BaseViewController>,
+      public ViewResponder,
+      public Services::ShutdownProtocol,
+      public Tessel::Delegator<PresentViewProtocol>
 {
     Q_OBJECT
 
@@ -33,16 +54,76 @@ public:
     explicit BaseViewController(BaseView *view);
     ~BaseViewController() override;
 
-    /// Moves the controller to @p view; null is ignored. The widget of the earlier view is closed.
+    /// Moves the controller to @p view; null and the present view are ignored. The widget of the
+    /// earlier view is closed. \sa BaseView::setViewController
     virtual void setView(BaseView *view);
-    /// The view, or null when it has gone.
+    /// The view, or null when there is none or it has gone.
     BaseView *getView() const;
     /// The view's widget, or null when it has gone.
     QWidget *getQtWidget() const;
 
+    /// Makes the view of @p parent the parent of the view; null, or a controller without a view,
+    /// makes a window of it. Nothing else is linked by that. \sa BaseView::setParentView
+    virtual void setParentViewController(BaseViewController *parent);
+
+    /// Shows the view.
+    void show();
+    /// Hides the view.
+    void hide();
+    /// Closes the view. @return false when the view or viewWillClose() refused
+    bool close();
+    /// Whether the view is visible.
+    bool isVisible() const;
+    /// Whether viewDidLoad() has run and no viewWillClose() since.
+    bool isLoaded() const;
+
+    /// The view is shown for the first time, or again after a close. Registers the controller as a
+    /// delegate of the application's shutdown. Overrides have to call it.
+    virtual void viewDidLoad();
+    /// The view is about to appear. Nothing by default.
+    virtual void viewWillAppear();
+    /// The view was hidden, or is about to be covered by a presented one. Overrides have to call it.
+    virtual void viewWillDisappear();
+    /// The view has appeared, or was uncovered by a dismissal. Overrides have to call it.
+    virtual void viewDidAppear();
+    /// The view is about to be closed. Ends what viewDidLoad() began. Overrides have to call it.
+    /// @return false to keep the view open, which a caller may overrule where it says so
+    virtual bool viewWillClose();
+    /// The view's widget has another size. Gives a presented view the same. Overrides have to call
+    /// it.
+    virtual void viewDidResize(QResizeEvent *event);
+    /// The view's widget has another position in its parent. Nothing by default.
+    virtual void viewDidMove(QMoveEvent *event);
+
+    /// Shows @p controller over this one, whose delegates are asked first and may take it over.
+    /// Otherwise its view becomes a child of this view, with the geometry of this view, and is raised
+    /// and shown; this controller hears viewWillDisappear(), while its view stays visible underneath.
+    /// The presented controller lives through its own view, and neither keeps the other alive.
+    /// @param direction kept with the presented controller for who wants to animate it
+    /// @return false for null, this controller, and one that has no view or whose view is around this
+    ///         one; else true
+    virtual bool presentViewController(BaseViewController *controller,
+                                       ETransitionDirection direction);
+    /// Ends the presentation of this controller: its delegates are asked first and may take it over.
+    /// Otherwise the presenting controller hears viewWillAppear() and viewDidAppear(), and this view
+    /// is closed, also when the controller was never presented.
+    /// @return true, also when the view has gone or the close was refused
+    virtual bool dismissViewController();
+    /// The controller that presented this one; null when there is none or it has died.
+    std::shared_ptr<BaseViewController> presentingViewController() const;
+    /// The controller presented over this one; null when there is none or it has died.
+    std::shared_ptr<BaseViewController> presentedViewController() const;
+    /// By which direction this controller is presented; eTransitionNone when it is not.
+    ETransitionDirection transitionDirection() const;
+
+public Q_SLOTS:
+    /// Calls viewDidAppear(). The view calls it on the turn of the event loop after its show.
+    void viewDidShow();
+
 private:
     friend class BaseView;
-    void moveToView(BaseView *view);
+    void enterView(BaseView *view);
+    void leaveView(BaseView *view);
 
     const std::unique_ptr<BaseViewControllerPrivate> d;
     Q_DISABLE_COPY(BaseViewController)

@@ -1,0 +1,468 @@
+// SPDX-FileCopyrightText: 2026 The lumo_ui_base authors
+// SPDX-License-Identifier: MIT
+
+#include <ui_base/BaseView>
+#include <ui_base/BaseViewController>
+#include <ui_base/ETransitionDirection>
+#include <ui_base/PresentViewProtocol>
+
+#include "recordingcontroller.h"
+#include "support/testcase.h"
+#include "support/testmain.h"
+
+#include <lumo_app_service/ApplicationService>
+
+#include <QCoreApplication>
+#include <QMouseEvent>
+#include <QPointer>
+#include <QWidget>
+
+using Lumo::Test::EventLog;
+using Lumo::Test::RecordingController;
+using Vela::Services::ApplicationService;
+using Vela::UiBase::BaseView;
+using Vela::UiBase::BaseViewController;
+using Vela::UiBase::ETransitionDirection;
+using Vela::UiBase::eTransitionFromBottom;
+using Vela::UiBase::eTransitionFromLeft;
+using Vela::UiBase::eTransitionFromRight;
+using Vela::UiBase::eTransitionFromTop;
+using Vela::UiBase::eTransitionNone;
+using Vela::UiBase::PresentViewProtocol;
+
+namespace {
+
+/// Answers requests and records them.
+class Presenter : public PresentViewProtocol
+{
+public:
+    explicit Presenter(bool takesOver)
+        : m_takesOver(takesOver)
+    { }
+
+    bool presentViewController(BaseViewController *controller,
+                               ETransitionDirection direction) override
+    {
+        lastController = controller;
+        lastDirection = direction;
+        ++presented;
+        return m_takesOver;
+    }
+    bool dismissViewController() override
+    {
+        ++dismissed;
+        return m_takesOver;
+    }
+
+    BaseViewController *lastController = nullptr;
+    ETransitionDirection lastDirection = eTransitionNone;
+    int presented = 0;
+    int dismissed = 0;
+
+private:
+    const bool m_takesOver;
+};
+
+/// A controller in a visible window, which another one can be presented over.
+class Stage
+{
+public:
+    Stage()
+        : presenter(new RecordingController)
+        , presented(new RecordingController)
+        , window(presenter->getQtWidget())
+        , overlay(presented->getQtWidget())
+    {
+        window->setGeometry(30, 40, 200, 150);
+        presenter->show();
+        QCoreApplication::processEvents();
+        presenter->log.take();
+    }
+    ~Stage()
+    {
+        delete window.data();
+        delete overlay.data();
+    }
+
+    QPointer<RecordingController> presenter;
+    QPointer<RecordingController> presented;
+    QPointer<QWidget> window;
+    QPointer<QWidget> overlay;
+};
+
+QStringList names(std::initializer_list<const char *> list)
+{
+    QStringList result;
+    for (const char *const name : list)
+        result << QString::fromLatin1(name);
+    return result;
+}
+
+} // namespace
+
+static_assert(eTransitionFromLeft == 0 && eTransitionFromTop == 1 && eTransitionFromRight == 2
+              && eTransitionFromBottom == 3 && eTransitionNone == 4);
+static_assert(sizeof(ETransitionDirection) == 4);
+
+class TestBaseViewController : public Lumo::Test::TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void lifeHasItsOrder()
+    {
+        const Stage stage;
+        RecordingController &controller = *stage.presented;
+        controller.log.take();
+        controller.show();
+        QVERIFY(controller.isLoaded() && controller.isVisible());
+        QTRY_VERIFY(controller.log.events().contains(QStringLiteral("viewDidAppear")));
+        controller.hide();
+        QVERIFY(!controller.isVisible() && controller.isLoaded());
+        const auto shared = controller.shared_from_this();
+        controller.show();
+        QVERIFY(controller.close());
+        QVERIFY(!controller.isLoaded());
+        QStringList calls = controller.log.take();
+        for (const char *const geometry : {"viewDidMove", "viewDidResize"})
+            calls.removeAll(QString::fromLatin1(geometry));
+        QCOMPARE(calls,
+                 names({"viewDidLoad", "viewWillAppear", "viewDidAppear", "viewWillDisappear",
+                        "viewWillAppear", "viewWillClose", "viewWillDisappear"}));
+        QTRY_VERIFY(!stage.overlay);
+    }
+
+    void showAfterACloseLoadsAgain()
+    {
+        const Stage stage;
+        stage.presenter->getView()->setDeleteOnCloseAttribute(false);
+        QVERIFY(stage.presenter->close());
+        QVERIFY(!stage.presenter->isLoaded());
+        stage.presenter->log.take();
+        stage.presenter->show();
+        QCOMPARE(stage.presenter->log.events().first(), QStringLiteral("viewDidLoad"));
+        QVERIFY(stage.presenter->isLoaded());
+    }
+
+    void viewDidShowCallsViewDidAppear()
+    {
+        const Stage stage;
+        QVERIFY(QMetaObject::invokeMethod(stage.presenter, "viewDidShow"));
+        QCOMPARE(stage.presenter->log.take(), names({"viewDidAppear"}));
+    }
+
+    void inputIsNotConsumedByDefault()
+    {
+        BaseViewController controller(nullptr);
+        QMouseEvent event(QEvent::MouseButtonPress, QPointF(), Qt::LeftButton, Qt::LeftButton,
+                          Qt::NoModifier);
+        QVERIFY(!controller.mousePress(&event));
+        QVERIFY(controller.canShutdown());
+    }
+
+    void loadedControllersAreAskedForTheShutdown()
+    {
+        class Refusing : public BaseViewController
+        {
+        public:
+            using BaseViewController::BaseViewController;
+            bool canShutdown() override
+            {
+                ++asked;
+                return false;
+            }
+            int asked = 0;
+        };
+        ApplicationService &service = ApplicationService::GetInstance();
+        auto *const controller = new Refusing;
+        controller->getView()->setDeleteOnCloseAttribute(false);
+        QVERIFY(service.requestShutdown());
+        controller->viewDidLoad();
+        controller->show();
+        QVERIFY(!service.requestShutdown());
+        QCOMPARE(controller->asked, 1);
+        controller->close();
+        QVERIFY(service.requestShutdown());
+        controller->show();
+        QVERIFY(!service.requestShutdown());
+        // It dies without a close.
+        delete controller->getQtWidget();
+        QVERIFY(service.requestShutdown());
+    }
+
+    void withoutAViewItAnswersAsAClosedOne()
+    {
+        const auto controller = std::make_shared<BaseViewController>(nullptr);
+        const Stage stage;
+        QCOMPARE(controller->getView(), nullptr);
+        QCOMPARE(controller->getQtWidget(), nullptr);
+        controller->show();
+        controller->hide();
+        QVERIFY(controller->close());
+        QVERIFY(!controller->isVisible() && !controller->isLoaded());
+        controller->setParentViewController(stage.presenter);
+        controller->setView(nullptr);
+        controller->viewDidResize(nullptr);
+        controller->viewDidMove(nullptr);
+        QVERIFY(controller->dismissViewController());
+        QCOMPARE(controller->transitionDirection(), eTransitionNone);
+    }
+
+    void parentControllerIsTheParentOfTheView()
+    {
+        const Stage stage;
+        const auto viewless = std::make_shared<BaseViewController>(nullptr);
+        stage.presented->setParentViewController(stage.presenter);
+        QCOMPARE(stage.overlay->parentWidget(), stage.window.data());
+        QCOMPARE(stage.presenter->presentedViewController(), nullptr);
+        stage.presented->setParentViewController(viewless.get());
+        QCOMPARE(stage.overlay->parentWidget(), nullptr);
+        stage.presented->setParentViewController(stage.presenter);
+        stage.presented->setParentViewController(nullptr);
+        QCOMPARE(stage.overlay->parentWidget(), nullptr);
+    }
+
+    void presentedViewCoversItsPresenter()
+    {
+        const Stage stage;
+        auto *const sibling = new QWidget(stage.window);
+        QVERIFY(stage.presenter->presentViewController(stage.presented, eTransitionFromTop));
+        QCOMPARE(stage.overlay->parentWidget(), stage.window.data());
+        QCOMPARE(stage.overlay->geometry(), stage.window->geometry());
+        const QObjectList children = stage.window->children();
+        QVERIFY(children.indexOf(stage.overlay) > children.indexOf(sibling));
+        QCOMPARE(stage.presenter->presentedViewController().get(), stage.presented.data());
+        QCOMPARE(stage.presented->presentingViewController().get(), stage.presenter.data());
+        QCOMPARE(stage.presented->transitionDirection(), eTransitionFromTop);
+        QCOMPARE(stage.presenter->log.take(), names({"viewWillDisappear"}));
+        QVERIFY(stage.presenter->isVisible() && stage.presented->isVisible());
+        QVERIFY(stage.presented->isLoaded());
+        QTRY_VERIFY(stage.presented->log.events().contains(QStringLiteral("viewDidAppear")));
+    }
+
+    void presenterHearsBeforeThePresentedViewIsShown()
+    {
+        const Stage stage;
+        bool wasVisible = true;
+        stage.presenter->onCall[QStringLiteral("viewWillDisappear")] = [&] {
+            wasVisible = stage.presented->isVisible();
+        };
+        stage.presenter->presentViewController(stage.presented, eTransitionNone);
+        QVERIFY(!wasVisible);
+    }
+
+    void linksKeepNobodyAlive()
+    {
+        const Stage stage;
+        stage.presenter->presentViewController(stage.presented, eTransitionNone);
+        QCOMPARE(stage.presenter->weak_from_this().use_count(), 1L);
+        QCOMPARE(stage.presented->weak_from_this().use_count(), 1L);
+        stage.presented->close();
+        QTRY_VERIFY(!stage.presented);
+        QCOMPARE(stage.presenter->presentedViewController(), nullptr);
+        stage.window->resize(300, 300);
+    }
+
+    void dismissalBringsThePresenterBack()
+    {
+        const Stage stage;
+        stage.presenter->presentViewController(stage.presented, eTransitionFromLeft);
+        const auto shared = stage.presented->shared_from_this();
+        stage.presenter->log.take();
+        stage.presenter->onCall[QStringLiteral("viewWillAppear")] = [&] {
+            QCOMPARE(stage.presenter->presentedViewController(), nullptr);
+            QVERIFY(stage.presented->presentingViewController());
+        };
+        QVERIFY(stage.presented->dismissViewController());
+        QCOMPARE(stage.presenter->log.take(), names({"viewWillAppear", "viewDidAppear"}));
+        QCOMPARE(stage.presented->presentingViewController(), nullptr);
+        QCOMPARE(stage.presented->transitionDirection(), eTransitionNone);
+        QVERIFY(!stage.presented->isVisible());
+        QTRY_VERIFY(!stage.overlay);
+        // Its view has gone.
+        QVERIFY(stage.presented->dismissViewController());
+    }
+
+    void controllerThatWasNeverPresentedIsClosedByADismissal()
+    {
+        const Stage stage;
+        QVERIFY(stage.presenter->dismissViewController());
+        QTRY_VERIFY(!stage.window);
+    }
+
+    void dismissalWithoutItsPresenterClosesTheView()
+    {
+        const Stage stage;
+        stage.presenter->presentViewController(stage.presented, eTransitionFromLeft);
+        stage.presented->setParentViewController(nullptr);
+        delete stage.window.data();
+        QCOMPARE(stage.presented->presentingViewController(), nullptr);
+        QVERIFY(stage.presented->dismissViewController());
+        QTRY_VERIFY(!stage.overlay);
+    }
+
+    void refusedCloseDoesNotStopADismissal()
+    {
+        const Stage stage;
+        stage.presenter->presentViewController(stage.presented, eTransitionFromLeft);
+        stage.presented->agreesToClose = false;
+        QVERIFY(stage.presented->dismissViewController());
+        QVERIFY(stage.presented->isVisible());
+        QCOMPARE(stage.presented->presentingViewController(), nullptr);
+    }
+
+    void presentedViewFollowsTheSizeOfItsPresenter_data()
+    {
+        QTest::addColumn<bool>("visible");
+        QTest::newRow("visible") << true;
+        QTest::newRow("hidden") << false;
+    }
+
+    void presentedViewFollowsTheSizeOfItsPresenter()
+    {
+        QFETCH(bool, visible);
+        const Stage stage;
+        stage.presenter->presentViewController(stage.presented, eTransitionFromRight);
+        if (!visible)
+            stage.presented->hide();
+        stage.window->resize(321, 123);
+        QCOMPARE(stage.overlay->size(), QSize(321, 123));
+        QVERIFY(stage.presented->dismissViewController());
+        stage.window->resize(400, 400);
+        QCOMPARE(stage.overlay->size(), QSize(321, 123));
+    }
+
+    void presentingNothingOrItselfIsRefused()
+    {
+        const Stage stage;
+        const auto delegate = std::make_shared<Presenter>(true);
+        stage.presenter->setDelegate(delegate, false);
+        QVERIFY(!stage.presenter->presentViewController(nullptr, eTransitionFromLeft));
+        QVERIFY(!stage.presenter->presentViewController(stage.presenter, eTransitionFromLeft));
+        QCOMPARE(delegate->presented, 0);
+        QCOMPARE(stage.presenter->log.take(), QStringList());
+    }
+
+    void controllerThatCantBeShownIsRefused()
+    {
+        const Stage stage;
+        const auto viewless = std::make_shared<BaseViewController>(nullptr);
+        QVERIFY(!stage.presenter->presentViewController(viewless.get(), eTransitionFromLeft));
+        BaseViewController unowned(nullptr);
+        QVERIFY(!stage.presenter->presentViewController(&unowned, eTransitionFromLeft));
+        QVERIFY(stage.presenter->presentViewController(stage.presented, eTransitionFromLeft));
+        stage.presenter->log.take();
+        QVERIFY(!stage.presented->presentViewController(stage.presenter, eTransitionFromLeft));
+        QCOMPARE(stage.presented->presentedViewController(), nullptr);
+        QCOMPARE(stage.presenter->transitionDirection(), eTransitionNone);
+    }
+
+    void presenterWithoutAViewMakesAWindow()
+    {
+        const Stage stage;
+        stage.presented->setParentViewController(stage.presenter);
+        const auto viewless = std::make_shared<BaseViewController>(nullptr);
+        QVERIFY(viewless->presentViewController(stage.presented, eTransitionFromLeft));
+        QVERIFY(stage.overlay->isWindow() && stage.overlay->isVisible());
+        QVERIFY(stage.presented->dismissViewController());
+        QTRY_VERIFY(!stage.overlay);
+    }
+
+    void delegateTakesThePresentationOver()
+    {
+        const Stage stage;
+        const auto delegate = std::make_shared<Presenter>(true);
+        stage.presenter->setDelegate(delegate, false);
+        QVERIFY(stage.presenter->presentViewController(stage.presented, eTransitionFromBottom));
+        QCOMPARE(delegate->lastController, stage.presented.data());
+        QCOMPARE(delegate->lastDirection, eTransitionFromBottom);
+        QCOMPARE(stage.presenter->log.take(), QStringList());
+        QCOMPARE(stage.overlay->parentWidget(), nullptr);
+        QCOMPARE(stage.presenter->presentedViewController(), nullptr);
+        QCOMPARE(stage.presented->presentingViewController(), nullptr);
+        QCOMPARE(stage.presented->transitionDirection(), eTransitionNone);
+        QVERIFY(!stage.presented->isVisible());
+    }
+
+    void delegateTakesTheDismissalOver()
+    {
+        const Stage stage;
+        stage.presenter->presentViewController(stage.presented, eTransitionFromBottom);
+        stage.presenter->log.take();
+        const auto delegate = std::make_shared<Presenter>(true);
+        stage.presented->setDelegate(delegate, true);
+        QVERIFY(stage.presented->dismissViewController());
+        QCOMPARE(delegate->dismissed, 1);
+        QVERIFY(stage.presented->isVisible());
+        QCOMPARE(stage.presenter->log.take(), QStringList());
+        QCOMPARE(stage.presented->transitionDirection(), eTransitionFromBottom);
+    }
+
+    void firstAnswerOfSeveralDelegatesCounts()
+    {
+        const Stage stage;
+        const auto declines = std::make_shared<Presenter>(false);
+        const auto takesOver = std::make_shared<Presenter>(true);
+        stage.presenter->setDelegate(declines, false);
+        stage.presenter->addObserver(takesOver, false);
+        QVERIFY(stage.presenter->presentViewController(stage.presented, eTransitionFromLeft));
+        QCOMPARE(takesOver->presented, 1);
+        QVERIFY(stage.presented->isVisible());
+        PresentViewProtocol byDefault;
+        QVERIFY(!byDefault.presentViewController(stage.presented, eTransitionFromLeft));
+        QVERIFY(!byDefault.dismissViewController());
+    }
+
+    void presentationSurvivesTheDeathOfEither_data()
+    {
+        QTest::addColumn<bool>("presenterDies");
+        QTest::newRow("presenter") << true;
+        QTest::newRow("presented") << false;
+    }
+
+    void presentationSurvivesTheDeathOfEither()
+    {
+        QFETCH(bool, presenterDies);
+        const Stage stage;
+        stage.presenter->onCall[QStringLiteral("viewWillDisappear")] = [&] {
+            stage.presenter->onCall.clear();
+            delete (presenterDies ? stage.window : stage.overlay).data();
+        };
+        stage.presenter->presentViewController(stage.presented, eTransitionFromLeft);
+        QCOMPARE(stage.presenter.isNull(), presenterDies);
+        QVERIFY(!stage.presented);
+    }
+
+    void dismissalSurvivesTheDeathOfEither_data() { presentationSurvivesTheDeathOfEither_data(); }
+
+    void dismissalSurvivesTheDeathOfEither()
+    {
+        QFETCH(bool, presenterDies);
+        const Stage stage;
+        stage.presenter->presentViewController(stage.presented, eTransitionFromLeft);
+        stage.presenter->onCall[QStringLiteral("viewWillAppear")] = [&] {
+            stage.presenter->onCall.clear();
+            delete (presenterDies ? stage.window : stage.overlay).data();
+        };
+        QVERIFY(stage.presented->dismissViewController());
+        QCOMPARE(stage.presenter.isNull(), presenterDies);
+        QVERIFY(!stage.presented);
+    }
+
+    void chainOfPresentationsUnwinds()
+    {
+        const Stage stage;
+        const QPointer<RecordingController> third = new RecordingController;
+        stage.presenter->presentViewController(stage.presented, eTransitionFromLeft);
+        stage.presented->presentViewController(third, eTransitionFromLeft);
+        stage.window->resize(222, 111);
+        QCOMPARE(third->getQtWidget()->size(), QSize(222, 111));
+        QVERIFY(third->dismissViewController());
+        QVERIFY(stage.presented->dismissViewController());
+        QTRY_VERIFY(!third && !stage.presented);
+        QVERIFY(stage.presenter->isVisible());
+    }
+};
+
+LUMO_TEST_MAIN(TestBaseViewController)
+#include "tst_baseviewcontroller.moc"
