@@ -108,6 +108,7 @@ private:
     static QObject *requireQObject(Protocol *observer, QObject *object);
     Audience currentAudience();
     std::shared_ptr<const Lists> currentLists();
+    void forgetSnapshot();
     void removeNullObservers();
     template<typename List>
     void removeNullObservers(List &list);
@@ -140,7 +141,7 @@ void Broadcaster<Protocol>::addObserver(Protocol *observer)
     QObject *const object = requireQObject(observer, dynamic_cast<QObject *>(observer));
     const std::lock_guard<std::mutex> lock(observersMutex);
     qobjectObservers.emplace_back(object, observer);
-    snapshot.reset();
+    forgetSnapshot();
 }
 
 template<typename Protocol>
@@ -150,7 +151,7 @@ void Broadcaster<Protocol>::addObserver(const std::shared_ptr<Protocol> &observe
         return;
     const std::lock_guard<std::mutex> lock(observersMutex);
     (onMainQueue ? queuedObservers : directObservers).emplace_back(observer);
-    snapshot.reset();
+    forgetSnapshot();
 }
 
 template<typename Protocol>
@@ -163,7 +164,7 @@ void Broadcaster<Protocol>::removeObserver(Protocol *observer)
     const std::lock_guard<std::mutex> lock(observersMutex);
     Internal::eraseIf(qobjectObservers,
                       [object](const auto &entry) { return entry.guards(object); });
-    snapshot.reset();
+    forgetSnapshot();
 }
 
 template<typename Protocol>
@@ -175,7 +176,7 @@ void Broadcaster<Protocol>::removeObserver(const std::shared_ptr<Protocol> &obse
     const std::lock_guard<std::mutex> lock(observersMutex);
     Internal::eraseIf(directObservers, isObserver);
     Internal::eraseIf(queuedObservers, isObserver);
-    snapshot.reset();
+    forgetSnapshot();
 }
 
 template<typename Protocol>
@@ -185,7 +186,7 @@ void Broadcaster<Protocol>::removeAllObservers()
     qobjectObservers.clear();
     queuedObservers.clear();
     directObservers.clear();
-    snapshot.reset();
+    forgetSnapshot();
 }
 
 template<typename Protocol>
@@ -197,7 +198,7 @@ void Broadcaster<Protocol>::removeNullObservers(List &list)
     if (std::none_of(list.begin(), list.end(), hasDied))
         return;
     Internal::eraseIf(list, hasDied);
-    snapshot.reset();
+    forgetSnapshot();
 }
 
 template<typename Protocol>
@@ -209,7 +210,7 @@ void Broadcaster<Protocol>::removeNullObservers()
     removeNullObservers(directObservers);
 }
 
-// Dead direct observers are swept by the walk that meets them.
+// Dead direct observers are swept by the walk that meets them, or when the lists are copied anyway.
 template<typename Protocol>
 auto Broadcaster<Protocol>::currentAudience() -> Audience
 {
@@ -226,24 +227,31 @@ auto Broadcaster<Protocol>::currentAudience() -> Audience
 template<typename Protocol>
 auto Broadcaster<Protocol>::currentLists() -> std::shared_ptr<const Lists>
 {
-    if (!snapshot)
+    if (!snapshot) {
+        removeNullObservers(directObservers);
         snapshot =
             std::make_shared<const Lists>(qobjectObservers, queuedObservers, directObservers);
+    }
     return snapshot;
+}
+
+template<typename Protocol>
+void Broadcaster<Protocol>::forgetSnapshot()
+{
+    if (snapshot)
+        snapshot->outdate();
+    snapshot.reset();
 }
 
 template<typename Protocol>
 template<typename Call>
 void Broadcaster<Protocol>::callDirect(const Lists &lists, const Call &call)
 {
-    bool swept = false;
     for (const std::weak_ptr<Protocol> &entry : lists.direct()) {
-        if (const std::shared_ptr<Protocol> observer = entry.lock()) {
+        if (const std::shared_ptr<Protocol> observer = entry.lock())
             call(observer.get());
-        } else if (!swept) {
+        else if (lists.isCurrent()) // or an observer may have destroyed this broadcaster
             removeNullObservers();
-            swept = true;
-        }
     }
 }
 

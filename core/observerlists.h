@@ -7,6 +7,7 @@
 #include <QPointer>
 
 #include <algorithm>
+#include <atomic>
 #include <memory>
 #include <tuple>
 #include <type_traits>
@@ -72,7 +73,8 @@ private:
     const void *m_type;
 };
 
-/// The observers of a broadcaster at one moment; never changed, so that broadcasts can share it.
+/// The observers of a broadcaster at one moment. The lists never change, so that broadcasts can share
+/// them.
 template<typename Protocol>
 class ObserverLists
 {
@@ -102,7 +104,12 @@ public:
 
     const std::vector<std::weak_ptr<Protocol>> &direct() const { return m_direct; }
 
+    /// Notes that the broadcaster has other observers by now, or has been destroyed.
+    void outdate() const { m_isCurrent.store(false, std::memory_order_relaxed); }
+    bool isCurrent() const { return m_isCurrent.load(std::memory_order_relaxed); }
+
 private:
+    mutable std::atomic<bool> m_isCurrent {true};
     std::vector<QObjectObserver<Protocol>> m_qobjects;
     std::vector<std::weak_ptr<Protocol>> m_queued;
     std::vector<std::weak_ptr<Protocol>> m_direct;

@@ -10,7 +10,8 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
-#include <optional>
+#include <cstring>
+#include <new>
 #include <thread>
 #include <type_traits>
 
@@ -375,6 +376,25 @@ TEST_F(Broadcaster, aDirectObserverIsKeptAliveDuringItsCall)
     greet();
     EXPECT_TRUE(aliveInside);
     EXPECT_TRUE(watch.expired());
+}
+
+TEST_F(Broadcaster, anObserverMayDestroyTheBroadcaster)
+{
+    alignas(Greeter) unsigned char memory[sizeof(Greeter)];
+    auto *const shortLived = new (memory) Greeter;
+    const auto first = std::make_shared<Listener>(journal, "first");
+    auto second = std::make_shared<Listener>(journal, "second");
+    const auto third = std::make_shared<Listener>(journal, "third");
+    for (const auto &listener : {first, second, third})
+        shortLived->addObserver(listener, false);
+    first->onGreeted = [&] {
+        shortLived->~Greeter();
+        // Whoever touches it now finds no list and no mutex.
+        std::memset(memory, 0xff, sizeof memory);
+        second.reset();
+    };
+    shortLived->broadcast(&GreetProtocol::greeted, QStringLiteral("you"));
+    EXPECT_THAT(journal, ElementsAre("first:you", "third:you"));
 }
 
 TEST_F(Broadcaster, broadcastsNest)
