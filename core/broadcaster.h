@@ -65,8 +65,8 @@ public:
     /// @throw std::invalid_argument when @p observer is not a QObject, or is one without a parent
     virtual void removeObserver(Protocol *observer);
 
-    /// Removes all entries of an observer that was added by shared pointer; null and unknown ones
-    /// are ignored.
+    /// Removes all entries of an observer that was added by shared pointer, this one or another
+    /// that shares its ownership; null and unknown ones are ignored.
     virtual void removeObserver(const std::shared_ptr<Protocol> &observer);
 
     /// Removes all observers.
@@ -172,7 +172,12 @@ void Broadcaster<Protocol>::removeObserver(const std::shared_ptr<Protocol> &obse
 {
     if (!observer)
         return;
-    const auto isObserver = [&observer](const auto &entry) { return entry.lock() == observer; };
+    // An entry of another owner is not even looked at: it could turn out to be held by nobody else
+    // any more, and would end here, with the mutex taken.
+    const auto isObserver = [&observer](const auto &entry) {
+        const bool isOfOwner = !entry.owner_before(observer) && !observer.owner_before(entry);
+        return isOfOwner && entry.lock() == observer;
+    };
     const std::lock_guard<std::mutex> lock(observersMutex);
     Internal::eraseIf(directObservers, isObserver);
     Internal::eraseIf(queuedObservers, isObserver);
@@ -258,12 +263,17 @@ void Broadcaster<Protocol>::callDirect(const Lists &lists, const Call &call)
 template<typename Protocol>
 Protocol *Broadcaster<Protocol>::firstObserver() const
 {
-    const std::lock_guard<std::mutex> lock(observersMutex);
-    if (!qobjectObservers.empty())
-        return qobjectObservers.front().get();
-    if (!queuedObservers.empty())
-        return queuedObservers.front().lock().get();
-    return directObservers.empty() ? nullptr : directObservers.front().lock().get();
+    std::weak_ptr<Protocol> first;
+    {
+        const std::lock_guard<std::mutex> lock(observersMutex);
+        if (!qobjectObservers.empty())
+            return qobjectObservers.front().get();
+        const auto &shared = queuedObservers.empty() ? directObservers : queuedObservers;
+        if (!shared.empty())
+            first = shared.front();
+    }
+    // With the mutex free, because the observer ends here if all others let go of it meanwhile.
+    return first.lock().get();
 }
 
 template<typename Protocol>

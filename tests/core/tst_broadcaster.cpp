@@ -147,6 +147,27 @@ TEST_F(Broadcaster, anObserverAddedTwiceIsCalledTwiceAndRemovedAtOnce)
     EXPECT_EQ(journal.size(), 2u);
 }
 
+TEST_F(Broadcaster, removingLeavesOtherObserversOfTheSameOwner)
+{
+    struct Pair
+    {
+        explicit Pair(Listener::Journal &to)
+            : leaves(to, "leaves")
+            , stays(to, "stays")
+        { }
+        Listener leaves;
+        Listener stays;
+    };
+    const auto pair = std::make_shared<Pair>(journal);
+    const std::shared_ptr<Listener> leaves(pair, &pair->leaves);
+    const std::shared_ptr<Listener> stays(pair, &pair->stays);
+    greeter.addObserver(leaves, false);
+    greeter.addObserver(stays, false);
+    greeter.removeObserver(leaves);
+    greet();
+    EXPECT_THAT(journal, ElementsAre("stays:you"));
+}
+
 TEST_F(Broadcaster, removingTakesAnObserverOutOfBothSharedLists)
 {
     const auto listener = add(false, "both");

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The lumo_ui_base authors
 // SPDX-License-Identifier: MIT
 
-#include "core/broadcaster.h"
+#include "core/delegator.h"
 
 #include "greetprotocol.h"
 #include "support/eventloop.h"
@@ -84,6 +84,66 @@ TEST(BroadcasterThreads, manyThreadsAddRemoveAndBroadcastWhileObserversDie)
     ASSERT_TRUE(finished);
     QCoreApplication::processEvents();
     EXPECT_GE(heard, threads * rounds);
+}
+
+/// A broadcaster whose lists one thread looks through, by removing an unknown observer and by asking
+/// for the delegate in turn.
+struct Looking
+{
+    Tessel::Delegator<GreetProtocol> greeter;
+    std::atomic<std::thread::id> thread {};
+    std::atomic<bool> isRemoving {false};
+    std::atomic<int> endsInRemoval {0};
+};
+
+/// Comes back to the broadcaster when it ends on the thread that looks, which waits for ever if the
+/// mutex is taken.
+class ComesBack : public GreetProtocol
+{
+public:
+    explicit ComesBack(Looking &looking)
+        : m_looking(looking)
+    { }
+    ~ComesBack() override
+    {
+        if (std::this_thread::get_id() != m_looking.thread.load())
+            return;
+        if (m_looking.isRemoving)
+            ++m_looking.endsInRemoval;
+        else
+            m_looking.greeter.removeAllObservers();
+    }
+
+private:
+    Looking &m_looking;
+};
+
+// Whoever looks at an observer can hold it last, when all others let go of it at that moment.
+TEST(BroadcasterThreads, observersThatEndWhileTheyAreLookedAtDoNotEndUnderTheMutex)
+{
+    Looking looking;
+    std::atomic<bool> stop {false};
+    std::thread looks([&] {
+        const auto unknown = std::make_shared<Counts>();
+        looking.thread = std::this_thread::get_id();
+        while (!stop) {
+            looking.isRemoving = true;
+            looking.greeter.removeObserver(unknown);
+            looking.isRemoving = false;
+            looking.greeter.getDelegate();
+        }
+    });
+    while (looking.thread.load() == std::thread::id())
+        std::this_thread::yield();
+    for (int round = 0; round < 50'000; ++round) {
+        auto observer = std::make_shared<ComesBack>(looking);
+        looking.greeter.addObserver(observer, round % 2 == 0);
+        observer.reset();
+        looking.greeter.removeAllObservers();
+    }
+    stop = true;
+    looks.join();
+    EXPECT_EQ(looking.endsInRemoval, 0);
 }
 
 TEST(BroadcasterThreads, eachBroadcastReachesAQueuedObserverOnceAndInTheOrderOfItsThread)
