@@ -27,6 +27,7 @@ public:
     /// deleted with the last copy, so it has to come from new. Null while the object is being
     /// destroyed. Owners may come and go on any thread, but the first call on an unowned object
     /// must not race with another.
+    /// @throw std::bad_alloc when memory runs out while it adopts the object, which is deleted then
     std::shared_ptr<T> shared_from_this()
     {
         const std::weak_ptr<SharedObjectInternal> self = this->weak_from_this();

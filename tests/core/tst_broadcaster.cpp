@@ -5,6 +5,7 @@
 
 #include "greetprotocol.h"
 #include "support/eventloop.h"
+#include "support/virtualorder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -57,6 +58,17 @@ struct CountingAllocator
 
     int *blocks;
 };
+
+TEST(BroadcasterOperations, standInTheirOrder)
+{
+    using Shared = const std::shared_ptr<GreetProtocol> &;
+    EXPECT_TRUE(Lumo::Test::standInThisOrder(
+        static_cast<void (Greeter::*)(GreetProtocol *)>(&Greeter::addObserver),
+        static_cast<void (Greeter::*)(Shared, bool)>(&Greeter::addObserver),
+        static_cast<void (Greeter::*)(GreetProtocol *)>(&Greeter::removeObserver),
+        static_cast<void (Greeter::*)(Shared)>(&Greeter::removeObserver),
+        &Greeter::removeAllObservers));
+}
 
 class Broadcaster : public testing::Test
 {
@@ -134,6 +146,25 @@ TEST_F(Broadcaster, aBroadcastWithoutObserversDoesNothing)
     greet();
     QCoreApplication::processEvents();
     EXPECT_THAT(journal, IsEmpty());
+}
+
+TEST_F(Broadcaster, aBroadcastWithoutObserversPostsItsClosureToo)
+{
+    class WakeUps : public QObject
+    {
+    public:
+        bool eventFilter(QObject *, QEvent *event) override
+        {
+            count += event->type() == QEvent::User ? 1 : 0;
+            return false;
+        }
+        int count = 0;
+    };
+    WakeUps wakeUps;
+    qApp->installEventFilter(&wakeUps);
+    greet();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(wakeUps.count, 1);
 }
 
 TEST_F(Broadcaster, anObserverAddedTwiceIsCalledTwiceAndRemovedAtOnce)

@@ -4,6 +4,7 @@
 #include "core/delegator.h"
 
 #include "greetprotocol.h"
+#include "support/virtualorder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -18,6 +19,16 @@ public:
     void greet() { delegate(&GreetProtocol::greeted, QStringLiteral("you")); }
     std::vector<int> count() { return delegate(&GreetProtocol::count, 7); }
 };
+
+TEST(DelegatorOperations, standInTheirOrderBehindThoseOfTheBroadcaster)
+{
+    using Base = Tessel::Delegator<GreetProtocol>;
+    using Shared = const std::shared_ptr<GreetProtocol> &;
+    static_assert(sizeof(Base) == sizeof(Tessel::Broadcaster<GreetProtocol>));
+    EXPECT_TRUE(Lumo::Test::standInThisOrder(
+        &Base::removeAllObservers, static_cast<void (Base::*)(Shared, bool)>(&Base::setDelegate),
+        static_cast<void (Base::*)(GreetProtocol *)>(&Base::setDelegate)));
+}
 
 class Delegator : public testing::Test
 {

@@ -3,9 +3,12 @@
 
 #include "core/sharedobject.h"
 
+#include "support/failingnew.h"
+
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <new>
 
 namespace {
 
@@ -36,11 +39,21 @@ TEST(SharedObject, anUnownedObjectIsAdoptedAndDiesWithTheLastCopy)
     auto *tool = new Tool(destroyed);
     std::shared_ptr<Tool> first = tool->shared_from_this();
     EXPECT_EQ(first.get(), tool);
-    const std::shared_ptr<Tool> second = tool->shared_from_this();
+    std::shared_ptr<Tool> second = tool->shared_from_this();
     EXPECT_EQ(first.use_count(), 2);
     first.reset();
     EXPECT_FALSE(destroyed);
-    const_cast<std::shared_ptr<Tool> &>(second).reset();
+    second.reset();
+    EXPECT_TRUE(destroyed);
+}
+
+TEST(SharedObject, anObjectThatCannotBeAdoptedIsDeleted)
+{
+    bool destroyed = false;
+    auto *tool = new Tool(destroyed);
+    Lumo::Test::FailingNew fault(0);
+    EXPECT_THROW(tool->shared_from_this(), std::bad_alloc);
+    fault.disarm();
     EXPECT_TRUE(destroyed);
 }
 
