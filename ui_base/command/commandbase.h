@@ -63,7 +63,9 @@ class ToolButton;
 ///     COMMAND_ID
 ///
 /// public:
-///     using CommandBase::CommandBase;
+///     explicit SmoothCommand(Vela::UiBase::CmdsViewController *controller)
+///         : CommandBase(controller)
+///     { }
 ///     bool onExecuteAsync(bool checked) override { return smoothMesh(); }
 /// };
 /// @endcode
@@ -208,9 +210,9 @@ public Q_SLOTS:
     /// owned by a shared pointer stays alive until then. A second call meanwhile starts a second
     /// run; contexts of runs that overlap come back as they were only if the runs end in reverse
     /// order.
-    /// @return the result of onExecuteAsync(), or for the background whether the work was accepted;
-    /// when
-    ///         it is refused, no end is announced and a context that was pushed stays
+    /// When the background refuses the work, no end is announced and a context that was pushed
+    /// stays.
+    /// @return the result of onExecuteAsync(), or for the background whether it accepted the work
     virtual bool onExecute(bool checked = false);
 
 Q_SIGNALS:
@@ -220,14 +222,9 @@ Q_SIGNALS:
     void toBeTriggered(bool checked);
 
 protected:
-    /// @param viewController the controller that the command works for, not owned; null is none.
-    /// Its
-    ///        view's widget, if there is one, gets the action, so that shortcuts work in it.
+    /// Makes a command for a controller, which is not owned; null is none. The widget of its view,
+    /// if there is one, gets the action, so that shortcuts work in it.
     explicit CommandBase(CmdsViewController *viewController);
-
-    /// The states in which a background run holds other commands; asked for at its start, and only
-    /// then. Empty by default, which holds none.
-    virtual CommandContext getExecutionCommandContext() const;
 
     void onUserLogIn() override;
     void onUserLogOut() override;
@@ -237,6 +234,11 @@ protected Q_SLOTS:
     virtual void onTriggered(bool checked);
     /// Runs a checkable command. Connected to the action's toggled().
     virtual void onToggled(bool checked);
+
+protected:
+    /// The states in which a background run holds other commands; asked for at its start, after the
+    /// begin was announced, and not for a run in place. Empty by default, which holds none.
+    virtual CommandContext getExecutionCommandContext() const;
 
 private:
     friend class CommandBaseImpl;
