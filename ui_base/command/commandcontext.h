@@ -17,9 +17,9 @@ namespace Vela::UiBase {
 /// to them, and keeps on its stack.
 ///
 /// Ids are case-sensitive and walked in the order of QString, never in that of insertion. Copies
-/// are cheap: they share their data until one of them is written to. Combining operations take over
-/// nothing of a context that they throw std::bad_alloc in. Reentrant, not thread-safe; mind that
-/// reading with operator[] can write.
+/// are cheap: they share their data until one of them is written to. An operation that throws
+/// std::bad_alloc has changed nothing. Reentrant, not thread-safe; mind that reading with operator[]
+/// can write.
 class LUMO_UI_BASE_EXPORT CommandContext
 {
 public:

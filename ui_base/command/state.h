@@ -58,7 +58,9 @@ public:
     /// The opposite fact; #Keep stays #Keep.
     constexpr State operator!() const noexcept
     {
-        return m_action == Keep ? Keep : m_action == On ? Off : On;
+        if (m_action == Keep)
+            return Keep;
+        return m_action == On ? Off : On;
     }
 
     /// True when both are; a #Keep on the right changes nothing, one on the left counts as true.
