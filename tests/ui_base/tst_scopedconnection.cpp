@@ -6,6 +6,7 @@
 #include "support/testcase.h"
 #include "support/testmain.h"
 
+#include <QMetaMethod>
 #include <QPointer>
 
 #include <memory>
@@ -31,16 +32,24 @@ private Q_SLOTS:
     void connectsUntilItDies()
     {
         QObject sender;
-        QObject receiver;
+        Counter receiver;
         auto connection = std::make_unique<ScopedConnection>(
-            &sender, SIGNAL(objectNameChanged(QString)), &receiver, SLOT(deleteLater()),
+            &sender, SIGNAL(objectNameChanged(QString)), &receiver, SLOT(count()),
             Qt::DirectConnection, nullptr);
         QVERIFY(connection->IsConnected());
         connection.reset();
         sender.setObjectName(QStringLiteral("renamed"));
-        const QPointer<QObject> guard(&receiver);
-        QCoreApplication::sendPostedEvents(&receiver, QEvent::DeferredDelete);
-        QVERIFY(guard);
+        QCOMPARE(receiver.counted, 0);
+    }
+
+    void itHasOneSlotOfItsOwn()
+    {
+        const QMetaObject &meta = ScopedConnection::staticMetaObject;
+        QCOMPARE(meta.methodCount() - meta.methodOffset(), 1);
+        const QMetaMethod method = meta.method(meta.methodOffset());
+        QCOMPARE(method.methodSignature(), QByteArray("onDestroyed(QObject*)"));
+        QCOMPARE(method.methodType(), QMetaMethod::Slot);
+        QCOMPARE(method.access(), QMetaMethod::Private);
     }
 
     void deliversTheSignal()

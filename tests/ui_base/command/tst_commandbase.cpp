@@ -8,6 +8,8 @@
 #include "support/recordingobservers.h"
 #include "support/testcase.h"
 #include "support/testmain.h"
+#include "support/virtualorder.h"
+#include "ui_base/command/dynamiccommandgroupstateprotocol.h"
 #include "ui_base/command/testcommand.h"
 
 #include <lumo_common_res/String>
@@ -19,6 +21,7 @@
 #include <QTemporaryDir>
 
 #include <atomic>
+#include <type_traits>
 
 using Lumo::Test::CommandRecorder;
 using Lumo::Test::ControllerFixture;
@@ -66,6 +69,34 @@ class DerivedCommand : public NamedCommand
 public:
     using NamedCommand::NamedCommand;
 };
+
+/// Reaches the protected operations.
+class OpenCommand : public TestCommand
+{
+public:
+    static bool operationsStandInTheirOrder();
+};
+
+bool OpenCommand::operationsStandInTheirOrder()
+{
+    return Lumo::Test::standInThisOrder(
+        &CommandBase::commandId, &CommandBase::setParent, &CommandBase::hasTag,
+        &CommandBase::commandTags, &CommandBase::addTag, &CommandBase::removeTag,
+        &CommandBase::defaultCommandState, &CommandBase::commandState,
+        &CommandBase::setCommandState, &CommandBase::saveCommandState,
+        &CommandBase::restoreCommandState, &CommandBase::setViewController,
+        &CommandBase::executionQoS, &CommandBase::setExecutionQoS,
+        &CommandBase::isExecutionNotificationEnabled, &CommandBase::enableExecutionNotification,
+        &CommandBase::getExecutionNotificationMessage,
+        &CommandBase::setExecutionNotificationMessage, &CommandBase::onExecuteAsync,
+        &CommandBase::hasCommand, &CommandBase::getCommand, &CommandBase::commandGroup,
+        &CommandBase::setCommandGroup, &CommandBase::baseGroupName, &CommandBase::setBaseGroupName,
+        &CommandBase::isAttached, &CommandBase::setAttached,
+        &CommandBase::addAttachedCommandGroupName, &CommandBase::removeAttachedCommandGroupName,
+        &CommandBase::attachedCommandGroupNames, &CommandBase::attachedCommandGroupName,
+        &CommandBase::setAddedToCmdsVC, &CommandBase::onExecute, &OpenCommand::onTriggered,
+        &OpenCommand::onToggled, &OpenCommand::getExecutionCommandContext);
+}
 
 } // namespace Sample
 
@@ -157,21 +188,31 @@ private Q_SLOTS:
 
     void actionStandsOnTheWidgetOfTheView();
     void viewIsReachedThroughTheController();
+    void controllerCanBeWithoutAView();
     void controllerThatDiesIsForgotten();
 
     void backgroundRunAnnouncesTheEndOnTheMainThread();
     void backgroundRunForbidsWorkspaceSwitching();
     void backgroundRunHoldsTheExecutionContext();
+    void backgroundRunEndsInOrder();
+    void executionContextIsAskedForInTheBackgroundOnly();
     void backgroundRunWithoutControllerPushesNothing();
     void backgroundRunWithoutEntriesPushesNothing();
     void refusedRunAnnouncesNoEndAndLeavesItsContext();
     void secondTriggerStartsASecondRun();
+    void firstEndOfTwoRunsAllowsWorkspaceSwitching();
     void backgroundRunKeepsTheCommandAlive();
     void backgroundRunOutlivesTheController();
     void queuedObserverHearsBeginBeforeEnd();
 
     void accountChangesNothing();
     void destroyedCommandForgetsItsObservers();
+
+    void operationsStandInTheirOrder();
+    void linksByNameAreInTheMetaObject_data();
+    void linksByNameAreInTheMetaObject();
+    void observersImplementWhatTheyWant();
+    void applicationAnnouncesItsDynamicGroups();
 };
 
 void TestCommandBase::idIsTheNameOfTheClass()
@@ -623,6 +664,15 @@ void TestCommandBase::viewIsReachedThroughTheController()
     QCOMPARE(command->getViewQtWidget(), nullptr);
 }
 
+void TestCommandBase::controllerCanBeWithoutAView()
+{
+    const auto controller = std::make_shared<Vela::UiBase::CmdsViewController>(nullptr);
+    const TestCommand command(id, controller.get());
+    QCOMPARE(command.getViewController(), controller.get());
+    QCOMPARE(command.getView(), nullptr);
+    QCOMPARE(command.getViewQtWidget(), nullptr);
+}
+
 void TestCommandBase::controllerThatDiesIsForgotten()
 {
     ControllerFixture fixture;
@@ -697,6 +747,72 @@ void TestCommandBase::backgroundRunHoldsTheExecutionContext()
     QVERIFY(!held->isEnabled());
 }
 
+void TestCommandBase::backgroundRunEndsInOrder()
+{
+    ControllerFixture fixture;
+    EventLog log;
+    TestCommand *const held = fixture.add(QStringLiteral("held"));
+    TestCommand *const command = fixture.add(id);
+    const auto recorder = recordRuns(*command, log);
+    QSemaphore mayEnd;
+    command->work = [&mayEnd](bool) {
+        mayEnd.acquire();
+        return true;
+    };
+    command->executionContext = disabling(QStringLiteral("held"));
+    command->setExecutionQoS(EQualityOfService::Utility);
+    QVERIFY(command->onExecute());
+    QVERIFY(runLoopUntil([&] { return !held->isEnabled() && !isSwitchingEnabled(); }));
+    log.take();
+
+    connect(held, &QAction::changed, this, [&log] { log.add(QStringLiteral("restored")); });
+    const auto switching = connect(
+        &ApplicationService::GetInstance(), &ApplicationService::workspaceSwitchingEnabledChanged,
+        this, [&log](bool on) { log.add(QStringLiteral("switching(%1)").arg(textOf(on))); });
+    const WaypointRecorder endsTheSink(log);
+    ApplicationService::GetInstance().kernel().setWaypointSink([&log](const std::wstring &) {
+        log.add(QStringLiteral("waypoint"));
+        // Comes after the states, which the pop posted before.
+        Tessel::dispatchAsync([&log] { log.add(QStringLiteral("posted at waypoint")); },
+                              EQualityOfService::Main);
+    });
+    mayEnd.release();
+    QVERIFY(runLoopUntil([&] { return log.events().size() == 5; }));
+    disconnect(switching);
+    QCOMPARE(log.take(),
+             QStringList({QStringLiteral("waypoint"), QStringLiteral("ended(cut,false)"),
+                          QStringLiteral("switching(true)"), QStringLiteral("restored"),
+                          QStringLiteral("posted at waypoint")}));
+}
+
+void TestCommandBase::executionContextIsAskedForInTheBackgroundOnly()
+{
+    struct AskedCommand : TestCommand
+    {
+        using TestCommand::TestCommand;
+        CommandContext getExecutionCommandContext() const override
+        {
+            asked(isMainThread());
+            return {};
+        }
+        std::function<void(bool)> asked;
+    };
+    EventLog log;
+    const auto command = std::make_shared<AskedCommand>(id);
+    const auto recorder = recordRuns(*command, log);
+    command->asked = [&log](bool onMainThread) {
+        log.add(onMainThread ? QStringLiteral("asked") : QStringLiteral("asked*"));
+    };
+    command->onExecute();
+    QVERIFY(!log.take().contains(QStringLiteral("asked")));
+    command->setExecutionQoS(EQualityOfService::Utility);
+    command->onExecute();
+    QVERIFY(runLoopUntil([&] { return log.events().size() == 4; }));
+    QCOMPARE(log.take(),
+             QStringList({QStringLiteral("began(cut,false)"), QStringLiteral("asked"),
+                          QStringLiteral("work(false)*"), QStringLiteral("ended(cut,false)")}));
+}
+
 void TestCommandBase::backgroundRunWithoutControllerPushesNothing()
 {
     EventLog log;
@@ -769,6 +885,31 @@ void TestCommandBase::secondTriggerStartsASecondRun()
     QCOMPARE(log.take().mid(0, 2),
              QStringList({QStringLiteral("began(cut,false)"), QStringLiteral("began(cut,false)")}));
     QVERIFY(runLoopUntil(isSwitchingEnabled));
+}
+
+void TestCommandBase::firstEndOfTwoRunsAllowsWorkspaceSwitching()
+{
+    QSemaphore mayEnd;
+    std::atomic<int> started {0};
+    EventLog log;
+    const auto command = makeCommand();
+    const auto recorder = recordRuns(*command, log);
+    command->setExecutionQoS(EQualityOfService::Utility);
+    command->work = [&](bool) {
+        ++started;
+        mayEnd.acquire();
+        return true;
+    };
+    command->onExecute();
+    command->onExecute();
+    QVERIFY(runLoopUntil([&] { return started == 2; }));
+    servePosted();
+    QVERIFY(!isSwitchingEnabled());
+    mayEnd.release();
+    QVERIFY(runLoopUntil(isSwitchingEnabled));
+    QCOMPARE(log.take().count(QStringLiteral("ended(cut,false)")), 1);
+    mayEnd.release();
+    QVERIFY(runLoopUntil([&] { return !log.events().isEmpty(); }));
 }
 
 void TestCommandBase::backgroundRunKeepsTheCommandAlive()
@@ -854,6 +995,92 @@ void TestCommandBase::destroyedCommandForgetsItsObservers()
     command.reset();
     QVERIFY(log.events().isEmpty());
     QCOMPARE(recorder.use_count(), 1L);
+}
+
+void TestCommandBase::operationsStandInTheirOrder()
+{
+    QVERIFY(Sample::OpenCommand::operationsStandInTheirOrder());
+    using Vela::UiBase::CmdMgrProtocol;
+    using Vela::UiBase::CommandStateProtocol;
+    using Vela::UiBase::DynamicCommandGroupStateProtocol;
+    QVERIFY(Lumo::Test::standInThisOrder(&CommandStateProtocol::commandBegan,
+                                         &CommandStateProtocol::commandEnded,
+                                         &CommandStateProtocol::commandBeganExecuting,
+                                         &CommandStateProtocol::commandEndedExecuting));
+    QVERIFY(Lumo::Test::standInThisOrder(&DynamicCommandGroupStateProtocol::commandGroupBegan,
+                                         &DynamicCommandGroupStateProtocol::commandGroupEnded));
+    QVERIFY(Lumo::Test::standInThisOrder(&CmdMgrProtocol::commandAdded,
+                                         &CmdMgrProtocol::commandRemoved));
+}
+
+void TestCommandBase::linksByNameAreInTheMetaObject_data()
+{
+    QTest::addColumn<QByteArray>("signature");
+    QTest::addColumn<int>("type");
+    QTest::addColumn<int>("access");
+    QTest::newRow("announces a toggle")
+        << QByteArray("toBeToggled(bool)") << int(QMetaMethod::Signal) << int(QMetaMethod::Public);
+    QTest::newRow("announces a trigger") << QByteArray("toBeTriggered(bool)")
+                                         << int(QMetaMethod::Signal) << int(QMetaMethod::Public);
+    QTest::newRow("runs") << QByteArray("onExecute(bool)") << int(QMetaMethod::Slot)
+                          << int(QMetaMethod::Public);
+    QTest::newRow("runs unchecked")
+        << QByteArray("onExecute()") << int(QMetaMethod::Slot) << int(QMetaMethod::Public);
+    QTest::newRow("is triggered") << QByteArray("onTriggered(bool)") << int(QMetaMethod::Slot)
+                                  << int(QMetaMethod::Protected);
+    QTest::newRow("is toggled") << QByteArray("onToggled(bool)") << int(QMetaMethod::Slot)
+                                << int(QMetaMethod::Protected);
+}
+
+void TestCommandBase::linksByNameAreInTheMetaObject()
+{
+    QFETCH(const QByteArray, signature);
+    const QMetaObject &meta = CommandBase::staticMetaObject;
+    QCOMPARE(meta.methodCount() - meta.methodOffset(), 6);
+    const QMetaMethod method = meta.method(meta.indexOfMethod(signature));
+    QVERIFY(method.isValid());
+    QTEST(int(method.methodType()), "type");
+    QTEST(int(method.access()), "access");
+}
+
+void TestCommandBase::observersImplementWhatTheyWant()
+{
+    using Vela::UiBase::CmdMgrProtocol;
+    using Vela::UiBase::CommandStateProtocol;
+    static_assert(std::is_copy_assignable_v<CommandStateProtocol>);
+    static_assert(std::is_move_assignable_v<CommandStateProtocol>);
+    static_assert(std::is_copy_assignable_v<CmdMgrProtocol>);
+    static_assert(std::is_move_assignable_v<CmdMgrProtocol>);
+    struct Silent : CommandStateProtocol, CmdMgrProtocol
+    { };
+    const auto silent = std::make_shared<Silent>();
+    const auto command = makeCommand();
+    command->addObserver(silent, false);
+    QVERIFY(command->onExecute());
+    command->broadcast(&CommandStateProtocol::commandBegan, command.get());
+    command->broadcast(&CommandStateProtocol::commandEnded, command.get());
+    ControllerFixture fixture;
+    fixture.controller()->CmdMgr::addObserver(silent, false);
+    fixture.controller()->removeCommand(fixture.add(id));
+}
+
+void TestCommandBase::applicationAnnouncesItsDynamicGroups()
+{
+    using Vela::UiBase::CommandGroup;
+    using Vela::UiBase::DynamicCommandGroupStateProtocol;
+    static_assert(std::is_copy_assignable_v<DynamicCommandGroupStateProtocol>);
+    static_assert(std::is_move_assignable_v<DynamicCommandGroupStateProtocol>);
+    struct HearsBegin : DynamicCommandGroupStateProtocol
+    {
+        void commandGroupBegan(CommandGroup *) override { ++began; }
+        int began = 0;
+    };
+    const auto observer = std::make_shared<HearsBegin>();
+    Tessel::Delegator<DynamicCommandGroupStateProtocol> groups;
+    groups.setDelegate(observer, false);
+    groups.broadcast(&DynamicCommandGroupStateProtocol::commandGroupBegan, nullptr);
+    groups.broadcast(&DynamicCommandGroupStateProtocol::commandGroupEnded, nullptr);
+    QCOMPARE(observer->began, 1);
 }
 
 LUMO_TEST_MAIN(TestCommandBase)
