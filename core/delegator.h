@@ -33,7 +33,7 @@ public:
 
     /// The delegate, not kept alive by the pointer; null when there is none or it has died. With
     /// further observers the first QObject, else the first for the main queue, else the first
-    /// direct one.
+    /// direct one. Call it on the main thread where the delegate can be a QObject.
     Protocol *getDelegate() const { return this->firstObserver(); }
 
 protected:

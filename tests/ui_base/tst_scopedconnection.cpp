@@ -8,6 +8,7 @@
 
 #include <QMetaMethod>
 #include <QPointer>
+#include <QSignalSpy>
 
 #include <memory>
 
@@ -94,6 +95,18 @@ private Q_SLOTS:
         QVERIFY(connection.IsConnected());
         counter.setObjectName(QStringLiteral("renamed"));
         QCOMPARE(counter.counted, 1);
+    }
+
+    void aSignalCanBeTheMethod()
+    {
+        QObject sender;
+        QObject receiver;
+        const QSignalSpy passedOn(&receiver, &QObject::objectNameChanged);
+        const ScopedConnection connection(&sender, SIGNAL(objectNameChanged(QString)), &receiver,
+                                          SIGNAL(objectNameChanged(QString)), Qt::DirectConnection,
+                                          nullptr);
+        sender.setObjectName(QStringLiteral("renamed"));
+        QCOMPARE(passedOn.count(), 1);
     }
 
     void itDisconnectsExactlyItsOwnConnection()
