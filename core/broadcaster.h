@@ -112,6 +112,8 @@ private:
     void removeNullObservers();
     template<typename List>
     void removeNullObservers(List &list);
+    template<typename List>
+    void eraseNullObservers(List &list);
     template<typename Call>
     void callDirect(const Lists &lists, const Call &call);
 
@@ -199,10 +201,16 @@ template<typename List>
 void Broadcaster<Protocol>::removeNullObservers(List &list)
 {
     const auto hasDied = [](const auto &entry) { return entry.expired(); };
-    // Nearly always nobody has died, so the look comes before the erasing.
-    if (std::none_of(list.begin(), list.end(), hasDied))
-        return;
-    Internal::eraseIf(list, hasDied);
+    // Nearly always nobody has died, so a look, which is short, comes before the erasing.
+    if (!list.empty() && std::any_of(list.begin(), list.end(), hasDied))
+        eraseNullObservers(list);
+}
+
+template<typename Protocol>
+template<typename List>
+void Broadcaster<Protocol>::eraseNullObservers(List &list)
+{
+    Internal::eraseIf(list, [](const auto &entry) { return entry.expired(); });
     forgetSnapshot();
 }
 
@@ -215,28 +223,28 @@ void Broadcaster<Protocol>::removeNullObservers()
     removeNullObservers(directObservers);
 }
 
-// Dead direct observers are swept by the walk that meets them, or when the lists are copied anyway.
+// Dead direct observers are swept by the walk that meets them, or when the lists are to be copied.
 template<typename Protocol>
 auto Broadcaster<Protocol>::currentAudience() -> Audience
 {
     const std::lock_guard<std::mutex> lock(observersMutex);
     removeNullObservers(qobjectObservers);
     removeNullObservers(queuedObservers);
-    if (qobjectObservers.empty() && queuedObservers.empty() && directObservers.size() <= 1) {
+    const bool isOneAtMost =
+        qobjectObservers.empty() && queuedObservers.empty() && directObservers.size() <= 1;
+    if (isOneAtMost || !snapshot)
         removeNullObservers(directObservers);
-        return {nullptr, directObservers.empty() ? nullptr : directObservers.front().lock()};
-    }
-    return {currentLists(), nullptr};
+    if (!isOneAtMost)
+        return {currentLists(), nullptr};
+    return {nullptr, directObservers.empty() ? nullptr : directObservers.front().lock()};
 }
 
 template<typename Protocol>
 auto Broadcaster<Protocol>::currentLists() -> std::shared_ptr<const Lists>
 {
-    if (!snapshot) {
-        removeNullObservers(directObservers);
+    if (!snapshot)
         snapshot =
             std::make_shared<const Lists>(qobjectObservers, queuedObservers, directObservers);
-    }
     return snapshot;
 }
 
@@ -248,14 +256,16 @@ void Broadcaster<Protocol>::forgetSnapshot()
     snapshot.reset();
 }
 
+// An observer may destroy this broadcaster. The lists, which the caller holds, tell it then.
 template<typename Protocol>
 template<typename Call>
 void Broadcaster<Protocol>::callDirect(const Lists &lists, const Call &call)
 {
+    bool hasMetDead = false;
     for (const std::weak_ptr<Protocol> &entry : lists.direct()) {
         if (const std::shared_ptr<Protocol> observer = entry.lock())
             call(observer.get());
-        else if (lists.isCurrent()) // or an observer may have destroyed this broadcaster
+        else if (!std::exchange(hasMetDead, true) && lists.isCurrent())
             removeNullObservers();
     }
 }

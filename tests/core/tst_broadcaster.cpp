@@ -161,7 +161,7 @@ TEST_F(Broadcaster, aBroadcastWithoutObserversPostsItsClosureToo)
         int count = 0;
     };
     WakeUps wakeUps;
-    qApp->installEventFilter(&wakeUps);
+    QCoreApplication::instance()->installEventFilter(&wakeUps);
     greet();
     QCoreApplication::processEvents();
     EXPECT_EQ(wakeUps.count, 1);
