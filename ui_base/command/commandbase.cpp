@@ -68,7 +68,7 @@ public:
     }
 
     static void work(std::shared_ptr<BackgroundRun> run);
-    static void finish(const BackgroundRun &run);
+    static void finish(BackgroundRun &run);
 
     CommandBase *const q;
     CmdsViewController *viewController = nullptr;
@@ -150,8 +150,11 @@ void CommandBaseImpl::work(std::shared_ptr<BackgroundRun> run)
                           Tessel::EQualityOfService::Main);
 }
 
-void CommandBaseImpl::finish(const BackgroundRun &run)
+void CommandBaseImpl::finish(BackgroundRun &run)
 {
+    // Taken out of the run: a host's own dispatch library may copy what is posted to it, and then
+    // the worker can hold the run, but not the command, for longer than this.
+    const auto owner = std::move(run.owner);
     CommandBase *const command = run.command;
     CmdsViewController *const controller = command->getViewController();
     if (run.pushedContext && controller)

@@ -90,12 +90,13 @@ bool OpenCommand::operationsStandInTheirOrder()
         &CommandBase::getExecutionNotificationMessage,
         &CommandBase::setExecutionNotificationMessage, &CommandBase::onExecuteAsync,
         &CommandBase::hasCommand, &CommandBase::getCommand, &CommandBase::commandGroup,
-        &CommandBase::setCommandGroup, &CommandBase::baseGroupName, &CommandBase::setBaseGroupName,
-        &CommandBase::isAttached, &CommandBase::setAttached,
-        &CommandBase::addAttachedCommandGroupName, &CommandBase::removeAttachedCommandGroupName,
-        &CommandBase::attachedCommandGroupNames, &CommandBase::attachedCommandGroupName,
-        &CommandBase::setAddedToCmdsVC, &CommandBase::onExecute, &OpenCommand::onTriggered,
-        &OpenCommand::onToggled, &OpenCommand::getExecutionCommandContext);
+        &CommandBase::setCommandGroup, &CommandBase::toolButton, &CommandBase::setToolButton,
+        &CommandBase::baseGroupName, &CommandBase::setBaseGroupName, &CommandBase::isAttached,
+        &CommandBase::setAttached, &CommandBase::addAttachedCommandGroupName,
+        &CommandBase::removeAttachedCommandGroupName, &CommandBase::attachedCommandGroupNames,
+        &CommandBase::attachedCommandGroupName, &CommandBase::setAddedToCmdsVC,
+        &CommandBase::onExecute, &OpenCommand::onTriggered, &OpenCommand::onToggled,
+        &OpenCommand::getExecutionCommandContext);
 }
 
 } // namespace Sample
