@@ -8,7 +8,10 @@ namespace Vela::UiBase {
 CmdMgrProtocol::~CmdMgrProtocol() = default;
 
 void CmdMgrProtocol::commandAdded(CmdMgr *, CommandBase *) { }
-void CmdMgrProtocol::commandRemoved(CmdMgr *, QString) { }
+// Each observer gets an id of its own.
+void CmdMgrProtocol::commandRemoved(CmdMgr *,
+                                    QString) // NOLINT(performance-unnecessary-value-param)
+{ }
 
 } // namespace Vela::UiBase
 

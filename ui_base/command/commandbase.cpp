@@ -18,6 +18,7 @@
 #include <QWidget>
 
 #include <atomic>
+#include <limits>
 
 namespace Vela::UiBase {
 namespace {
@@ -286,7 +287,7 @@ void CommandBase::setExecutionNotificationMessage(ENotification notification,
                                                   const QString &message)
 {
     const int index = static_cast<int>(notification);
-    if (index < 0)
+    if (index < 0 || index == std::numeric_limits<int>::max())
         return;
     if (d->executionNotificationMessages.size() <= index)
         d->executionNotificationMessages.resize(index + 1);

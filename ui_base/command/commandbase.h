@@ -148,7 +148,8 @@ public:
     virtual void enableExecutionNotification(bool enable);
     /// The message, or an empty text when none was set.
     virtual const QString getExecutionNotificationMessage(ENotification notification) const;
-    /// Sets a message; an empty text shows none. A negative @p notification is ignored.
+    /// Sets a message; an empty text shows none. Keep values small: there is a place for each up to the
+    /// largest. A negative @p notification and the largest int are ignored.
     virtual void setExecutionNotificationMessage(ENotification notification,
                                                  const QString &message);
 

@@ -29,12 +29,7 @@ struct CommandState
     ~CommandState() = default;
 
     /// Takes each field of @p other that is stated.
-    constexpr CommandState &operator=(const CommandState &other) noexcept
-    {
-        enabled = other.enabled;
-        checked = other.checked;
-        return *this;
-    }
+    constexpr CommandState &operator=(const CommandState &other) noexcept = default;
     /// Takes both fields of @p other, State::Keep included.
     constexpr CommandState &overwrite(const CommandState &other) noexcept
     {

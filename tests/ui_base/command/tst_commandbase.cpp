@@ -21,6 +21,7 @@
 #include <QTemporaryDir>
 
 #include <atomic>
+#include <climits>
 #include <type_traits>
 
 using Lumo::Test::CommandRecorder;
@@ -322,6 +323,8 @@ void TestCommandBase::messagesGrowOnDemand()
     QCOMPARE(command->getExecutionNotificationMessage(ENotification(5)), QString());
     command->setExecutionNotificationMessage(ENotification(-1), QStringLiteral("lost"));
     QCOMPARE(command->getExecutionNotificationMessage(ENotification(-1)), QString());
+    command->setExecutionNotificationMessage(ENotification(INT_MAX), QStringLiteral("lost"));
+    QCOMPARE(command->getExecutionNotificationMessage(ENotification(INT_MAX)), QString());
 }
 
 void TestCommandBase::settersAreRead()
