@@ -18,9 +18,8 @@ public:
     /// logical: the device pixel ratio is Qt's business.
     ///
     /// @param scale whole-number magnification of the interface; values below 1 count as 1
-    /// @param language name of the language of the text as QLocale::name() gives it ("de",
-    /// "zh_CN");
-    ///                 empty or unknown means 12
+    /// @param language name of the language of the text, as QLocale::name() gives it ("de" or
+    ///                 "zh_CN"); empty or unknown means 12
     int FontPixelSize12Value(int scale, const QString &language) const;
 };
 

@@ -297,7 +297,8 @@ Styles::~Styles() = default;
 
 Styles &Styles::Instance()
 {
-    static Styles instance;
+    // Never destroyed: widgets of static storage may still ask for a style when they end.
+    static Styles &instance = *new Styles;
     return instance;
 }
 

@@ -40,7 +40,8 @@ enum class EPalette : int {
 class LUMO_COMMON_RES_EXPORT Styles
 {
 public:
-    /// The instance, made on first use with EPalette::Light. It lives to the end of the process.
+    /// The instance, made on first use with EPalette::Light. It is never destroyed, so that objects
+    /// of static storage may ask it in their destructors.
     static Styles &Instance();
 
     /// Chooses the colours of all later answers. Widgets that took a sheet or colour before keep

@@ -9,7 +9,27 @@
 #include <QCoreApplication>
 #include <QFile>
 
+#include <cstdlib>
+
 using namespace Vela::Resource;
+
+namespace {
+
+/// Reads styles at its own end.
+class LateReader
+{
+public:
+    LateReader() = default;
+    ~LateReader()
+    {
+        if (!Styles::Instance().MenuMain().contains(QLatin1String("QMenu")))
+            std::abort();
+    }
+    LateReader(const LateReader &) = delete;
+    LateReader &operator=(const LateReader &) = delete;
+};
+
+} // namespace
 
 TEST(ResourcesWithoutApplication, StylesAnswer)
 {
@@ -30,4 +50,15 @@ TEST(ResourcesWithoutApplication, ImagesAreThere)
 {
     EXPECT_EQ(Styles::Instance().Palette(), EPalette::Light);
     EXPECT_TRUE(QFile::exists(QStringLiteral(":/resources/images/sys_close.png")));
+}
+
+TEST(ResourcesDeathTest, StylesAnswerUntilTheProcessEnds)
+{
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    // Made before the styles, so that it ends after whatever their own end would be.
+    const auto readAtTheEnd = [] {
+        static const LateReader lateReader;
+        std::exit(Styles::Instance().MenuMain().isEmpty() ? 1 : 0);
+    };
+    EXPECT_EXIT(readAtTheEnd(), ::testing::ExitedWithCode(0), "");
 }
