@@ -40,8 +40,7 @@ public:
     ///
     /// An exception from the sink ends here: who marks what he does must not fail because of it.
     /// @return eRcmSuccess, also without a sink; eRcmFailure for a null text, and when the sink
-    /// threw
-    ///         or memory for the text ran out
+    ///         threw or memory for the text ran out
     virtual ERcmStatus ProfilerWaypoint(const wchar_t *text) const;
 
     /// Replaces the sink; an empty one switches waypoints off. A waypoint that another thread is

@@ -26,7 +26,9 @@ std::size_t totalSize(std::initializer_list<std::string_view> pieces)
 
 bool TraceFile::open(const std::filesystem::path &path, std::string_view firstEvent)
 {
-    m_path = path;
+    // A relative path would name another file once the process has another working folder.
+    std::error_code ignored;
+    m_path = std::filesystem::absolute(path, ignored);
     m_buffer.reserve(bufferSize);
     // The stream gets no buffer of its own: after a failed write it would still hold a part of it.
     m_stream.rdbuf()->pubsetbuf(nullptr, 0);

@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QDir>
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -607,6 +608,29 @@ TEST_F(TraceWriterTest, writeThatFailsHalfWayLeavesAValidTrace)
     EXPECT_EQ(names.last(), QStringLiteral("waypoint %1").arg(names.size() - 1));
     EXPECT_LE(contentOf(path).size(), limit);
     EXPECT_EQ(checkTrace(path), 0);
+}
+
+TEST_F(TraceWriterTest, failedWriteCutsItsOwnFileAfterTheWorkingFolderChanged)
+{
+    const QString before = QDir::currentPath();
+    const QTemporaryDir elsewhere;
+    const QString other = elsewhere.filePath("trace.json");
+    const QByteArray otherContent(5000, 'x');
+    QFile otherFile(other);
+    ASSERT_TRUE(otherFile.open(QIODevice::WriteOnly));
+    otherFile.write(otherContent);
+    otherFile.close();
+    ASSERT_TRUE(QDir::setCurrent(QString::fromStdString(pathOf("."))));
+    TraceWriter writer("trace.json");
+    ASSERT_TRUE(QDir::setCurrent(elsewhere.path()));
+    {
+        const FileSizeLimit guard(rlim_t(contentOf(path).size()) + 10);
+        writer.sink()(std::wstring(100, L'a'));
+        EXPECT_FALSE(writer.close());
+    }
+    ASSERT_TRUE(QDir::setCurrent(before));
+    EXPECT_EQ(contentOf(other.toStdString()), otherContent);
+    EXPECT_EQ(eventsOf(path).size(), 1U);
 }
 
 TEST_F(TraceWriterTest, failureAtTheLastFlushIsReportedByClose)
