@@ -14,8 +14,6 @@
 #include <QTextStream>
 #include <QVariant>
 
-#include <algorithm>
-
 namespace Vela::UiBase {
 namespace {
 
@@ -41,7 +39,7 @@ QString pathOf(const QString &name, QLatin1String stateText, EIconType type)
 {
     const QString base = QStringLiteral(":/resources/images/");
     const QString suffix = suffixOf(type);
-    if (suffix.isEmpty() || name.endsWith(suffix, Qt::CaseInsensitive))
+    if (name.endsWith(suffix, Qt::CaseInsensitive)) // as every name does with an empty suffix
         return base + name;
     const QString candidate = base + name + stateText + suffix;
     return QFile::exists(candidate) ? candidate : QString();
@@ -63,7 +61,7 @@ QSize probedSize(const QIcon &icon)
 QByteArray readText(const QString &path)
 {
     QFile file(path);
-    if (path.isEmpty() || !file.open(QIODevice::ReadOnly | QIODevice::Text))
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
         return {};
     QTextStream stream(&file);
     stream.setCodec("UTF-8"); // else the user's locale decides
@@ -105,9 +103,11 @@ QSvgRenderer &DefaultIconProviderPrivate::renderer()
 
 QPixmap DefaultIconProviderPrivate::svgPixmap(const QString &path, const QSize &size, qreal ratio)
 {
+    if (path.isEmpty())
+        return {};
     const QByteArray svg = readText(path);
     // A bitmap inside a drawing may be a file that changes.
-    if (svg.isEmpty() || svg.contains("image"))
+    if (svg.contains("image"))
         return render(svg, size, ratio);
     const QString key = renderedKey(path, svg, size, ratio);
     QPixmap pixmap;
@@ -131,15 +131,14 @@ QPixmap DefaultIconProviderPrivate::render(const QByteArray &svg, const QSize &s
     svgRenderer.render(&painter);
     painter.end();
     QPixmap pixmap = QPixmap::fromImage(std::move(image));
-    pixmap.setDevicePixelRatio(std::max<qreal>(1, ratio));
+    pixmap.setDevicePixelRatio(ratio);
     return pixmap;
 }
 
 QIcon DefaultIconProviderPrivate::svgIcon(const QString &normal, const QString &active,
                                           const QSize &size, qreal ratio)
 {
-    return Internal::iconOf(normal.isEmpty() ? QPixmap() : svgPixmap(normal, size, ratio),
-                            active.isEmpty() ? QPixmap() : svgPixmap(active, size, ratio));
+    return Internal::iconOf(svgPixmap(normal, size, ratio), svgPixmap(active, size, ratio));
 }
 
 DefaultIconProvider::DefaultIconProvider()
@@ -182,12 +181,11 @@ void DefaultIconProvider::UpdateIconSize(QAction *action, const QSize &size)
         return;
     const QString active = action->property(activeProperty).toString();
     const qreal ratio = Internal::devicePixelRatioFor(*action);
-    if (!isBitmap)
-        return action->setIcon(d->svgIcon(normal, active, size, ratio));
     const auto scaled = [&](const QString &path) {
         return Internal::fitted(Internal::loadPixmap(path, ratio), size, ratio);
     };
-    action->setIcon(Internal::iconOf(scaled(normal), scaled(active)));
+    action->setIcon(isBitmap ? Internal::iconOf(scaled(normal), scaled(active))
+                             : d->svgIcon(normal, active, size, ratio));
 }
 
 QIcon DefaultIconProvider::UpdateIconSize(const QIcon &icon, const QSize &size)

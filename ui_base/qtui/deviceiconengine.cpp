@@ -6,14 +6,12 @@
 #include "ui_base/qtui/devicepixmap_p.h"
 
 #include <QApplication>
-#include <QBuffer>
 #include <QDataStream>
+#include <QIODevice>
 #include <QPainter>
 #include <QPixmapCache>
 #include <QStyle>
 #include <QStyleOption>
-
-#include <vector>
 
 namespace Vela::UiBase::Internal {
 namespace {
@@ -28,28 +26,6 @@ QIcon::State opposite(QIcon::State state)
     return state == QIcon::On ? QIcon::Off : QIcon::On;
 }
 
-/// The modes whose pictures can stand in for @p mode, best first.
-struct SStandIns
-{
-    std::vector<QIcon::Mode> close;   ///< tried in both states
-    std::vector<QIcon::Mode> distant; ///< tried in both states when none of the others is there
-};
-
-SStandIns standInsFor(QIcon::Mode mode)
-{
-    switch (mode) {
-    case QIcon::Active:
-        return {{QIcon::Active, QIcon::Normal}, {QIcon::Disabled, QIcon::Selected}};
-    case QIcon::Disabled:
-        return {{QIcon::Disabled, QIcon::Normal, QIcon::Active}, {QIcon::Selected}};
-    case QIcon::Selected:
-        return {{QIcon::Selected, QIcon::Normal, QIcon::Active}, {QIcon::Disabled}};
-    case QIcon::Normal:
-        break;
-    }
-    return {{QIcon::Normal, QIcon::Active}, {QIcon::Disabled, QIcon::Selected}};
-}
-
 QSize boundedIn(const QSize &size, const QSize &bound)
 {
     const bool fits = size.width() <= bound.width() && size.height() <= bound.height();
@@ -61,18 +37,8 @@ QPixmap inMode(const QPixmap &pixmap, QIcon::Mode mode)
     if (!qobject_cast<QApplication *>(QCoreApplication::instance()))
         return pixmap;
     QStyleOption option;
-    option.palette = QGuiApplication::palette();
     const QPixmap styled = QApplication::style()->generatedIconPixmap(mode, pixmap, &option);
     return styled.isNull() ? pixmap : styled;
-}
-
-QPixmap rendered(const QPixmap &source, const QSize &size, QIcon::Mode mode)
-{
-    QPixmap result = source;
-    result.setDevicePixelRatio(1);
-    if (result.size() != size)
-        result = result.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-    return mode == QIcon::Normal ? result : inMode(result, mode);
 }
 
 QString cacheKey(const QPixmap &source, const QSize &size, QIcon::Mode mode)
@@ -98,13 +64,13 @@ void DeviceIconEngine::paint(QPainter *painter, const QRect &rect, QIcon::Mode m
 QSize DeviceIconEngine::actualSize(const QSize &size, QIcon::Mode mode, QIcon::State state)
 {
     const SPicture *picture = bestFor(physicalSize(size, highestDevicePixelRatio()), mode, state);
-    return picture ? boundedIn(logicalSize(picture->pixmap), size) : QSize();
+    return picture ? boundedIn(picture->logicalSize, size) : QSize();
 }
 
 QPixmap DeviceIconEngine::pixmap(const QSize &size, QIcon::Mode mode, QIcon::State state)
 {
     const SPicture *picture = bestFor(size, mode, state);
-    if (!picture || size.isEmpty())
+    if (!picture)
         return {};
     const QSize target = boundedIn(picture->pixmap.size(), size);
     const QIcon::Mode shown = picture->mode == mode ? QIcon::Normal : mode;
@@ -112,30 +78,32 @@ QPixmap DeviceIconEngine::pixmap(const QSize &size, QIcon::Mode mode, QIcon::Sta
     QPixmap result;
     if (QPixmapCache::find(key, &result))
         return result;
-    result = rendered(picture->pixmap, target, shown);
+    result = inMode(picture->pixmap.scaled(target, Qt::IgnoreAspectRatio, Qt::SmoothTransformation),
+                    shown);
     QPixmapCache::insert(key, result);
     return result;
 }
 
 void DeviceIconEngine::addPixmap(const QPixmap &pixmap, QIcon::Mode mode, QIcon::State state)
 {
-    if (!pixmap.isNull())
-        m_pictures.push_back({pixmap, mode, state});
+    if (pixmap.isNull())
+        return;
+    m_pictures.push_back({pixmap, logicalSize(pixmap), mode, state});
+    m_pictures.back().pixmap.setDevicePixelRatio(1);
 }
 
 void DeviceIconEngine::addFile(const QString &fileName, const QSize &, QIcon::Mode mode,
                                QIcon::State state)
 {
-    addPixmap(loadPixmap(fileName, highestDevicePixelRatio()), mode, state);
+    addPixmap(QPixmap(fileName), mode, state);
 }
 
 QList<QSize> DeviceIconEngine::availableSizes(QIcon::Mode mode, QIcon::State state) const
 {
     QList<QSize> sizes;
     for (const SPicture &picture : m_pictures) {
-        const QSize size = logicalSize(picture.pixmap);
-        if (picture.mode == mode && picture.state == state && !sizes.contains(size))
-            sizes << size;
+        if (picture.mode == mode && picture.state == state)
+            sizes << picture.logicalSize;
     }
     return sizes;
 }
@@ -165,16 +133,15 @@ bool DeviceIconEngine::write(QDataStream &out) const
     return out.writeRawData(streamed.constData() + start, size) == size;
 }
 
+// Without a picture of its own each mode shows the normal one, else the active one. An icon has one
+// of the two, if only for the other state.
 const DeviceIconEngine::SPicture *DeviceIconEngine::bestFor(const QSize &pixels, QIcon::Mode mode,
                                                             QIcon::State state) const
 {
-    const SStandIns standIns = standInsFor(mode);
-    for (const std::vector<QIcon::Mode> &modes : {standIns.close, standIns.distant}) {
-        for (const QIcon::State tried : {state, opposite(state)}) {
-            for (const QIcon::Mode standIn : modes) {
-                if (const SPicture *picture = bestExactly(pixels, standIn, tried))
-                    return picture;
-            }
+    for (const QIcon::State tried : {state, opposite(state)}) {
+        for (const QIcon::Mode standIn : {mode, QIcon::Normal, QIcon::Active}) {
+            if (const SPicture *picture = bestExactly(pixels, standIn, tried))
+                return picture;
         }
     }
     return nullptr;

@@ -24,6 +24,7 @@ public:
     QPixmap pixmap(const QSize &size, QIcon::Mode mode, QIcon::State state) override;
 
     void addPixmap(const QPixmap &pixmap, QIcon::Mode mode, QIcon::State state) override;
+    /// Adds this very file. QIcon::addFile() calls it once more for the neighbour "@2x" or "@3x".
     void addFile(const QString &fileName, const QSize &size, QIcon::Mode mode,
                  QIcon::State state) override;
 
@@ -39,7 +40,8 @@ public:
 private:
     struct SPicture
     {
-        QPixmap pixmap;
+        QPixmap pixmap;    // its own device pixel ratio is 1
+        QSize logicalSize; // what it takes up in the interface
         QIcon::Mode mode;
         QIcon::State state;
     };

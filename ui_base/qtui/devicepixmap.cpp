@@ -23,9 +23,8 @@ namespace {
 QString variantOf(const QString &path, int factor)
 {
     const int dot = path.lastIndexOf(QLatin1Char('.'));
-    const bool hasSuffix = dot > path.lastIndexOf(QLatin1Char('/'));
     QString variant = path;
-    return variant.insert(hasSuffix ? dot : path.size(), QStringLiteral("@%1x").arg(factor));
+    return variant.insert(dot < 0 ? path.size() : dot, QStringLiteral("@%1x").arg(factor));
 }
 
 QPixmap decoded(const QString &path, const QByteArray &contents)
@@ -50,8 +49,7 @@ QPixmap loadIntact(const QString &path)
     if (QPixmapCache::find(key, &pixmap))
         return pixmap;
     pixmap = decoded(path, contents);
-    if (!pixmap.isNull())
-        QPixmapCache::insert(key, pixmap);
+    QPixmapCache::insert(key, pixmap);
     return pixmap;
 }
 
@@ -68,7 +66,12 @@ qreal ratioThatFits(const QSize &pixmap, const QSize &room, qreal ratio)
 
 qreal highestDevicePixelRatio()
 {
-    return qGuiApp ? std::max<qreal>(1, qGuiApp->devicePixelRatio()) : 1;
+    return qGuiApp ? qGuiApp->devicePixelRatio() : 1;
+}
+
+qreal devicePixelRatioFor(const QWidget &widget)
+{
+    return std::max<qreal>(1, widget.devicePixelRatioF());
 }
 
 qreal devicePixelRatioFor(const QAction &action)
@@ -76,15 +79,15 @@ qreal devicePixelRatioFor(const QAction &action)
     const QList<QWidget *> widgets = action.associatedWidgets();
     if (widgets.isEmpty())
         return highestDevicePixelRatio();
-    qreal ratio = 1;
+    qreal ratio = 0;
     for (const QWidget *widget : widgets)
-        ratio = std::max(ratio, widget->devicePixelRatioF());
+        ratio = std::max(ratio, devicePixelRatioFor(*widget));
     return ratio;
 }
 
 QSize physicalSize(const QSize &size, qreal ratio)
 {
-    return size * std::max<qreal>(1, ratio);
+    return size * ratio;
 }
 
 QSize logicalSize(const QPixmap &pixmap)
@@ -95,15 +98,14 @@ QSize logicalSize(const QPixmap &pixmap)
 QString pictureKey(const QString &path, const QByteArray &contents)
 {
     const uint hash = qHashBits(contents.constData(), std::size_t(contents.size()));
-    return QLatin1String("lumo_") + QString::number(hash, 16) + QLatin1Char('_')
-        + QString::number(contents.size(), 16) + QLatin1Char('_') + path;
+    return QLatin1String("lumo_") + QString::number(hash, 16) + QLatin1Char('_') + path;
 }
 
 QPixmap loadPixmap(const QString &path, qreal ratio)
 {
     if (path.isEmpty() || !qGuiApp)
         return {};
-    for (int factor = std::min(qCeil(ratio), 9); factor > 1; --factor) {
+    for (int factor = qCeil(ratio); factor > 1; --factor) {
         const QString variant = variantOf(path, factor);
         QPixmap pixmap = loadIntact(variant);
         if (pixmap.isNull())
@@ -116,11 +118,11 @@ QPixmap loadPixmap(const QString &path, qreal ratio)
 
 QPixmap fitted(const QPixmap &pixmap, const QSize &size, qreal ratio)
 {
-    if (pixmap.isNull() || size.isEmpty())
+    if (pixmap.isNull())
         return {};
     QPixmap result =
         pixmap.scaled(physicalSize(size, ratio), Qt::KeepAspectRatio, Qt::SmoothTransformation);
-    result.setDevicePixelRatio(std::max<qreal>(1, ratio));
+    result.setDevicePixelRatio(ratio);
     return result;
 }
 

@@ -9,14 +9,19 @@
 #include <QString>
 
 class QAction;
+class QWidget;
 
 /// Pictures for screens of any device pixel ratio. Sizes are logical unless a name says otherwise,
-/// ratios below 1 count as 1, and the application's attributes play no part. All of it is for the
-/// main thread, and gives null pictures without a QGuiApplication.
+/// and the application's attributes play no part. Ratios come from the functions below, which never
+/// answer less than 1. All of it is for the main thread, and gives null pictures without a
+/// QGuiApplication.
 namespace Vela::UiBase::Internal {
 
 /// The highest ratio among the screens; 1 without an application.
 qreal highestDevicePixelRatio();
+
+/// The ratio of the screen of @p widget.
+qreal devicePixelRatioFor(const QWidget &widget);
 
 /// The highest ratio among the screens of the widgets that show @p action, and among all screens
 /// when it is shown by none.
@@ -32,9 +37,9 @@ QSize logicalSize(const QPixmap &pixmap);
 /// the file would not do: resources that are built reproducibly all have the same.
 QString pictureKey(const QString &path, const QByteArray &contents);
 
-/// Loads the bitmap file @p path for a screen with the ratio @p ratio: of the files "name@2x.png"
-/// to "name@9x.png" beside it the one nearest to the ratio from above, else the best below, else
-/// the file itself. Null and silent when the file is missing or damaged.
+/// Loads the bitmap file @p path for a screen with the ratio @p ratio: "name@Nx.png" beside it, for
+/// N the ratio rounded up or, without that file, the next whole number below that has one; without
+/// any, the file itself. Null and silent when the file is missing or damaged.
 QPixmap loadPixmap(const QString &path, qreal ratio);
 
 /// @p pixmap scaled smoothly to fit into @p size in its own proportions, in the pixels that @p

@@ -37,8 +37,6 @@ QtUiDebugger::~QtUiDebugger() = default;
 
 void QtUiDebugger::DumpWidgetUnderMouse()
 {
-    if (!qobject_cast<QApplication *>(QCoreApplication::instance()))
-        return;
     const QWidget *widget = QApplication::widgetAt(QCursor::pos());
     if (!widget)
         return;

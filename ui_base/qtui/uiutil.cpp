@@ -55,7 +55,7 @@ QLabel *UiUtil::addIconToWidget(QWidget *widget, const QPoint &offset, EAttachTo
 {
     if (!widget)
         return nullptr;
-    const QPixmap pixmap = Internal::loadPixmap(iconPath, widget->devicePixelRatioF());
+    const QPixmap pixmap = Internal::loadPixmap(iconPath, Internal::devicePixelRatioFor(*widget));
     if (pixmap.isNull())
         return nullptr;
     auto *label = new QLabel(widget);

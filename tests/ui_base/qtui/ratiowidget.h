@@ -11,7 +11,7 @@ namespace Lumo::Test {
 class RatioWidget : public QWidget
 {
 public:
-    explicit RatioWidget(int ratio)
+    explicit RatioWidget(qreal ratio)
         : m_ratio(ratio)
     { }
 
@@ -19,14 +19,14 @@ protected:
     int metric(PaintDeviceMetric metric) const override
     {
         if (metric == PdmDevicePixelRatio)
-            return m_ratio;
+            return int(m_ratio);
         if (metric == PdmDevicePixelRatioScaled)
             return int(m_ratio * devicePixelRatioFScale());
         return QWidget::metric(metric);
     }
 
 private:
-    const int m_ratio;
+    const qreal m_ratio;
 };
 
 } // namespace Lumo::Test

@@ -9,9 +9,12 @@
 
 #include <QAction>
 #include <QDataStream>
+#include <QIconEngine>
 #include <QPainter>
 #include <QTemporaryDir>
 #include <QTemporaryFile>
+#include <QTextCodec>
+#include <QTimer>
 
 #include <unistd.h>
 
@@ -87,6 +90,64 @@ private:
     int m_stderr = -1;
 };
 
+/// Has text read as UTF-16 where nobody says otherwise, while alive.
+class ForeignLocale
+{
+public:
+    ForeignLocale() { QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-16LE")); }
+    ~ForeignLocale() { QTextCodec::setCodecForLocale(m_own); }
+
+private:
+    QTextCodec *const m_own = QTextCodec::codecForLocale();
+};
+
+/// Counts the timer events of all objects but one.
+class TimerEvents : public QObject
+{
+public:
+    explicit TimerEvents(const QObject *exception)
+        : m_exception(exception)
+    {
+        qApp->installEventFilter(this);
+    }
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        count += event->type() == QEvent::Timer && watched != m_exception;
+        return false;
+    }
+    int count = 0;
+
+private:
+    const QObject *const m_exception;
+};
+
+/// The engine of an icon of 24 by 24 that knows the active mode only, and has no pictures.
+class ActiveOnlyEngine : public QIconEngine
+{
+public:
+    void paint(QPainter *, const QRect &, QIcon::Mode, QIcon::State) override { }
+    QSize actualSize(const QSize &, QIcon::Mode mode, QIcon::State) override
+    {
+        return mode == QIcon::Active ? QSize(24, 24) : QSize();
+    }
+    QPixmap pixmap(const QSize &, QIcon::Mode, QIcon::State) override { return {}; }
+    QIconEngine *clone() const override { return new ActiveOnlyEngine; }
+};
+
+void writeFile(const QString &path, const QByteArray &content)
+{
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(content);
+}
+
+QPixmap filled(const QSize &size, const QColor &color)
+{
+    QPixmap pixmap(size);
+    pixmap.fill(color);
+    return pixmap;
+}
+
 /// Lets icons multiply by the device pixel ratio themselves, while alive.
 class HighDpiPixmaps
 {
@@ -119,6 +180,9 @@ private Q_SLOTS:
     void drawingWithoutActiveFileHasTheNormalModeOnly();
     void unknownTypeTakesTheNameAsFile();
     void drawingIsReadAnewWhenItsFileChanges();
+    void drawingIsRenderedAnewWhenABitmapInItChanges();
+    void drawingIsReadAsUtf8InAnyLocale();
+    void animatedDrawingRunsNoTimer();
 
     void updateOfNullActionIsIgnored();
     void updateScalesBothBitmapsOfTheAction();
@@ -128,6 +192,8 @@ private Q_SLOTS:
     void updateWithoutActiveFileKeepsOneMode();
     void updateOfAVanishedBitmapEmptiesTheIcon();
     void updateRendersBothDrawingsOfTheAction();
+    void updateStopsWhenOnlyTheActivePictureHasTheSize();
+    void updateToAnEmptySizeEmptiesTheIcon();
     void updateWithoutSizeRendersADrawingAtItsOwnSize();
     void updateWithoutSizeOfADrawingWithoutOneIsEmpty();
     void updateRendersADrawingAgainAtTheSameSize();
@@ -135,6 +201,7 @@ private Q_SLOTS:
     void updatedIconIsScaledInBothModes();
     void updatedIconOfTheSameSizeIsACopy();
     void updateOfAnEmptyIconIsEmpty();
+    void updateOfAnIconWithoutPictureIsACopy();
     void sizesAboveTheProbeCountAsTheProbe();
 
     void bitmapComesInTheResolutionOfTheScreen();
@@ -144,13 +211,22 @@ private Q_SLOTS:
     void sizesOfIconsAreLogical();
     void updatedIconComesInTheResolutionOfTheScreen();
     void screenOfTheActionsWidgetsDecides();
+    void ratioBetweenWholeNumbersTakesTheFinerFile();
+    void ratioBelowOneCountsAsOne();
     void iconPaintsInFullResolution();
     void iconOfFinePixelsGreysWhenDisabled();
+    void greyFollowsThePalette();
     void iconOfFinePixelsFindsStandIns();
+    void iconOfFinePixelsShowsTheActivePictureWhenThereIsNoOther();
+    void iconOfFinePixelsTakesTheNearestSize();
+    void iconOfFinePixelsScalesOnce();
     void iconOfFinePixelsIsStreamedWithItsPictures();
     void copyOfAnIconIsIndependent();
+    void filesAddedToAFineIconKeepTheirSize();
 
 private:
+    QIcon fineIcon(const char *name, EIconType type = EIconType::IconSvg);
+
     DefaultIconProvider m_provider;
 };
 
@@ -332,12 +408,10 @@ void TestDefaultIconProvider::drawingIsReadAnewWhenItsFileChanges()
     QTemporaryDir folder;
     const QString path = folder.filePath(QStringLiteral("own.svg"));
     const auto write = [&path](const char *color) {
-        QFile file(path);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write("<svg xmlns='http://www.w3.org/2000/svg' width='8' height='8'>"
-                   "<rect width='8' height='8' fill='");
-        file.write(color);
-        file.write("'/></svg>");
+        writeFile(path,
+                  QByteArray("<svg xmlns='http://www.w3.org/2000/svg' width='8' height='8'>"
+                             "<rect width='8' height='8' fill='")
+                      + color + "'/></svg>");
     };
     QAction action;
     action.setProperty("icon_type", 1);
@@ -348,6 +422,58 @@ void TestDefaultIconProvider::drawingIsReadAnewWhenItsFileChanges()
     write("#2020d0");
     m_provider.UpdateIconSize(&action, QSize(8, 8));
     QCOMPARE(colorOf(action.icon()), blue);
+}
+
+void TestDefaultIconProvider::drawingIsRenderedAnewWhenABitmapInItChanges()
+{
+    QTemporaryDir folder;
+    const QString bitmap = folder.filePath(QStringLiteral("photo.png"));
+    const QString drawing = folder.filePath(QStringLiteral("frame.svg"));
+    writeFile(drawing,
+              "<svg xmlns='http://www.w3.org/2000/svg' width='8' height='8'"
+              " xmlns:xlink='http://www.w3.org/1999/xlink'>"
+              "<image width='8' height='8' xlink:href='"
+                  + QFile::encodeName(bitmap) + "'/></svg>");
+    QAction action;
+    action.setProperty("icon_type", 1);
+    action.setProperty("icon_normal_resource", drawing);
+    for (const QColor &color : {red, blue}) {
+        QVERIFY(filled(QSize(8, 8), color).save(bitmap));
+        m_provider.UpdateIconSize(&action, QSize(8, 8));
+        QCOMPARE(colorOf(action.icon()), color);
+    }
+}
+
+void TestDefaultIconProvider::drawingIsReadAsUtf8InAnyLocale()
+{
+    const ForeignLocale locale;
+    const QIcon icon = m_provider.CreateIcon(QStringLiteral("kit_alone"), nullptr,
+                                             EIconType::IconSvg, QSize(26, 26));
+    QCOMPARE(colorOf(icon), green);
+}
+
+void TestDefaultIconProvider::animatedDrawingRunsNoTimer()
+{
+    QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("turning.svg"));
+    writeFile(path,
+              "<svg xmlns='http://www.w3.org/2000/svg' width='8' height='8'>"
+              "<rect width='8' height='8'><animateColor attributeName='fill' from='red'"
+              " to='blue' dur='9s' repeatCount='indefinite'/></rect></svg>");
+    QAction action;
+    action.setProperty("icon_type", 1);
+    action.setProperty("icon_normal_resource", path);
+    m_provider.UpdateIconSize(&action, QSize(8, 8));
+    QVERIFY(!action.icon().isNull());
+    // A drawing shows 30 frames per second, so one would come before the slower clock's third tick.
+    QTimer clock;
+    const TimerEvents others(&clock);
+    int ticks = 0;
+    connect(&clock, &QTimer::timeout, this, [&ticks] { ++ticks; });
+    clock.start(40);
+    while (ticks < 3)
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    QCOMPARE(others.count, 0);
 }
 
 void TestDefaultIconProvider::updateOfNullActionIsIgnored()
@@ -435,6 +561,33 @@ void TestDefaultIconProvider::updateRendersBothDrawingsOfTheAction()
     QCOMPARE(colorOf(action.icon(), QIcon::Active), blue);
 }
 
+void TestDefaultIconProvider::updateStopsWhenOnlyTheActivePictureHasTheSize()
+{
+    QAction action;
+    m_provider.CreateIcon(QStringLiteral("kit_both"), &action, EIconType::IconPng, QSize());
+    action.setIcon(QIcon(new ActiveOnlyEngine));
+    const qint64 before = action.icon().cacheKey();
+    m_provider.UpdateIconSize(&action, QSize(24, 24));
+    QCOMPARE(action.icon().cacheKey(), before);
+}
+
+void TestDefaultIconProvider::updateToAnEmptySizeEmptiesTheIcon()
+{
+    const QList<std::pair<EIconType, QSize>> updates {{EIconType::IconPng, QSize()},
+                                                      {EIconType::IconPng, QSize(12, 0)},
+                                                      {EIconType::IconSvg, QSize(0, 0)},
+                                                      {EIconType::IconSvg, QSize(12, 0)}};
+    for (const auto &[type, size] : updates) {
+        QAction action;
+        m_provider.CreateIcon(type == EIconType::IconPng ? QStringLiteral("kit_both")
+                                                         : QStringLiteral("kit_drawn"),
+                              &action, type, QSize());
+        action.setIcon(filled(QSize(24, 24), red));
+        m_provider.UpdateIconSize(&action, size);
+        QVERIFY(action.icon().isNull());
+    }
+}
+
 void TestDefaultIconProvider::updateWithoutSizeRendersADrawingAtItsOwnSize()
 {
     QAction action;
@@ -495,6 +648,12 @@ void TestDefaultIconProvider::updateOfAnEmptyIconIsEmpty()
 {
     QVERIFY(m_provider.UpdateIconSize(QIcon(), QSize(24, 24)).isNull());
     QVERIFY(m_provider.UpdateIconSize(QIcon(), QSize()).isNull());
+}
+
+void TestDefaultIconProvider::updateOfAnIconWithoutPictureIsACopy()
+{
+    const QIcon icon(new ActiveOnlyEngine);
+    QCOMPARE(m_provider.UpdateIconSize(icon, QSize(9, 9)).cacheKey(), icon.cacheKey());
 }
 
 void TestDefaultIconProvider::sizesAboveTheProbeCountAsTheProbe()
@@ -603,6 +762,42 @@ void TestDefaultIconProvider::screenOfTheActionsWidgetsDecides()
     QCOMPARE(probe(action.icon()), QSize(30, 30));
 }
 
+void TestDefaultIconProvider::ratioBetweenWholeNumbersTakesTheFinerFile()
+{
+    Lumo::Test::RatioWidget between(1.5);
+    QAction action;
+    between.addAction(&action);
+    const QIcon bitmap =
+        m_provider.CreateIcon(QStringLiteral("kit_both"), &action, EIconType::IconPng, QSize());
+    QCOMPARE(bitmap.pixmap(300).width(), 48);
+    QCOMPARE(probe(bitmap), QSize(24, 24));
+    const QIcon drawing = m_provider.CreateIcon(QStringLiteral("kit_drawn"), &action,
+                                                EIconType::IconSvg, QSize(25, 25));
+    QCOMPARE(drawing.pixmap(300).width(), 38);
+    QCOMPARE(probe(drawing), QSize(25, 25));
+}
+
+void TestDefaultIconProvider::ratioBelowOneCountsAsOne()
+{
+    Lumo::Test::RatioWidget coarse(0.5);
+    QAction action;
+    coarse.addAction(&action);
+    const QIcon icon = m_provider.CreateIcon(QStringLiteral("kit_drawn"), &action,
+                                             EIconType::IconSvg, QSize(24, 24));
+    QCOMPARE(icon.pixmap(300).width(), 24);
+    m_provider.UpdateIconSize(&action, QSize(30, 30));
+    QCOMPARE(action.icon().pixmap(300).width(), 30);
+}
+
+/// An icon of 24 by 24 for a screen of the ratio 2, drawn or as a bitmap.
+QIcon TestDefaultIconProvider::fineIcon(const char *name, EIconType type)
+{
+    Lumo::Test::RatioWidget fine(2);
+    QAction action;
+    fine.addAction(&action);
+    return m_provider.CreateIcon(QLatin1String(name), &action, type, QSize(24, 24));
+}
+
 void TestDefaultIconProvider::iconPaintsInFullResolution()
 {
     Lumo::Test::RatioWidget fine(2);
@@ -631,8 +826,21 @@ void TestDefaultIconProvider::iconOfFinePixelsGreysWhenDisabled()
                                              EIconType::IconSvg, QSize(24, 24));
     QVERIFY(colorOf(icon, QIcon::Normal).saturation() > 100);
     QVERIFY(colorOf(icon, QIcon::Disabled).saturation() < 20);
-    QCOMPARE(pixelsOf(icon, 24, 2, QIcon::Disabled).width(), 48);
+    const QImage all = pixelsOf(icon, 24, 2, QIcon::Disabled);
+    QCOMPARE(all.width(), 48);
+    QVERIFY(all.pixelColor(24, 24).saturation() < 20);
     QCOMPARE(icon.actualSize(QSize(300, 300), QIcon::Disabled), QSize(24, 24));
+}
+
+void TestDefaultIconProvider::greyFollowsThePalette()
+{
+    const QIcon icon = fineIcon("kit_drawn");
+    const QPalette own = QApplication::palette();
+    const QColor before = colorOf(icon, QIcon::Disabled);
+    QApplication::setPalette(QPalette(Qt::darkBlue));
+    const QColor after = colorOf(icon, QIcon::Disabled);
+    QApplication::setPalette(own);
+    QVERIFY(before != after);
 }
 
 void TestDefaultIconProvider::iconOfFinePixelsFindsStandIns()
@@ -652,6 +860,46 @@ void TestDefaultIconProvider::iconOfFinePixelsFindsStandIns()
     extended.addPixmap(checked, QIcon::Normal, QIcon::On);
     QCOMPARE(extended.pixmap(24, QIcon::Active, QIcon::On).toImage().pixelColor(9, 9), blue);
     QCOMPARE(extended.pixmap(24, QIcon::Active, QIcon::Off).toImage().pixelColor(9, 9), green);
+}
+
+void TestDefaultIconProvider::iconOfFinePixelsShowsTheActivePictureWhenThereIsNoOther()
+{
+    Lumo::Test::RatioWidget fine(2);
+    QAction action;
+    fine.addAction(&action);
+    action.setProperty("icon_normal_resource", QStringLiteral("/nowhere/at_all.png"));
+    action.setProperty("icon_active_resource", imagePath("kit_both_active.png"));
+    m_provider.UpdateIconSize(&action, QSize(30, 30));
+    for (const QIcon::State state : {QIcon::Off, QIcon::On})
+        QCOMPARE(action.icon().pixmap(60, QIcon::Normal, state).toImage().pixelColor(9, 9), blue);
+    QCOMPARE(probe(action.icon()), QSize(30, 30));
+}
+
+void TestDefaultIconProvider::iconOfFinePixelsTakesTheNearestSize()
+{
+    QIcon icon = fineIcon("kit_alone"); // 48 pixels, green
+    icon.addPixmap(filled(QSize(96, 96), red));
+    icon.addPixmap(filled(QSize(20, 20), blue));
+    icon.addPixmap(filled(QSize(72, 72), white));
+    const auto colorAt = [&icon](int pixels) {
+        return icon.pixmap(pixels).toImage().pixelColor(1, 1);
+    };
+    QCOMPARE(colorAt(20), blue);
+    QCOMPARE(colorAt(21), green);
+    QCOMPARE(colorAt(49), white);
+    QCOMPARE(colorAt(73), red);
+    QCOMPARE(colorAt(300), red);
+    QCOMPARE(icon.pixmap(QSize(300, 24)).size(), QSize(24, 24));
+    for (const QSize &nothing : {QSize(), QSize(0, 24), QSize(24, -1)})
+        QVERIFY(icon.pixmap(nothing).isNull());
+}
+
+void TestDefaultIconProvider::iconOfFinePixelsScalesOnce()
+{
+    const QIcon icon = fineIcon("kit_drawn");
+    QCOMPARE(icon.pixmap(16).cacheKey(), icon.pixmap(16).cacheKey());
+    QVERIFY(icon.pixmap(16).cacheKey() != icon.pixmap(17).cacheKey());
+    QVERIFY(icon.pixmap(16).cacheKey() != icon.pixmap(16, QIcon::Disabled).cacheKey());
 }
 
 void TestDefaultIconProvider::iconOfFinePixelsIsStreamedWithItsPictures()
@@ -689,6 +937,17 @@ void TestDefaultIconProvider::copyOfAnIconIsIndependent()
     QCOMPARE(copy.availableSizes(QIcon::Active), {QSize(24, 24)});
     QCOMPARE(colorOf(copy, QIcon::Disabled), olive);
     QCOMPARE(colorOf(copy, QIcon::Normal), green);
+}
+
+void TestDefaultIconProvider::filesAddedToAFineIconKeepTheirSize()
+{
+    QIcon icon = fineIcon("kit_alone");
+    icon.addFile(imagePath("kit_both_normal.png"), QSize(), QIcon::Disabled);
+    for (const QSize &size : icon.availableSizes(QIcon::Disabled))
+        QCOMPARE(size, QSize(24, 24));
+    QCOMPARE(icon.pixmap(300, QIcon::Disabled).size(), QSize(24, 24) * ratio());
+    icon.addFile(QStringLiteral("/nowhere/at_all.png"), QSize(), QIcon::Selected);
+    QVERIFY(icon.availableSizes(QIcon::Selected).isEmpty());
 }
 
 LUMO_TEST_MAIN(TestDefaultIconProvider)

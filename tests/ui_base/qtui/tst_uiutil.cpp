@@ -6,9 +6,11 @@
 
 #include <ui_base/UiUtil>
 
+#include <QDir>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QTemporaryDir>
 
 using namespace Vela::UiBase;
 using EAttach = UiUtil::EAttachToPosition;
@@ -42,6 +44,8 @@ private Q_SLOTS:
     void offsetIsAdded();
     void iconIsAsLargeAsItsPicture();
     void iconComesInTheResolutionOfTheScreen();
+    void iconMayBeAFileOfAnyFormatAndName_data();
+    void iconMayBeAFileOfAnyFormatAndName();
     void mouseReachesTheWidgetThroughTheIcon();
     void nothingIsAddedWithoutWidgetOrPicture();
 
@@ -122,6 +126,32 @@ void TestUiUtil::iconComesInTheResolutionOfTheScreen()
     QCOMPARE(icon->pixmap(Qt::ReturnByValue).size(), QSize(24, 24) * ratio);
     QCOMPARE(icon->size(), QSize(24, 24));
     QCOMPARE(icon->pos(), QPoint(75, 25));
+}
+
+void TestUiUtil::iconMayBeAFileOfAnyFormatAndName_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QByteArray>("format");
+    QTest::newRow("another format") << "sign.bmp" << QByteArray("BMP");
+    QTest::newRow("no suffix") << "sign" << QByteArray("PNG");
+    QTest::newRow("suffix of the folder only") << "signs.d/sign" << QByteArray("PNG");
+}
+
+void TestUiUtil::iconMayBeAFileOfAnyFormatAndName()
+{
+    QFETCH(QString, name);
+    QFETCH(QByteArray, format);
+    QTemporaryDir folder;
+    QVERIFY(QDir(folder.path()).mkdir(QStringLiteral("signs.d")));
+    const QString path = folder.filePath(name);
+    QImage image(20, 10, QImage::Format_RGB32);
+    image.fill(Qt::red);
+    QVERIFY(image.save(path, format.constData()));
+    QWidget widget;
+    const QLabel *icon =
+        UiUtil::addIconToWidget(&widget, QPoint(), EAttach::AttachTopLeft, path, QString());
+    QVERIFY(icon);
+    QCOMPARE(icon->size(), QSize(20, 10));
 }
 
 void TestUiUtil::mouseReachesTheWidgetThroughTheIcon()
