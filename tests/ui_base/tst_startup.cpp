@@ -3,14 +3,13 @@
 
 #include "support/messageguard.h"
 
-#include <ui_base/EDirection>
-#include <ui_base/EIconType>
 #include <ui_base/StartUp>
 
 #include <gtest/gtest.h>
 
 #include <QApplication>
 #include <QFile>
+#include <QMetaType>
 
 #include <memory>
 
@@ -18,12 +17,24 @@ using namespace Vela::UiBase;
 
 namespace {
 
+QString platform = QStringLiteral("offscreen"); // what the application says it runs on
+
 QString librarySheet()
 {
     QFile file(QStringLiteral(":/qss/libuitoolkit.css"));
     return file.open(QIODevice::ReadOnly | QIODevice::Text) ? QString::fromUtf8(file.readAll())
                                                             : QString();
 }
+
+/// Has the application say that it runs on the platform @p name, while alive.
+class PlatformName
+{
+public:
+    explicit PlatformName(const char *name) { platform = QString::fromLatin1(name); }
+    ~PlatformName() { platform = QStringLiteral("offscreen"); }
+    PlatformName(const PlatformName &) = delete;
+    PlatformName &operator=(const PlatformName &) = delete;
+};
 
 /// An application of its own for each test.
 class StartUpTest : public ::testing::Test
@@ -77,12 +88,36 @@ TEST_F(StartUpTest, secondCallDoesNothing)
     EXPECT_TRUE(qApp->styleSheet().isEmpty());
 }
 
+TEST_F(StartUpTest, warnsOnceThatNativeWaylandPlacesNoPopups)
+{
+    auto &guard = Lumo::Test::MessageGuard::instance();
+    const PlatformName wayland("wayland-egl");
+    guard.expect(QStringLiteral("lumo_ui_base: .*Wayland.*QT_QPA_PLATFORM=xcb"));
+    StartUp();
+    EXPECT_EQ(guard.takeProblems(), QStringList());
+    StartUp();
+}
+
+TEST_F(StartUpTest, doesNotWarnOnOtherPlatforms)
+{
+    const PlatformName xcb("xcb");
+    StartUp();
+}
+
 TEST_F(StartUpTest, registersTheMetatypes)
 {
     StartUp();
-    EXPECT_EQ(QMetaType::type("Vela::UiBase::EDirection"), qMetaTypeId<EDirection>());
-    EXPECT_EQ(QMetaType::type("Vela::UiBase::EWidgetsAlign"), qMetaTypeId<EWidgetsAlign>());
-    EXPECT_EQ(QMetaType::type("Vela::UiBase::EIconType"), qMetaTypeId<EIconType>());
+    // Asking for qMetaTypeId() would register them here.
+    for (const char *name :
+         {"Vela::UiBase::EDirection", "Vela::UiBase::EWidgetsAlign", "Vela::UiBase::EIconType"}) {
+        EXPECT_NE(QMetaType::type(name), QMetaType::UnknownType) << name;
+    }
 }
 
 } // namespace
+
+// Stands in front of Qt's own function, so that no other platform is needed here.
+QString QGuiApplication::platformName()
+{
+    return platform;
+}
