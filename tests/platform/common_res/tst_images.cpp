@@ -137,9 +137,8 @@ double meanDifference(const QImage &a, const QImage &b)
 }
 
 /// Whether the resources hold an image that the text of a source file names. A place for an
-/// argument
-/// ("%1") stands for any text, and a name without an extension is the base name of a command's
-/// states.
+/// argument ("%1") stands for any text, and a name without an extension is the base name of a
+/// command's states.
 bool isImageThere(const QString &name)
 {
     if (name.contains('%')) {
