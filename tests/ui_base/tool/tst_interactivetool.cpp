@@ -403,6 +403,8 @@ TEST_F(InteractiveToolTest, theEndForgetsThePressAlsoWhenNothingOperates)
     EXPECT_TRUE(press(refusing, Qt::LeftButton));
     EXPECT_TRUE(refusing.isActive());
     EXPECT_EQ(refusing.startEvent().type(), QEvent::MouseButtonPress);
+    EXPECT_FALSE(move(refusing, Qt::LeftButton));
+    EXPECT_FALSE(release(refusing, Qt::LeftButton));
     refusing.endIt();
     expectEmpty(refusing.startEvent());
     EXPECT_TRUE(refusing.isActive());

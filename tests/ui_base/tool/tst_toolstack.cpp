@@ -322,6 +322,9 @@ TEST_F(ToolStackTest, aToolOfTheLeftStackHandsNothingOver)
     const Tool below = push(eToolButtonLeft, "below");
     const Tool above = push(eToolButtonLeft, "above");
     forget();
+    stack->toolBeganOperating(above.get());
+    EXPECT_TRUE(above->isActive());
+    forget();
     above->startOperation();
     above->endOperation();
     EXPECT_EQ(stack->takeEvents(), QLatin1String("began(above) cursor(above) ended(above)"));
@@ -496,14 +499,17 @@ TEST_F(ToolStackTest, anObserverThatPushesAtEverySuspensionDoesNotKeepThePushFor
     public:
         void toolSuspended(InteractiveTool *) override
         {
+            ++suspensions;
             pushTool(eToolButtonLeft, std::make_shared<TestTool>());
         }
+        int suspensions = 0;
     };
     const auto stubborn = std::make_shared<Stubborn>();
     stubborn->pushTool(eToolButtonLeft, makeTool("first"));
     const Tool last = makeTool("last");
     stubborn->pushTool(eToolButtonLeft, last);
     EXPECT_EQ(stubborn->getTool(eToolButtonLeft), last);
+    EXPECT_EQ(stubborn->suspensions, 2);
 }
 
 TEST_F(ToolStackTest, aToolMayPushAnotherWhenItIsDeactivated)

@@ -95,8 +95,11 @@ TEST_F(ToolStackReset, leavesOperatingAndInactiveToolsAlone)
     const Tool operating = push(eToolButtonLeft, "operating");
     operating->startOperation();
     const Tool top = push(eToolButtonLeft, "top");
+    bool wasAsked = false;
+    inactive->onActivate = operating->onActivate = [&wasAsked] { wasAsked = true; };
     stack->resetTools();
     EXPECT_EQ(stack->takeEvents(), QLatin1String("deactivated(top) activated(top)"));
+    EXPECT_FALSE(wasAsked);
     EXPECT_TRUE(operating->isOperating());
     EXPECT_EQ(inactive->state(), QLatin1String("inactive"));
     EXPECT_EQ(stack->popTool(eToolButtonLeft), top);
