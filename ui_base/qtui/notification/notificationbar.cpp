@@ -5,6 +5,7 @@
 
 #include "ui_base/qtui/notification/notificationbar_p.h"
 
+#include "ui_base/popup/floatinglayer.h"
 #include "ui_base/qtui/devicepixmap_p.h"
 #include "ui_base/qtui/notification/messagelabel_p.h"
 
@@ -237,8 +238,10 @@ void NotificationBarPrivate::makeLabel()
 void NotificationBarPrivate::dieWithParent()
 {
     Q_Q(NotificationBar);
-    QObject::connect(parentWidget, &QObject::destroyed, q, [q] {
-        if (!q->parentWidget() && q->property("vela_widget_is_floating").toBool())
+    QObject::connect(parentWidget, &QObject::destroyed, q, [q](const QObject *parent) {
+        const auto *const layer = qobject_cast<FloatingLayer *>(q->parentWidget());
+        const bool isLeftOver = !q->parent() && q->property("vela_widget_is_floating").toBool();
+        if (isLeftOver || (layer && layer->parent() == parent))
             delete q;
     });
 }
@@ -429,11 +432,11 @@ void NotificationBarPrivate::animateAppearance()
 
 QAbstractAnimation *NotificationBarPrivate::makePulse()
 {
+    // Qt can't loop for ever over what takes no time.
+    const int halfPeriod = std::max(dismissInterval, 1);
     auto *const pulse = new QSequentialAnimationGroup;
-    pulse->addAnimation(
-        makeAnimation(q_ptr, "BackColor", backColor, pulseBackColor, dismissInterval));
-    pulse->addAnimation(
-        makeAnimation(q_ptr, "BackColor", pulseBackColor, backColor, dismissInterval));
+    pulse->addAnimation(makeAnimation(q_ptr, "BackColor", backColor, pulseBackColor, halfPeriod));
+    pulse->addAnimation(makeAnimation(q_ptr, "BackColor", pulseBackColor, backColor, halfPeriod));
     pulse->setLoopCount(-1);
     return pulse;
 }
