@@ -29,7 +29,7 @@ namespace {
 constexpr int burst = 20;
 constexpr int warmUps = 200;
 // Some 20 us on a processor of 2 to 3 GHz; a fixed amount, so that all sides have the same to do.
-constexpr int steps = 11000;
+constexpr int steps = 15000;
 
 class ComputingTool : public InteractiveTool
 {
