@@ -222,6 +222,8 @@ void ToolStack::clearTools()
     cleared.swap(d->m_tools);
 }
 
+// The copy keeps the tool alive when its callback takes it off again.
+// NOLINTNEXTLINE(performance-unnecessary-value-param): the signature is what others override.
 void ToolStack::pushTool(EToolActivationButton button, std::shared_ptr<InteractiveTool> tool)
 {
     if (!tool || tool == emptyTool() || d->isResetting)
@@ -236,7 +238,7 @@ void ToolStack::pushTool(EToolActivationButton button, std::shared_ptr<Interacti
 std::shared_ptr<InteractiveTool> ToolStack::popTool(EToolActivationButton button)
 {
     const auto keptAlive = weak_from_this().lock();
-    const ToolPtr tool = d->top(button);
+    ToolPtr tool = d->top(button);
     if (!tool)
         return nullptr;
     const std::ptrdiff_t otherPlaces = d->places(tool) - 1;
