@@ -616,6 +616,8 @@ TEST_F(ToolStackTest, theOrderOfTheOperationsStays)
     using S = ToolStack;
     EXPECT_TRUE(areInFollowingSlots(&S::clearTools, &S::pushTool, &S::popTool, &S::getTool,
                                     &S::getOperatingTool));
+    EXPECT_TRUE(isVirtual(&S::clearTools));
+    EXPECT_FALSE(isVirtual(&S::isEmpty) || isVirtual(&S::resetTools));
 }
 
 } // namespace

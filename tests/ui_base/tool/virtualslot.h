@@ -20,6 +20,14 @@ std::size_t virtualSlot(Operation operation)
     return place - 1;
 }
 
+/// Whether the operation has a place in the table at all. Functions have even addresses, and the
+/// same ABI marks a place by an odd number.
+template<typename Operation>
+bool isVirtual(Operation operation)
+{
+    return virtualSlot(operation) % 2 == 0;
+}
+
 /// Whether the operations stand in the table in the order given, with nothing between them.
 template<typename... Operations>
 bool areInFollowingSlots(Operations... operations)
