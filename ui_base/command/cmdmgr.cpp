@@ -404,6 +404,11 @@ void CmdMgr::setContext(CommandContext context)
     d->post([context](CmdMgrImpl &impl) { impl.applyContext(context); });
 }
 
+void CmdMgr::applyContext(const CommandContext &context)
+{
+    d->applyContext(context);
+}
+
 void CmdMgr::pushContext(CommandContext context)
 {
     d->contextStack.append(currentContext(nullptr));

@@ -129,6 +129,8 @@ public:
 protected:
     /// The top-level commands, for changing in place, which announces nothing.
     CommandBag &commandBag();
+    /// Applies @p context as setContext() does, but within the call.
+    void applyContext(const CommandContext &context);
 
 private:
     class CmdMgrImpl;

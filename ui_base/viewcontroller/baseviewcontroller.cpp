@@ -152,7 +152,13 @@ void BaseViewController::viewDidMove(QMoveEvent *) { }
 
 void BaseViewController::viewDidShow()
 {
-    viewDidAppear();
+    // Held, since an override may end the view.
+    const std::shared_ptr<BaseViewController> self = ownedPointer(this);
+    try {
+        viewDidAppear();
+    } catch (...) {
+        qWarning("BaseViewController: an exception was thrown when a view appeared");
+    }
 }
 
 bool BaseViewController::presentViewController(BaseViewController *controller,

@@ -117,7 +117,8 @@ public:
     ETransitionDirection transitionDirection() const;
 
 public Q_SLOTS:
-    /// Calls viewDidAppear(). The view calls it on the turn of the event loop after its show.
+    /// Calls viewDidAppear(), of which an exception ends in a warning. The view calls it on the turn
+    /// of the event loop after its show.
     void viewDidShow();
 
 private:

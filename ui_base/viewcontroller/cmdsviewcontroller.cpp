@@ -6,6 +6,23 @@
 #include "ui_base/command/commandbag.h"
 #include "ui_base/command/commandbase.h"
 #include "ui_base/command/commandgroup.h"
+#include "ui_base/tool/interactivetool.h"
+#include "ui_base/viewcontroller/baseview.h"
+
+#include <lumo_app_service/ApplicationService>
+#include <lumo_app_service/IAppManager>
+#include <lumo_common_res/String>
+
+#include <QActionGroup>
+#include <QCursor>
+#include <QGuiApplication>
+#include <QMouseEvent>
+#include <QVector>
+
+#include <algorithm>
+#include <stdexcept>
+#include <utility>
+#include <vector>
 
 namespace Vela::UiBase {
 namespace {
@@ -21,22 +38,340 @@ void forgetController(const CommandBag &bag)
     }
 }
 
+std::shared_ptr<CommandGroup> makeGroup(const QString &text, const QString &name)
+{
+    return std::make_shared<CommandGroup>(QString(), text, name);
+}
+
+EToolActivationButton highestButton(Qt::MouseButtons buttons)
+{
+    if (buttons.testFlag(Qt::RightButton))
+        return eToolButtonRight;
+    return buttons.testFlag(Qt::MiddleButton) ? eToolButtonMiddle : eToolButtonLeft;
+}
+
 } // namespace
 
-CmdsViewController::CmdsViewController() = default;
+class CmdsViewControllerPrivate
+{
+public:
+    explicit CmdsViewControllerPrivate(CmdsViewController *controller)
+        : q(controller)
+    { }
+    ~CmdsViewControllerPrivate() { endBusyCursors(); }
+
+    void makeGroups();
+    bool isLeftTop(const InteractiveTool *tool) const;
+    void pushCursor(const QCursor &cursor);
+    void popCursor();
+    void add(CommandBase *command);
+    void endBusyCursor(const CommandBase *command);
+    void endBusyCursors();
+
+    /// Offers the event to the running command. @return whether that consumed it
+    template<typename Event>
+    bool offer(bool (ViewResponder::*operation)(Event *), Event *event) const
+    {
+        const std::shared_ptr<CommandBase> command = q->runningCommand();
+        auto *const responder = dynamic_cast<ViewResponder *>(command.get());
+        return responder && (responder->*operation)(event);
+    }
+
+    CmdsViewController *const q;
+    QVector<QCursor> cursorStack;
+    std::shared_ptr<CommandGroup> actionPanelGroup;
+    std::shared_ptr<CommandGroup> toolPanelGroup;
+    std::shared_ptr<CommandGroup> dynamicToolPanelGroup;
+    // One entry for each run that has put the busy cursor on the application; only compared.
+    std::vector<const CommandBase *> busyRuns;
+};
+
+void CmdsViewControllerPrivate::makeGroups()
+{
+    using namespace Resource::String;
+    actionPanelGroup = makeGroup(ACTIONS_GROUP_TEXT, COMMAND_ACTIONPANEL_GROUP_ID);
+    toolPanelGroup = makeGroup(TOOLS_GROUP_TEXT, COMMAND_TOOLPANEL_GROUP_ID);
+    dynamicToolPanelGroup = makeGroup(DYNAMIC_TOOLS_GROUP_TEXT, COMMAND_DYNAMIC_TOOLPANEL_GROUP_ID);
+    toolPanelGroup->groupActionGroup()->setExclusive(false);
+}
+
+/// False while a reset runs: then the callback is on any thread, and the tool off its stack.
+bool CmdsViewControllerPrivate::isLeftTop(const InteractiveTool *tool) const
+{
+    return tool && q->getTool(eToolButtonLeft).get() == tool;
+}
+
+void CmdsViewControllerPrivate::pushCursor(const QCursor &cursor)
+{
+    BaseView *const view = q->getView();
+    if (!view)
+        return;
+    cursorStack.append(view->getCursor());
+    view->setCursor(cursor);
+}
+
+void CmdsViewControllerPrivate::popCursor()
+{
+    const QCursor before = cursorStack.isEmpty() ? QCursor() : cursorStack.takeLast();
+    if (BaseView *const view = q->getView())
+        view->setCursor(before);
+}
+
+/// Adds a command of the application manager; one that is refused and that nobody owns ends here.
+void CmdsViewControllerPrivate::add(CommandBase *command)
+{
+    if (!command)
+        return;
+    const auto adopted = command->shared_from_this();
+    try {
+        q->addCommand(command);
+    } catch (const std::runtime_error &error) {
+        qWarning("CmdsViewController: a command was not added: %s", error.what());
+    }
+}
+
+void CmdsViewControllerPrivate::endBusyCursor(const CommandBase *command)
+{
+    const auto run = std::find(busyRuns.begin(), busyRuns.end(), command);
+    if (run == busyRuns.end())
+        return;
+    busyRuns.erase(run);
+    QGuiApplication::restoreOverrideCursor();
+}
+
+void CmdsViewControllerPrivate::endBusyCursors()
+{
+    while (!busyRuns.empty())
+        endBusyCursor(busyRuns.back());
+}
+
+CmdsViewController::CmdsViewController()
+    : d(std::make_unique<CmdsViewControllerPrivate>(this))
+{ }
 
 CmdsViewController::CmdsViewController(BaseView *view)
     : BaseViewController(view)
-{ }
+    , d(std::make_unique<CmdsViewControllerPrivate>(this))
+{
+    if (view)
+        d->makeGroups();
+}
 
 CmdsViewController::~CmdsViewController()
 {
     forgetController(commandBag());
+    for (const CommandGroup *const group :
+         {ActionPanelGroup(), ToolPanelGroup(), DynamicToolPanelGroup()}) {
+        if (group)
+            forgetController(group->commandBag());
+    }
 }
 
 std::shared_ptr<CmdsViewController> CmdsViewController::shared_from_this()
 {
-    return {BaseViewController::shared_from_this(), this};
+    if (auto owner = BaseViewController::shared_from_this())
+        return {std::move(owner), this};
+    return nullptr;
+}
+
+CommandGroup *CmdsViewController::ActionPanelGroup() const
+{
+    return d->actionPanelGroup.get();
+}
+
+CommandGroup *CmdsViewController::ToolPanelGroup() const
+{
+    return d->toolPanelGroup.get();
+}
+
+CommandGroup *CmdsViewController::DynamicToolPanelGroup() const
+{
+    return d->dynamicToolPanelGroup.get();
+}
+
+/// The tool of the pressed button, after the operation of any other tool has ended.
+std::shared_ptr<InteractiveTool> CmdsViewController::handOver(Qt::MouseButton button)
+{
+    const std::shared_ptr<InteractiveTool> operating = getOperatingTool();
+    std::shared_ptr<InteractiveTool> tool = getTool(static_cast<EToolActivationButton>(button));
+    if (operating && operating != tool)
+        operating->endOperation();
+    return tool;
+}
+
+bool CmdsViewController::mousePress(QMouseEvent *event)
+{
+    if (d->offer(&ViewResponder::mousePress, event))
+        return true;
+    const std::shared_ptr<InteractiveTool> tool = handOver(event->button());
+    if (event->button() != Qt::RightButton)
+        return tool->mousePress(event);
+    m_pendingRightPress = std::make_unique<QMouseEvent>(*event);
+    return false;
+}
+
+bool CmdsViewController::mouseMove(QMouseEvent *event)
+{
+    if (d->offer(&ViewResponder::mouseMove, event))
+        return true;
+    if (const std::shared_ptr<InteractiveTool> operating = getOperatingTool())
+        return operating->mouseMove(event);
+    const EToolActivationButton button = highestButton(event->buttons());
+    const std::shared_ptr<InteractiveTool> tool = getTool(button);
+    if (button == eToolButtonRight && m_pendingRightPress) {
+        const std::unique_ptr<QMouseEvent> press = std::move(m_pendingRightPress);
+        tool->mousePress(press.get());
+    }
+    return tool->mouseMove(event);
+}
+
+bool CmdsViewController::mouseRelease(QMouseEvent *event)
+{
+    if (d->offer(&ViewResponder::mouseRelease, event))
+        return true;
+    m_pendingRightPress.reset();
+    const std::shared_ptr<InteractiveTool> operating = getOperatingTool();
+    return operating && operating->mouseRelease(event);
+}
+
+bool CmdsViewController::mouseDoubleClick(QMouseEvent *event)
+{
+    if (d->offer(&ViewResponder::mouseDoubleClick, event))
+        return true;
+    return handOver(event->button())->mouseDoubleClick(event);
+}
+
+bool CmdsViewController::mouseWheel(QWheelEvent *event)
+{
+    if (d->offer(&ViewResponder::mouseWheel, event))
+        return true;
+    const std::shared_ptr<InteractiveTool> wheelTool = getTool(eToolButtonNone);
+    const std::shared_ptr<InteractiveTool> leftTool = getTool(eToolButtonLeft);
+    const std::shared_ptr<InteractiveTool> operating = getOperatingTool();
+    if (operating && operating != wheelTool)
+        return false;
+    return leftTool->mouseWheel(event) || wheelTool->mouseWheel(event);
+}
+
+bool CmdsViewController::mouseEnter(QEvent *event)
+{
+    return d->offer(&ViewResponder::mouseEnter, event);
+}
+
+bool CmdsViewController::mouseLeave(QEvent *event)
+{
+    return d->offer(&ViewResponder::mouseLeave, event);
+}
+
+bool CmdsViewController::mouseDragEnter(QDragEnterEvent *event)
+{
+    return d->offer(&ViewResponder::mouseDragEnter, event);
+}
+
+bool CmdsViewController::mouseDragLeave(QDragLeaveEvent *event)
+{
+    return d->offer(&ViewResponder::mouseDragLeave, event);
+}
+
+bool CmdsViewController::mouseDragMove(QDragMoveEvent *event)
+{
+    return d->offer(&ViewResponder::mouseDragMove, event);
+}
+
+bool CmdsViewController::mouseDrop(QDropEvent *event)
+{
+    return d->offer(&ViewResponder::mouseDrop, event);
+}
+
+bool CmdsViewController::keyPress(QKeyEvent *event)
+{
+    return d->offer(&ViewResponder::keyPress, event) || getTool(eToolButtonLeft)->keyPress(event);
+}
+
+bool CmdsViewController::keyRelease(QKeyEvent *event)
+{
+    return d->offer(&ViewResponder::keyRelease, event)
+        || getTool(eToolButtonLeft)->keyRelease(event);
+}
+
+void CmdsViewController::toolActivated(InteractiveTool *tool)
+{
+    if (d->isLeftTop(tool))
+        d->pushCursor(tool->getIdleCursor());
+}
+
+void CmdsViewController::toolDeactivated(InteractiveTool *tool)
+{
+    if (d->isLeftTop(tool))
+        d->popCursor();
+}
+
+void CmdsViewController::toolBeganOperating(InteractiveTool *tool)
+{
+    if (isResetting())
+        return;
+    ToolStack::toolBeganOperating(tool);
+    if (tool)
+        d->pushCursor(tool->getOperatingCursor());
+}
+
+void CmdsViewController::toolEndedOperating(InteractiveTool *tool)
+{
+    if (isResetting())
+        return;
+    d->popCursor();
+    ToolStack::toolEndedOperating(tool);
+}
+
+void CmdsViewController::toolSuspended(InteractiveTool *tool)
+{
+    toolDeactivated(tool);
+}
+
+void CmdsViewController::toolResumed(InteractiveTool *tool)
+{
+    toolActivated(tool);
+}
+
+void CmdsViewController::toolCursorChange(InteractiveTool *tool)
+{
+    if (tool && !isResetting() && getView())
+        getView()->setCursor(tool->getOperatingCursor());
+}
+
+void CmdsViewController::viewDidLoad()
+{
+    BaseViewController::viewDidLoad();
+    Services::IAppManager *const manager =
+        Services::ApplicationService::GetInstance().GetAppManager();
+    if (!manager)
+        return;
+    const QList<CommandBase *> commands = manager->commands(this);
+    for (CommandBase *const command : commands)
+        d->add(command);
+}
+
+bool CmdsViewController::viewWillClose()
+{
+    const auto self = weak_from_this().lock();
+    applyContext(inactiveContext(nullptr));
+    removeAllCommands();
+    // The end of a run that goes on in the background is not heard any more.
+    d->endBusyCursors();
+    return BaseViewController::viewWillClose();
+}
+
+void CmdsViewController::commandBeganExecuting(CommandBase *command, bool)
+{
+    if (!command || !command->isExecutionNotificationEnabled())
+        return;
+    QGuiApplication::setOverrideCursor(Qt::BusyCursor);
+    d->busyRuns.push_back(command);
+}
+
+void CmdsViewController::commandEndedExecuting(CommandBase *command, bool)
+{
+    d->endBusyCursor(command);
 }
 
 } // namespace Vela::UiBase

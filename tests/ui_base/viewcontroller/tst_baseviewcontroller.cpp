@@ -17,6 +17,8 @@
 #include <QPointer>
 #include <QWidget>
 
+#include <stdexcept>
+
 using Lumo::Test::EventLog;
 using Lumo::Test::RecordingController;
 using Vela::Services::ApplicationService;
@@ -149,6 +151,17 @@ private Q_SLOTS:
         const Stage stage;
         QVERIFY(QMetaObject::invokeMethod(stage.presenter, "viewDidShow"));
         QCOMPARE(stage.presenter->log.take(), names({"viewDidAppear"}));
+    }
+
+    void exceptionOfAnAppearingControllerEndsInAWarning()
+    {
+        const Stage stage;
+        stage.presenter->onCall[QStringLiteral("viewDidAppear")] = [] {
+            throw std::runtime_error("broken");
+        };
+        expectMessage(
+            QStringLiteral("BaseViewController: an exception was thrown when a view appeared"));
+        stage.presenter->viewDidShow();
     }
 
     void inputIsNotConsumedByDefault()

@@ -1,0 +1,1012 @@
+// SPDX-FileCopyrightText: 2026 The lumo_ui_base authors
+// SPDX-License-Identifier: MIT
+
+#include <ui_base/BaseView>
+#include <ui_base/CmdsViewController>
+#include <ui_base/CommandBag>
+#include <ui_base/CommandBase>
+#include <ui_base/CommandGroup>
+#include <ui_base/InteractiveTool>
+#include <ui_base/ToolStack>
+#include <ui_base/ViewResponder>
+
+#include "support/recordingobservers.h"
+#include "support/testcase.h"
+#include "support/testmain.h"
+#include "ui_base/command/testcommand.h"
+
+#include <lumo_app_service/ApplicationService>
+#include <lumo_app_service/IAppManager>
+#include <lumo_common_res/String>
+
+#include <QActionGroup>
+#include <QCursor>
+#include <QDragEnterEvent>
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QMimeData>
+#include <QMouseEvent>
+#include <QPointer>
+#include <QTest>
+#include <QWheelEvent>
+#include <QWidget>
+
+#include <atomic>
+
+using namespace Vela::UiBase;
+using Lumo::Test::EventLog;
+using Lumo::Test::TestCommand;
+using Vela::Services::ApplicationService;
+
+namespace {
+
+/// Records input under a name and consumes it if told to.
+class Input : public ViewResponder
+{
+public:
+    explicit Input(const EventLog &log, const QString &name)
+        : m_log(log)
+        , m_name(name)
+    { }
+    virtual ~Input() = default;
+
+    bool mouseDoubleClick(QMouseEvent *) override { return record("doubleClick"); }
+    bool mouseMove(QMouseEvent *) override { return record("move"); }
+    bool mousePress(QMouseEvent *) override { return record("press"); }
+    bool mouseRelease(QMouseEvent *) override { return record("release"); }
+    bool mouseWheel(QWheelEvent *) override { return record("wheel"); }
+    bool mouseEnter(QEvent *) override { return record("enter"); }
+    bool mouseLeave(QEvent *) override { return record("leave"); }
+    bool mouseDragEnter(QDragEnterEvent *) override { return record("dragEnter"); }
+    bool mouseDragLeave(QDragLeaveEvent *) override { return record("dragLeave"); }
+    bool mouseDragMove(QDragMoveEvent *) override { return record("dragMove"); }
+    bool mouseDrop(QDropEvent *) override { return record("drop"); }
+    bool keyPress(QKeyEvent *) override { return record("keyPress"); }
+    bool keyRelease(QKeyEvent *) override { return record("keyRelease"); }
+
+    bool consumes = false;
+    std::function<void()> called;
+
+private:
+    bool record(const char *event)
+    {
+        m_log.add(QStringLiteral("%1 %2").arg(m_name, QString::fromLatin1(event)));
+        if (called)
+            called();
+        return consumes;
+    }
+
+    EventLog m_log;
+    QString m_name;
+};
+
+/// A command that takes part in the routing.
+class InputCommand : public TestCommand, public Input
+{
+public:
+    explicit InputCommand(const EventLog &log)
+        : TestCommand(QStringLiteral("input"))
+        , Input(log, QStringLiteral("command"))
+    { }
+};
+
+/// A tool that records its input, behaves as tools do, and consumes further input if told to.
+class RecordingTool : public InteractiveTool
+{
+public:
+    RecordingTool(const EventLog &log, const QString &name)
+        : InteractiveTool(nullptr)
+        , m_log(log)
+        , m_name(name)
+    { }
+
+    bool mousePress(QMouseEvent *event) override
+    {
+        lastPress = event->pos();
+        return record("press") | InteractiveTool::mousePress(event);
+    }
+    bool mouseMove(QMouseEvent *event) override
+    {
+        return record("move") | InteractiveTool::mouseMove(event);
+    }
+    bool mouseRelease(QMouseEvent *event) override
+    {
+        return record("release") | InteractiveTool::mouseRelease(event);
+    }
+    bool mouseDoubleClick(QMouseEvent *) override { return record("doubleClick"); }
+    bool mouseWheel(QWheelEvent *) override { return record("wheel"); }
+    bool mouseEnter(QEvent *) override { return record("enter"); }
+    bool mouseLeave(QEvent *) override { return record("leave"); }
+    bool mouseDragEnter(QDragEnterEvent *) override { return record("dragEnter"); }
+    bool mouseDragLeave(QDragLeaveEvent *) override { return record("dragLeave"); }
+    bool mouseDragMove(QDragMoveEvent *) override { return record("dragMove"); }
+    bool mouseDrop(QDropEvent *) override { return record("drop"); }
+    bool keyPress(QKeyEvent *) override { return record("keyPress"); }
+    bool keyRelease(QKeyEvent *) override { return record("keyRelease"); }
+    void endOperation() override
+    {
+        record("end");
+        InteractiveTool::endOperation();
+    }
+
+    using InteractiveTool::setIdleCursor;
+    using InteractiveTool::setOperatingCursor;
+    using InteractiveTool::startOperation;
+
+    bool consumes = false;
+    QPoint lastPress;
+
+private:
+    bool record(const char *event)
+    {
+        m_log.add(QStringLiteral("%1 %2").arg(m_name, QString::fromLatin1(event)));
+        return consumes;
+    }
+
+    EventLog m_log;
+    QString m_name;
+};
+
+/// Lists the commands that a test makes, and what it was asked.
+class Manager : public Vela::Services::IAppManager
+{
+public:
+    QList<CommandBase *> commands(CmdsViewController *controller) override
+    {
+        lastController = controller;
+        ++asked;
+        return make ? make(controller) : QList<CommandBase *>();
+    }
+
+    std::function<QList<CommandBase *>(CmdsViewController *)> make;
+    CmdsViewController *lastController = nullptr;
+    int asked = 0;
+};
+
+/// A view with its controller, tools named by their button, and a running command on demand.
+class Scene
+{
+public:
+    Scene()
+        : view(new BaseView(static_cast<QWidget *>(nullptr), Qt::WindowFlags()))
+        , controller(new CmdsViewController(view))
+    { }
+    ~Scene()
+    {
+        if (view)
+            delete view->getQtWidget();
+    }
+
+    std::shared_ptr<RecordingTool> push(EToolActivationButton button, const char *name,
+                                        Qt::CursorShape idle = Qt::OpenHandCursor,
+                                        Qt::CursorShape operating = Qt::ClosedHandCursor)
+    {
+        auto tool = std::make_shared<RecordingTool>(log, QString::fromLatin1(name));
+        tool->setIdleCursor(idle);
+        tool->setOperatingCursor(operating);
+        controller->pushTool(button, tool);
+        return tool;
+    }
+
+    std::shared_ptr<InputCommand> run()
+    {
+        auto command = std::make_shared<InputCommand>(log);
+        controller->commandBegan(command.get());
+        return command;
+    }
+
+    bool send(QEvent::Type type, Qt::MouseButton button, Qt::MouseButtons buttons,
+              const QPointF &at = {5, 5})
+    {
+        QMouseEvent event(type, at, at, at, button, buttons, Qt::NoModifier);
+        switch (type) {
+        case QEvent::MouseButtonPress:
+            return controller->mousePress(&event);
+        case QEvent::MouseButtonRelease:
+            return controller->mouseRelease(&event);
+        case QEvent::MouseButtonDblClick:
+            return controller->mouseDoubleClick(&event);
+        default:
+            return controller->mouseMove(&event);
+        }
+    }
+    bool press(Qt::MouseButton button, const QPointF &at = {5, 5})
+    {
+        return send(QEvent::MouseButtonPress, button, button, at);
+    }
+    bool release(Qt::MouseButton button)
+    {
+        return send(QEvent::MouseButtonRelease, button, Qt::NoButton);
+    }
+    bool move(Qt::MouseButtons buttons) { return send(QEvent::MouseMove, Qt::NoButton, buttons); }
+    bool doubleClick(Qt::MouseButton button)
+    {
+        return send(QEvent::MouseButtonDblClick, button, button);
+    }
+    bool wheel() const
+    {
+        QWheelEvent event({5, 5}, {5, 5}, {}, {0, 120}, Qt::NoButton, Qt::NoModifier,
+                          Qt::NoScrollPhase, false);
+        return controller->mouseWheel(&event);
+    }
+    bool key(QEvent::Type type) const
+    {
+        QKeyEvent event(type, Qt::Key_A, Qt::NoModifier);
+        return type == QEvent::KeyPress ? controller->keyPress(&event)
+                                        : controller->keyRelease(&event);
+    }
+
+    QStringList calls() { return log.take(); }
+    Qt::CursorShape cursor() const { return view->getCursor().shape(); }
+
+    EventLog log;
+    QPointer<BaseView> view;
+    QPointer<CmdsViewController> controller;
+};
+
+QStringList names(std::initializer_list<const char *> list)
+{
+    QStringList result;
+    for (const char *const name : list)
+        result << QString::fromLatin1(name);
+    return result;
+}
+
+/// Calls all thirteen operations in the order of ViewResponder. @return the bits of their results
+int callAll(CmdsViewController *controller)
+{
+    static const QMimeData data;
+    const QPointF at(5, 5);
+    const auto mouse = [&at](QEvent::Type type, Qt::MouseButton button) {
+        return QMouseEvent(type, at, at, at, button, Qt::LeftButton, Qt::NoModifier);
+    };
+    QMouseEvent doubleClick = mouse(QEvent::MouseButtonDblClick, Qt::LeftButton);
+    QMouseEvent move = mouse(QEvent::MouseMove, Qt::NoButton);
+    QMouseEvent press = mouse(QEvent::MouseButtonPress, Qt::LeftButton);
+    QMouseEvent release = mouse(QEvent::MouseButtonRelease, Qt::LeftButton);
+    QWheelEvent wheel(at, at, {}, {0, 120}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    QEvent enter(QEvent::Enter);
+    QEvent leave(QEvent::Leave);
+    QDragEnterEvent dragEnter({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QDragLeaveEvent dragLeave;
+    QDragMoveEvent dragMove({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QDropEvent drop(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QKeyEvent keyPress(QEvent::KeyPress, Qt::Key_A, Qt::NoModifier);
+    QKeyEvent keyRelease(QEvent::KeyRelease, Qt::Key_A, Qt::NoModifier);
+    const bool results[] {controller->mouseDoubleClick(&doubleClick),
+                          controller->mouseMove(&move),
+                          controller->mousePress(&press),
+                          controller->mouseRelease(&release),
+                          controller->mouseWheel(&wheel),
+                          controller->mouseEnter(&enter),
+                          controller->mouseLeave(&leave),
+                          controller->mouseDragEnter(&dragEnter),
+                          controller->mouseDragLeave(&dragLeave),
+                          controller->mouseDragMove(&dragMove),
+                          controller->mouseDrop(&drop),
+                          controller->keyPress(&keyPress),
+                          controller->keyRelease(&keyRelease)};
+    int bits = 0;
+    for (int i = 0; i < 13; ++i)
+        bits |= int(results[i]) << i;
+    return bits;
+}
+
+constexpr int allOfThem = (1 << 13) - 1;
+
+const char *const inputNames[] {"doubleClick", "move",     "press",     "release",   "wheel",
+                                "enter",       "leave",    "dragEnter", "dragLeave", "dragMove",
+                                "drop",        "keyPress", "keyRelease"};
+
+QStringList inputOf(const char *name)
+{
+    QStringList result;
+    for (const char *const input : inputNames)
+        result << QStringLiteral("%1 %2").arg(QString::fromLatin1(name),
+                                              QString::fromLatin1(input));
+    return result;
+}
+
+} // namespace
+
+static_assert(
+    std::is_base_of_v<
+        BaseViewController,
+        CmdsViewController> && std::is_base_of_v<ToolStack, CmdsViewController> && std::is_base_of_v<CmdMgr, CmdsViewController>);
+
+class TestCmdsViewController : public Lumo::Test::TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup()
+    {
+        ApplicationService::GetInstance().setAppManager(nullptr);
+        while (QGuiApplication::overrideCursor())
+            QGuiApplication::restoreOverrideCursor();
+        TestCase::cleanup();
+    }
+
+    void basesShareOneOwnerCount()
+    {
+        const Scene scene;
+        const auto self = scene.controller->shared_from_this();
+        const auto view = scene.controller->BaseViewController::shared_from_this();
+        const auto tools = scene.controller->ToolStack::shared_from_this();
+        const auto commands = scene.controller->CmdMgr::shared_from_this();
+        QCOMPARE(self.use_count(), 5L);
+        QCOMPARE(static_cast<CmdsViewController *>(tools.get()), scene.controller.data());
+        QCOMPARE(static_cast<CmdsViewController *>(commands.get()), scene.controller.data());
+        QCOMPARE(static_cast<CmdsViewController *>(view.get()), scene.controller.data());
+    }
+
+    void groupsOfPanelsAreMadeWithAView()
+    {
+        using namespace Vela::Resource::String;
+        const Scene scene;
+        CommandGroup *const actions = scene.controller->ActionPanelGroup();
+        CommandGroup *const tools = scene.controller->ToolPanelGroup();
+        CommandGroup *const dynamic = scene.controller->DynamicToolPanelGroup();
+        QCOMPARE(actions->toolTip(), ACTIONS_GROUP_TEXT.toString());
+        QCOMPARE(actions->objectName(), COMMAND_ACTIONPANEL_GROUP_ID.toString());
+        QCOMPARE(tools->toolTip(), TOOLS_GROUP_TEXT.toString());
+        QCOMPARE(tools->objectName(), COMMAND_TOOLPANEL_GROUP_ID.toString());
+        QCOMPARE(dynamic->toolTip(), DYNAMIC_TOOLS_GROUP_TEXT.toString());
+        QCOMPARE(dynamic->objectName(), COMMAND_DYNAMIC_TOOLPANEL_GROUP_ID.toString());
+        QVERIFY(actions->icon().isNull());
+        QVERIFY(!tools->groupActionGroup()->isExclusive());
+        QVERIFY(actions->groupActionGroup()->isExclusive());
+        QVERIFY(dynamic->groupActionGroup()->isExclusive());
+        QVERIFY(std::as_const(*scene.controller).commandBag().empty());
+    }
+
+    void groupsCanBeAddedAndOutliveTheirRemoval()
+    {
+        const Scene scene;
+        QCOMPARE(scene.controller->addCommand(scene.controller->ActionPanelGroup()),
+                 scene.controller->ActionPanelGroup());
+        scene.controller->removeAllCommands();
+        QVERIFY(scene.controller->ActionPanelGroup()->objectName().size() > 0);
+    }
+
+    void controllerWithoutAGivenViewHasNoGroups()
+    {
+        auto *const own = new CmdsViewController;
+        QVERIFY(own->getQtWidget());
+        QVERIFY(!own->ActionPanelGroup() && !own->ToolPanelGroup()
+                && !own->DynamicToolPanelGroup());
+        delete own->getQtWidget();
+        const auto viewless = std::make_shared<CmdsViewController>(nullptr);
+        QVERIFY(!viewless->ActionPanelGroup());
+        QCOMPARE(callAll(viewless.get()), 0);
+    }
+
+    void commandsOfItsGroupsLoseADyingController()
+    {
+        Scene scene;
+        const auto command =
+            std::make_shared<TestCommand>(QStringLiteral("shared"), scene.controller);
+        bool hadController = true;
+        auto other = std::make_shared<TestCommand>(QStringLiteral("dying"), scene.controller);
+        TestCommand *const raw = other.get();
+        raw->ended = [&hadController, raw] { hadController = raw->getViewController(); };
+        scene.controller->ToolPanelGroup()->addCommand(command);
+        scene.controller->ActionPanelGroup()->addCommand(other);
+        other.reset();
+        delete scene.view->getQtWidget();
+        QVERIFY(!hadController);
+        QCOMPARE(command->getViewController(), nullptr);
+    }
+
+    void withoutToolsNothingIsConsumed()
+    {
+        Scene scene;
+        QCOMPARE(callAll(scene.controller), 0);
+        for (const Qt::MouseButton button : {Qt::RightButton, Qt::MiddleButton, Qt::BackButton}) {
+            QVERIFY(!scene.press(button));
+            QVERIFY(!scene.move(button));
+            QVERIFY(!scene.release(button));
+            QVERIFY(!scene.doubleClick(button));
+        }
+    }
+
+    void runningCommandGoesFirst()
+    {
+        Scene scene;
+        const auto tool = scene.push(eToolButtonLeft, "left");
+        const auto command = scene.run();
+        command->consumes = true;
+        QCOMPARE(callAll(scene.controller), allOfThem);
+        QCOMPARE(scene.calls(), inputOf("command"));
+    }
+
+    void commandThatDoesNotConsumeLetsTheToolHave()
+    {
+        Scene scene;
+        const auto tool = scene.push(eToolButtonLeft, "left");
+        const auto command = scene.run();
+        QVERIFY(scene.press(Qt::LeftButton));
+        QCOMPARE(scene.calls(), names({"command press", "left press"}));
+        QVERIFY(scene.move(Qt::LeftButton));
+        command->consumes = true;
+        QVERIFY(scene.move(Qt::LeftButton));
+        QCOMPARE(scene.calls(), names({"command move", "left move", "command move"}));
+        scene.controller->commandEnded(command.get());
+        QVERIFY(scene.release(Qt::LeftButton));
+        QCOMPARE(scene.calls(), names({"left release", "left end"}));
+    }
+
+    void commandThatTakesNoPartOrHasDiedIsPassedOver()
+    {
+        Scene scene;
+        const auto tool = scene.push(eToolButtonLeft, "left");
+        auto plain = std::make_shared<TestCommand>(QStringLiteral("plain"));
+        scene.controller->commandBegan(plain.get());
+        scene.key(QEvent::KeyPress);
+        plain.reset();
+        scene.key(QEvent::KeyRelease);
+        QCOMPARE(scene.calls(), names({"left keyPress", "left keyRelease"}));
+    }
+
+    void enterLeaveAndDragsAreForTheCommandOnly()
+    {
+        Scene scene;
+        const auto tool = scene.push(eToolButtonLeft, "left");
+        const auto wheel = scene.push(eToolButtonNone, "wheel");
+        tool->consumes = wheel->consumes = true;
+        callAll(scene.controller);
+        for (const QString &call : scene.calls()) {
+            for (const char *const event :
+                 {"enter", "leave", "dragEnter", "dragLeave", "dragMove", "drop"})
+                QVERIFY(!call.endsWith(QLatin1Char(' ') + QString::fromLatin1(event)));
+        }
+    }
+
+    void pressGoesToTheToolOfItsButton_data()
+    {
+        QTest::addColumn<int>("button");
+        QTest::addColumn<QString>("call");
+        const auto row = [](const char *tag, Qt::MouseButton button, const char *call) {
+            QTest::newRow(tag) << int(button) << QString::fromLatin1(call);
+        };
+        row("left", Qt::LeftButton, "left");
+        row("middle", Qt::MiddleButton, "middle");
+        row("back", Qt::BackButton, "back");
+        row("none", Qt::NoButton, "wheel");
+    }
+
+    void pressGoesToTheToolOfItsButton()
+    {
+        QFETCH(int, button);
+        QFETCH(QString, call);
+        Scene scene;
+        const auto left = scene.push(eToolButtonLeft, "left");
+        const auto middle = scene.push(eToolButtonMiddle, "middle");
+        const auto right = scene.push(eToolButtonRight, "right");
+        const auto back = scene.push(EToolActivationButton(Qt::BackButton), "back");
+        const auto wheel = scene.push(eToolButtonNone, "wheel");
+        QVERIFY(scene.press(Qt::MouseButton(button)));
+        QCOMPARE(scene.calls(), QStringList(call + QStringLiteral(" press")));
+    }
+
+    void doubleClickGoesToTheToolOfItsButton()
+    {
+        Scene scene;
+        const auto left = scene.push(eToolButtonLeft, "left");
+        const auto right = scene.push(eToolButtonRight, "right");
+        right->consumes = true;
+        QVERIFY(scene.doubleClick(Qt::RightButton));
+        QVERIFY(!scene.doubleClick(Qt::LeftButton));
+        QCOMPARE(scene.calls(), names({"right doubleClick", "left doubleClick"}));
+        left->startOperation();
+        scene.doubleClick(Qt::RightButton);
+        QCOMPARE(scene.calls(), names({"left end", "right doubleClick"}));
+    }
+
+    void pressOfAnotherButtonEndsTheOperation()
+    {
+        Scene scene;
+        const auto left = scene.push(eToolButtonLeft, "left");
+        const auto right = scene.push(eToolButtonRight, "right");
+        scene.press(Qt::RightButton);
+        scene.move(Qt::RightButton);
+        QVERIFY(right->isOperating() && left->isSuspended());
+        scene.calls();
+        QVERIFY(scene.press(Qt::LeftButton));
+        QCOMPARE(scene.calls(), names({"right end", "left press"}));
+        QVERIFY(left->isOperating() && right->isActive());
+        QVERIFY(!scene.press(Qt::RightButton));
+        QCOMPARE(scene.calls(), names({"left end"}));
+        QVERIFY(left->isActive());
+    }
+
+    void pressOfTheOperatingToolIsNotTaken()
+    {
+        Scene scene;
+        const auto left = scene.push(eToolButtonLeft, "left");
+        scene.press(Qt::LeftButton);
+        scene.calls();
+        QVERIFY(!scene.press(Qt::LeftButton));
+        QCOMPARE(scene.calls(), names({"left press"}));
+        QVERIFY(left->isOperating());
+    }
+
+    void rightPressWaitsForTheFirstMove()
+    {
+        Scene scene;
+        const auto right = scene.push(eToolButtonRight, "right");
+        QVERIFY(!scene.press(Qt::RightButton, {17, 19}));
+        QCOMPARE(scene.calls(), QStringList());
+        QVERIFY(scene.move(Qt::RightButton));
+        QCOMPARE(scene.calls(), names({"right press", "right move"}));
+        QCOMPARE(right->lastPress, QPoint(17, 19));
+        QVERIFY(right->isOperating());
+        QVERIFY(scene.move(Qt::RightButton));
+        QCOMPARE(scene.calls(), names({"right move"}));
+        QVERIFY(scene.release(Qt::RightButton));
+        QCOMPARE(scene.calls(), names({"right release", "right end"}));
+    }
+
+    void rightClickReachesNoTool()
+    {
+        Scene scene;
+        const auto right = scene.push(eToolButtonRight, "right");
+        QVERIFY(!scene.press(Qt::RightButton));
+        QVERIFY(!scene.release(Qt::RightButton));
+        QVERIFY(!scene.move(Qt::RightButton));
+        QCOMPARE(scene.calls(), names({"right move"}));
+    }
+
+    void laterRightPressReplacesTheEarlier()
+    {
+        Scene scene;
+        const auto right = scene.push(eToolButtonRight, "right");
+        scene.press(Qt::RightButton, {1, 1});
+        scene.press(Qt::RightButton, {2, 2});
+        scene.move(Qt::RightButton);
+        QCOMPARE(scene.calls(), names({"right press", "right move"}));
+        QCOMPARE(right->lastPress, QPoint(2, 2));
+    }
+
+    void rightPressWaitsOnWhileAnotherButtonMoves()
+    {
+        Scene scene;
+        const auto left = scene.push(eToolButtonLeft, "left");
+        const auto right = scene.push(eToolButtonRight, "right");
+        scene.press(Qt::RightButton);
+        scene.move(Qt::LeftButton);
+        QCOMPARE(scene.calls(), names({"left move"}));
+        scene.move(Qt::RightButton | Qt::LeftButton);
+        QCOMPARE(scene.calls(), names({"right press", "right move"}));
+    }
+
+    void consumedReleaseKeepsTheRightPress()
+    {
+        Scene scene;
+        const auto right = scene.push(eToolButtonRight, "right");
+        scene.press(Qt::RightButton);
+        const auto command = scene.run();
+        command->consumes = true;
+        QVERIFY(scene.release(Qt::RightButton));
+        scene.controller->commandEnded(command.get());
+        scene.calls();
+        scene.move(Qt::RightButton);
+        QCOMPARE(scene.calls(), names({"right press", "right move"}));
+    }
+
+    void moveGoesToTheToolOfTheHighestButton_data()
+    {
+        QTest::addColumn<int>("buttons");
+        QTest::addColumn<QString>("call");
+        const auto row = [](const char *tag, Qt::MouseButtons buttons, const char *call) {
+            QTest::newRow(tag) << int(buttons) << QString::fromLatin1(call);
+        };
+        row("none", Qt::NoButton, "left move");
+        row("left", Qt::LeftButton, "left move");
+        row("left and middle", Qt::LeftButton | Qt::MiddleButton, "middle move");
+        row("all three", Qt::LeftButton | Qt::MiddleButton | Qt::RightButton, "right move");
+        row("back", Qt::BackButton, "left move");
+    }
+
+    void moveGoesToTheToolOfTheHighestButton()
+    {
+        QFETCH(int, buttons);
+        QFETCH(QString, call);
+        Scene scene;
+        const auto left = scene.push(eToolButtonLeft, "left");
+        const auto middle = scene.push(eToolButtonMiddle, "middle");
+        const auto right = scene.push(eToolButtonRight, "right");
+        scene.move(Qt::MouseButtons(buttons));
+        QCOMPARE(scene.calls(), QStringList(call));
+    }
+
+    void operatingToolGetsEveryMoveAndRelease()
+    {
+        Scene scene;
+        const auto left = scene.push(eToolButtonLeft, "left");
+        const auto middle = scene.push(eToolButtonMiddle, "middle");
+        const auto right = scene.push(eToolButtonRight, "right");
+        QVERIFY(!scene.release(Qt::LeftButton));
+        QCOMPARE(scene.calls(), QStringList());
+        scene.press(Qt::MiddleButton);
+        scene.calls();
+        scene.move(Qt::LeftButton | Qt::RightButton);
+        scene.move(Qt::NoButton);
+        QVERIFY(!scene.release(Qt::LeftButton));
+        QCOMPARE(scene.calls(), names({"middle move", "middle move", "middle release"}));
+        QVERIFY(middle->isOperating());
+    }
+
+    void wheelIsForTheLeftToolThenForTheWheelTool()
+    {
+        Scene scene;
+        const auto left = scene.push(eToolButtonLeft, "left");
+        const auto wheel = scene.push(eToolButtonNone, "wheel");
+        QVERIFY(!scene.wheel());
+        QCOMPARE(scene.calls(), names({"left wheel", "wheel wheel"}));
+        wheel->consumes = true;
+        QVERIFY(scene.wheel());
+        left->consumes = true;
+        scene.calls();
+        QVERIFY(scene.wheel());
+        QCOMPARE(scene.calls(), names({"left wheel"}));
+    }
+
+    void wheelIsDeadWhileAnotherToolOperates()
+    {
+        Scene scene;
+        const auto left = scene.push(eToolButtonLeft, "left");
+        const auto right = scene.push(eToolButtonRight, "right");
+        const auto wheel = scene.push(eToolButtonNone, "wheel");
+        left->consumes = wheel->consumes = true;
+        left->startOperation();
+        QVERIFY(!scene.wheel());
+        left->endOperation();
+        right->startOperation();
+        scene.calls();
+        QVERIFY(!scene.wheel());
+        right->endOperation();
+        scene.calls();
+        left->consumes = false;
+        wheel->startOperation();
+        QVERIFY(scene.wheel());
+        QCOMPARE(scene.calls(), names({"left wheel", "wheel wheel"}));
+    }
+
+    void keysAreForTheLeftTool()
+    {
+        Scene scene;
+        const auto left = scene.push(eToolButtonLeft, "left");
+        const auto right = scene.push(eToolButtonRight, "right");
+        right->startOperation();
+        QVERIFY(!scene.key(QEvent::KeyPress));
+        left->consumes = true;
+        QVERIFY(scene.key(QEvent::KeyPress));
+        QVERIFY(scene.key(QEvent::KeyRelease));
+        QCOMPARE(scene.calls(), names({"left keyPress", "left keyPress", "left keyRelease"}));
+    }
+
+    void inputOfTheWidgetArrivesByTheView()
+    {
+        Scene scene;
+        scene.view->show();
+        const auto left = scene.push(eToolButtonLeft, "left");
+        QTest::mousePress(scene.view->getQtWidget(), Qt::LeftButton);
+        QTest::mouseRelease(scene.view->getQtWidget(), Qt::LeftButton);
+        QCOMPARE(scene.calls(), names({"left press", "left release", "left end"}));
+    }
+
+    void leftToolsMoveTheCursor()
+    {
+        Scene scene;
+        scene.view->setCursor(Qt::CrossCursor);
+        const auto first = scene.push(eToolButtonLeft, "first", Qt::OpenHandCursor);
+        QCOMPARE(scene.cursor(), Qt::OpenHandCursor);
+        const auto second = scene.push(eToolButtonLeft, "second", Qt::PointingHandCursor);
+        QCOMPARE(scene.cursor(), Qt::PointingHandCursor);
+        scene.controller->popTool(eToolButtonLeft);
+        QCOMPARE(scene.cursor(), Qt::OpenHandCursor);
+        scene.controller->popTool(eToolButtonLeft);
+        QCOMPARE(scene.cursor(), Qt::CrossCursor);
+    }
+
+    void operationHasACursorOfItsOwn()
+    {
+        Scene scene;
+        const auto left = scene.push(eToolButtonLeft, "left");
+        scene.press(Qt::LeftButton);
+        QCOMPARE(scene.cursor(), Qt::ClosedHandCursor);
+        left->setOperatingCursor(Qt::SizeAllCursor);
+        QCOMPARE(scene.cursor(), Qt::SizeAllCursor);
+        scene.release(Qt::LeftButton);
+        QCOMPARE(scene.cursor(), Qt::OpenHandCursor);
+        scene.controller->popTool(eToolButtonLeft);
+        QCOMPARE(scene.cursor(), Qt::ArrowCursor);
+    }
+
+    void cursorOfAnotherButtonShowsOnlyWhileItOperates()
+    {
+        Scene scene;
+        scene.view->setCursor(Qt::CrossCursor);
+        const auto left = scene.push(eToolButtonLeft, "left");
+        const auto right = scene.push(eToolButtonRight, "right", Qt::WaitCursor, Qt::SizeVerCursor);
+        QCOMPARE(scene.cursor(), Qt::OpenHandCursor);
+        right->startOperation();
+        QCOMPARE(scene.cursor(), Qt::SizeVerCursor);
+        QVERIFY(left->isSuspended());
+        right->endOperation();
+        QCOMPARE(scene.cursor(), Qt::OpenHandCursor);
+        QVERIFY(left->isActive());
+        scene.controller->popTool(eToolButtonRight);
+        QCOMPARE(scene.cursor(), Qt::OpenHandCursor);
+        scene.controller->popTool(eToolButtonLeft);
+        QCOMPARE(scene.cursor(), Qt::CrossCursor);
+    }
+
+    void cursorBelowTheOperatingOneIsTheOneBeforeTheLeftTool()
+    {
+        Scene scene;
+        scene.view->setCursor(Qt::CrossCursor);
+        const auto left = scene.push(eToolButtonLeft, "left");
+        const auto right = scene.push(eToolButtonRight, "right");
+        right->startOperation();
+        // Popping the suspended left tool takes no cursor off: its own is off already.
+        scene.controller->popTool(eToolButtonLeft);
+        right->endOperation();
+        QCOMPARE(scene.cursor(), Qt::CrossCursor);
+    }
+
+    void emptyCursorStackGivesTheArrow()
+    {
+        Scene scene;
+        scene.view->setCursor(Qt::CrossCursor);
+        const auto tool = std::make_shared<InteractiveTool>(nullptr);
+        scene.controller->toolEndedOperating(tool.get());
+        QCOMPARE(scene.cursor(), Qt::ArrowCursor);
+    }
+
+    void callbacksForNoToolChangeNoCursorButThePop()
+    {
+        Scene scene;
+        scene.view->setCursor(Qt::CrossCursor);
+        for (const auto callback :
+             {&ToolStateProtocol::toolActivated, &ToolStateProtocol::toolResumed,
+              &ToolStateProtocol::toolDeactivated, &ToolStateProtocol::toolSuspended,
+              &ToolStateProtocol::toolBeganOperating, &ToolStateProtocol::toolCursorChange})
+            (static_cast<ToolStateProtocol *>(scene.controller.data())->*callback)(nullptr);
+        QCOMPARE(scene.cursor(), Qt::CrossCursor);
+    }
+
+    void resetLeavesTheCursorAlone()
+    {
+        Scene scene;
+        const auto below = scene.push(eToolButtonLeft, "below", Qt::WaitCursor);
+        const auto left = scene.push(eToolButtonLeft, "left");
+        const auto right = scene.push(eToolButtonRight, "right");
+        const auto middle = scene.push(eToolButtonMiddle, "middle");
+        scene.view->setCursor(Qt::CrossCursor);
+        scene.controller->resetTools();
+        QCOMPARE(scene.cursor(), Qt::CrossCursor);
+        scene.controller->popTool(eToolButtonLeft);
+        QCOMPARE(scene.cursor(), Qt::WaitCursor);
+    }
+
+    void operationsThatAResetStartsTouchNoCursor()
+    {
+        struct Eager : InteractiveTool
+        {
+            using InteractiveTool::InteractiveTool;
+            void activate() override
+            {
+                InteractiveTool::activate();
+                if (std::exchange(isEager, false)) {
+                    startOperation();
+                    endOperation();
+                }
+            }
+            bool isEager = false;
+        };
+        Scene scene;
+        for (const EToolActivationButton button : {eToolButtonRight, eToolButtonMiddle}) {
+            const auto tool = std::make_shared<Eager>(nullptr);
+            scene.controller->pushTool(button, tool);
+            tool->isEager = true;
+        }
+        scene.view->setCursor(Qt::CrossCursor);
+        scene.controller->resetTools();
+        QCOMPARE(scene.cursor(), Qt::CrossCursor);
+    }
+
+    void toolsGoOnWithoutAView()
+    {
+        Scene scene;
+        const auto shared = scene.controller->shared_from_this();
+        const auto left = scene.push(eToolButtonLeft, "left");
+        const auto right = scene.push(eToolButtonRight, "right");
+        right->startOperation();
+        delete scene.view->getQtWidget();
+        right->setOperatingCursor(Qt::WaitCursor);
+        right->endOperation();
+        QVERIFY(left->isActive());
+        QVERIFY(scene.press(Qt::LeftButton));
+        QVERIFY(scene.release(Qt::LeftButton));
+        QCOMPARE(shared->popTool(eToolButtonLeft).get(), left.get());
+    }
+
+    void firstShowFetchesTheCommandsOfTheApplication()
+    {
+        Manager manager;
+        ApplicationService::GetInstance().setAppManager(&manager);
+        manager.make = [](CmdsViewController *controller) {
+            return QList<CommandBase *> {new TestCommand(QStringLiteral("b"), controller), nullptr,
+                                         new TestCommand(QStringLiteral("a"), controller)};
+        };
+        const Scene scene;
+        QCOMPARE(manager.asked, 0);
+        scene.view->show();
+        QCOMPARE(manager.asked, 1);
+        QCOMPARE(manager.lastController, scene.controller.data());
+        QVERIFY(scene.controller->isLoaded());
+        const CommandBag &bag = std::as_const(*scene.controller).commandBag();
+        QCOMPARE(int(bag.size()), 2);
+        QCOMPARE(bag[0].first, QStringLiteral("b"));
+        QCOMPARE(bag[1].first, QStringLiteral("a"));
+        QVERIFY(bag[0].second->addedToCmdsVC());
+        scene.view->hide();
+        scene.view->show();
+        QCOMPARE(manager.asked, 1);
+    }
+
+    void commandWithoutAnIdIsSkippedWithAWarning()
+    {
+        Manager manager;
+        ApplicationService::GetInstance().setAppManager(&manager);
+        bool ended = false;
+        manager.make = [&ended](CmdsViewController *) {
+            auto *const nameless = new TestCommand(QString());
+            nameless->ended = [&ended] { ended = true; };
+            return QList<CommandBase *> {nameless, new TestCommand(QStringLiteral("named"))};
+        };
+        expectMessage(
+            QStringLiteral("CmdsViewController: a command was not added: .*COMMAND_ID.*"));
+        const Scene scene;
+        scene.view->show();
+        QVERIFY(ended);
+        QVERIFY(scene.controller->findCommand(QStringLiteral("named")));
+    }
+
+    void closeUnchecksAndRemovesTheCommandsWithinTheCall()
+    {
+        Scene scene;
+        scene.view->setDeleteOnCloseAttribute(false);
+        const auto shared = scene.controller->shared_from_this();
+        const auto command =
+            std::make_shared<TestCommand>(QStringLiteral("checked"), scene.controller);
+        command->setCheckable(true);
+        scene.controller->addCommand(command.get());
+        command->setChecked(true);
+        bool wasHeld = false;
+        command->work = [&](bool) {
+            wasHeld = scene.controller->findCommand(QStringLiteral("checked"));
+            return true;
+        };
+        scene.view->show();
+        QVERIFY(scene.view->close());
+        QVERIFY(!command->isChecked() && command->isEnabled());
+        QVERIFY(wasHeld);
+        QVERIFY(!scene.controller->findCommand(QStringLiteral("checked")));
+        QVERIFY(!command->addedToCmdsVC());
+        QVERIFY(!scene.controller->isLoaded());
+    }
+
+    void closeTakesTheCommandsOfGroupsOutOfUse()
+    {
+        Scene scene;
+        const auto command = std::make_shared<TestCommand>(QStringLiteral("child"));
+        scene.controller->ActionPanelGroup()->addCommand(command);
+        scene.controller->addCommand(scene.controller->ActionPanelGroup());
+        QVERIFY(command->isEnabled());
+        QVERIFY(scene.controller->viewWillClose());
+        QVERIFY(!command->isEnabled());
+    }
+
+    void viewMayDieInTheWorkOfACommandThatTheCloseUnchecks()
+    {
+        Scene scene;
+        auto *const command = new TestCommand(QStringLiteral("deadly"), scene.controller);
+        command->setCheckable(true);
+        scene.controller->addCommand(command);
+        command->setChecked(true);
+        command->work = [&](bool) {
+            delete scene.view->getQtWidget();
+            return true;
+        };
+        scene.view->close();
+        QVERIFY(!scene.view && !scene.controller);
+    }
+
+    void commandMayEndTheViewInItsInput()
+    {
+        Scene scene;
+        const auto left = scene.push(eToolButtonLeft, "left");
+        const auto command = scene.run();
+        command->called = [&] { delete scene.view->getQtWidget(); };
+        QTest::mousePress(scene.view->getQtWidget(), Qt::LeftButton);
+        QVERIFY(!scene.view && !scene.controller);
+    }
+
+    void runThatAsksForItShowsTheBusyCursor()
+    {
+        Scene scene;
+        auto *const command = new TestCommand(QStringLiteral("busy"), scene.controller);
+        scene.controller->addCommand(command);
+        const QCursor *seen = nullptr;
+        Qt::CursorShape shape = Qt::ArrowCursor;
+        command->work = [&](bool) {
+            seen = QGuiApplication::overrideCursor();
+            shape = seen ? seen->shape() : Qt::ArrowCursor;
+            return true;
+        };
+        command->trigger();
+        QVERIFY(!seen);
+        command->enableExecutionNotification(true);
+        command->trigger();
+        QCOMPARE(shape, Qt::BusyCursor);
+        QVERIFY(!QGuiApplication::overrideCursor());
+        scene.controller->commandBeganExecuting(nullptr, false);
+        scene.controller->commandEndedExecuting(nullptr, false);
+        QVERIFY(!QGuiApplication::overrideCursor());
+    }
+
+    void cursorsThatOthersPutThereStay()
+    {
+        Scene scene;
+        const auto command = std::make_shared<TestCommand>(QStringLiteral("busy"));
+        QGuiApplication::setOverrideCursor(Qt::CrossCursor);
+        scene.controller->commandBeganExecuting(command.get(), false);
+        command->enableExecutionNotification(true);
+        scene.controller->commandEndedExecuting(command.get(), false);
+        QCOMPARE(QGuiApplication::overrideCursor()->shape(), Qt::CrossCursor);
+        scene.controller->commandBeganExecuting(command.get(), false);
+        command->enableExecutionNotification(false);
+        scene.controller->commandEndedExecuting(command.get(), false);
+        QCOMPARE(QGuiApplication::overrideCursor()->shape(), Qt::CrossCursor);
+    }
+
+    void busyCursorGoesWithTheView_data()
+    {
+        QTest::addColumn<bool>("closes");
+        QTest::newRow("closed") << true;
+        QTest::newRow("deleted") << false;
+    }
+
+    void busyCursorGoesWithTheView()
+    {
+        QFETCH(bool, closes);
+        Scene scene;
+        const auto command = std::make_shared<TestCommand>(QStringLiteral("busy"));
+        command->enableExecutionNotification(true);
+        scene.controller->addCommand(command.get());
+        scene.controller->commandBeganExecuting(command.get(), false);
+        scene.controller->commandBeganExecuting(command.get(), false);
+        if (closes)
+            scene.view->close();
+        else
+            delete scene.view->getQtWidget();
+        QVERIFY(!QGuiApplication::overrideCursor());
+        QTRY_VERIFY(!scene.view);
+    }
+
+    void commandBoundToTheControllerReachesItsView()
+    {
+        const Scene scene;
+        auto *const command = new TestCommand(QStringLiteral("bound"), scene.controller);
+        scene.controller->addCommand(command);
+        QCOMPARE(command->getViewController(), scene.controller.data());
+        QCOMPARE(command->getView(), scene.view.data());
+        QVERIFY(scene.view->getQtWidget()->actions().contains(command));
+    }
+};
+
+LUMO_TEST_MAIN(TestCmdsViewController)
+#include "tst_cmdsviewcontroller.moc"
