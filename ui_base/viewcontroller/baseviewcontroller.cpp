@@ -3,10 +3,14 @@
 
 #include "ui_base/viewcontroller/baseviewcontroller.h"
 
+#include "ui_base/popup/floatinglayer.h"
 #include "ui_base/viewcontroller/baseview.h"
 
 #include <lumo_app_service/ApplicationService>
+#include <tessel/dispatch.h>
 
+#include <QByteArray>
+#include <QMargins>
 #include <QPointer>
 #include <QResizeEvent>
 #include <QWidget>
@@ -34,17 +38,83 @@ bool canBePresented(const BaseViewController &controller, const BaseViewControll
     return widget && !around;
 }
 
+/// Who is called when a message is clicked. Made on any thread, used on the main one.
+struct ClickTarget
+{
+    QPointer<QObject> receiver;
+    QByteArray slot;
+};
+
+ClickTarget clickTarget(QObject *receiver, const char *slot)
+{
+    return {receiver, QByteArray(slot)};
+}
+
+void setClickTarget(NotificationBar *bar, const ClickTarget &target)
+{
+    QObject::disconnect(bar, &NotificationBar::mouseClicked, nullptr, nullptr);
+    if (target.receiver && !target.slot.isEmpty())
+        QObject::connect(bar, SIGNAL(mouseClicked()), target.receiver, target.slot.constData());
+}
+
 } // namespace
 
 class BaseViewControllerPrivate
 {
 public:
+    NotificationBar *readyBar();
+    void initializeNotificationBar();
+    void dropNotificationBar();
+
+    /// Calls @p work with this part on the main queue unless the controller has died by then.
+    template<typename Work>
+    static void post(BaseViewController *controller, const Work &work)
+    {
+        const std::weak_ptr<BaseViewController> weak = ownedPointer(controller);
+        const auto posted = [weak, work] {
+            const std::shared_ptr<BaseViewController> living = weak.lock();
+            work(living ? living->d.get() : nullptr);
+        };
+        Tessel::dispatchAsync(posted, Tessel::EQualityOfService::Main);
+    }
+
     QPointer<BaseView> view;
     std::weak_ptr<BaseViewController> presentingController;
     std::weak_ptr<BaseViewController> presentedController;
     ETransitionDirection transition = eTransitionNone;
+    QPointer<NotificationBar> notificationBar;
+    // What the bar stands over: the view may have got another widget since.
+    QPointer<QWidget> notificationWidget;
     bool isLoaded = false;
 };
+
+/// The bar over the present widget, which is made on first use; null without a widget.
+NotificationBar *BaseViewControllerPrivate::readyBar()
+{
+    QWidget *const widget = view ? view->getQtWidget() : nullptr;
+    if (notificationBar && notificationWidget != widget)
+        dropNotificationBar();
+    if (!notificationBar && widget) {
+        initializeNotificationBar();
+        view->setFocus();
+    }
+    return notificationBar;
+}
+
+void BaseViewControllerPrivate::initializeNotificationBar()
+{
+    notificationWidget = view->getQtWidget();
+    notificationBar = new NotificationBar(notificationWidget);
+    FloatingLayer::makeWidgetFloating(notificationBar, QMargins());
+}
+
+/// Later, since its own click may have led here.
+void BaseViewControllerPrivate::dropNotificationBar()
+{
+    if (notificationBar)
+        notificationBar->deleteLater();
+    notificationBar.clear();
+}
 
 BaseViewController::BaseViewController()
     : BaseViewController(new BaseView(static_cast<QWidget *>(nullptr), Qt::WindowFlags()))
@@ -82,8 +152,10 @@ void BaseViewController::enterView(BaseView *view)
 
 void BaseViewController::leaveView(BaseView *view)
 {
-    if (d->view == view)
-        d->view.clear();
+    if (d->view != view)
+        return;
+    d->view.clear();
+    d->dropNotificationBar();
 }
 
 void BaseViewController::setParentViewController(BaseViewController *parent)
@@ -130,9 +202,17 @@ void BaseViewController::viewDidLoad()
 
 void BaseViewController::viewWillAppear() { }
 
-void BaseViewController::viewWillDisappear() { }
+void BaseViewController::viewWillDisappear()
+{
+    if (d->notificationBar)
+        d->notificationBar->setVisible(false);
+}
 
-void BaseViewController::viewDidAppear() { }
+void BaseViewController::viewDidAppear()
+{
+    if (d->notificationBar)
+        d->notificationBar->setVisible(d->notificationBar->isShowing());
+}
 
 bool BaseViewController::viewWillClose()
 {
@@ -159,6 +239,53 @@ void BaseViewController::viewDidShow()
     } catch (...) {
         qWarning("BaseViewController: an exception was thrown when a view appeared");
     }
+}
+
+void BaseViewController::showNotification(const QString &text, ENotificationFadeOption fade,
+                                          int milliseconds, bool showCloseButton, QObject *receiver,
+                                          const char *slot)
+{
+    const ClickTarget target = clickTarget(receiver, slot);
+    BaseViewControllerPrivate::post(this, [=](BaseViewControllerPrivate *living) {
+        NotificationBar *const bar = living ? living->readyBar() : nullptr;
+        if (!bar)
+            return;
+        setClickTarget(bar, target);
+        bar->ShowSimpleText(text, fade, milliseconds, showCloseButton);
+    });
+}
+
+void BaseViewController::showNotification(QWidget *content, ENotificationFadeOption fade,
+                                          int milliseconds, bool showCloseButton, QObject *receiver,
+                                          const char *slot)
+{
+    const ClickTarget target = clickTarget(receiver, slot);
+    const bool hadContent = content;
+    const QPointer<QWidget> guarded(content);
+    BaseViewControllerPrivate::post(this, [=](BaseViewControllerPrivate *living) {
+        if (hadContent && !guarded)
+            return;
+        NotificationBar *const bar = living ? living->readyBar() : nullptr;
+        if (bar) {
+            setClickTarget(bar, target);
+            bar->ShowControl(guarded, fade, milliseconds, showCloseButton);
+        } else if (guarded && !guarded->parent()) {
+            delete guarded.data();
+        }
+    });
+}
+
+void BaseViewController::hideNotification()
+{
+    BaseViewControllerPrivate::post(this, [](BaseViewControllerPrivate *living) {
+        if (living && living->notificationBar)
+            living->notificationBar->ShowSimpleText({}, eNotificationFadeOutOnly, 3000, false);
+    });
+}
+
+bool BaseViewController::isNotificationShowing()
+{
+    return d->notificationBar && d->notificationBar->isShowing();
 }
 
 bool BaseViewController::presentViewController(BaseViewController *controller,

@@ -5,6 +5,7 @@
 
 #include "core/delegator.h"
 #include "core/sharedobject.h"
+#include "ui_base/qtui/notification/notificationbar.h"
 #include "ui_base/tool/viewresponder.h"
 #include "ui_base/uibaseexport.h"
 #include "ui_base/viewcontroller/presentviewprotocol.h"
@@ -24,8 +25,8 @@ namespace Vela::UiBase {
 class BaseView;
 class BaseViewControllerPrivate;
 
-/// Owns the behaviour of a view: hears its life cycle, gets its input as a ViewResponder and presents
-/// other view controllers over it.
+/// Owns the behaviour of a view: hears its life cycle, gets its input as a ViewResponder, presents
+/// other view controllers over it and shows notifications on it.
 ///
 /// In the order of a view's life: viewDidLoad() at the first show, viewWillAppear(), viewDidAppear() on
 /// the next turn of the event loop, viewWillDisappear() when the view is hidden or covered, and
@@ -35,7 +36,9 @@ class BaseViewControllerPrivate;
 /// The view owns the controller by a shared pointer, so it dies with the view unless somebody else
 /// shares it. It has to come from new and is adopted by the first view or shared_from_this(). A
 /// controller without a view, or one whose view has gone, is legal: nothing happens to it, and its
-/// operations answer as of a view that was closed. Main thread only.
+/// operations answer as of a view that was closed. Main thread only, apart from showNotification()
+/// and hideNotification(). A thread that calls these has to keep the controller alive meanwhile, and
+/// to let go of it on the main thread.
 /// \sa BaseView, docs/views.md
 class LUMO_UI_BASE_EXPORT BaseViewController
     : public QObject,
@@ -82,9 +85,11 @@ public:
     virtual void viewDidLoad();
     /// The view is about to appear. Nothing by default.
     virtual void viewWillAppear();
-    /// The view was hidden, or is about to be covered by a presented one. Overrides have to call it.
+    /// The view was hidden, or is about to be covered by a presented one. Hides a notification.
+    /// Overrides have to call it.
     virtual void viewWillDisappear();
-    /// The view has appeared, or was uncovered by a dismissal. Overrides have to call it.
+    /// The view has appeared, or was uncovered by a dismissal. Brings a notification back that is
+    /// still showing. Overrides have to call it.
     virtual void viewDidAppear();
     /// The view is about to be closed. Ends what viewDidLoad() began. Overrides have to call it.
     /// @return false to keep the view open, which a caller may overrule where it says so
@@ -94,6 +99,29 @@ public:
     virtual void viewDidResize(QResizeEvent *event);
     /// The view's widget has another position in its parent. Nothing by default.
     virtual void viewDidMove(QMoveEvent *event);
+
+    /// Shows a text on the view, in place of what is shown there. Any thread: it happens later on the
+    /// main queue, and not at all when the controller or its view has gone by then.
+    /// @param text the message; an empty one ends the present message
+    /// @param fade how it comes and goes
+    /// @param milliseconds how long it stays; see NotificationBar::ShowSimpleText()
+    /// @param showCloseButton whether the user gets a button to close it by
+    /// @param receiver whose @p slot is called when the message is clicked; null, or one that has died,
+    ///        is none. Who was called before is not called any more
+    /// @param slot written with SLOT(); null is none
+    void showNotification(const QString &text, ENotificationFadeOption fade, int milliseconds,
+                          bool showCloseButton, QObject *receiver, const char *slot);
+    /// The same with a widget in place of a text.
+    /// @param content belongs to the message from now on, and is deleted with it; must not be used by
+    ///        the caller any more. Deleted, too, when it can't be shown and has no parent. One that
+    ///        has died by then shows nothing; null shows the present message once more
+    void showNotification(QWidget *content, ENotificationFadeOption fade, int milliseconds,
+                          bool showCloseButton, QObject *receiver, const char *slot);
+    /// Makes the present message fade out; without one nothing happens. Any thread, later on the main
+    /// queue.
+    void hideNotification();
+    /// Whether a message is showing; see NotificationBar::isShowing(). Main thread.
+    bool isNotificationShowing();
 
     /// Shows @p controller over this one, whose delegates are asked first and may take it over.
     /// Otherwise its view becomes a child of this view, with the geometry of this view, and is raised
@@ -123,6 +151,7 @@ public Q_SLOTS:
 
 private:
     friend class BaseView;
+    friend class BaseViewControllerPrivate;
     void enterView(BaseView *view);
     void leaveView(BaseView *view);
 

@@ -27,6 +27,8 @@
 namespace Vela::UiBase {
 namespace {
 
+constexpr int NotificationTime = 3000; // milliseconds
+
 void forgetController(const CommandBag &bag)
 {
     for (const auto &[id, command] : bag) {
@@ -357,6 +359,8 @@ bool CmdsViewController::viewWillClose()
     applyContext(inactiveContext(nullptr));
     removeAllCommands();
     // The end of a run that goes on in the background is not heard any more.
+    if (!d->busyRuns.empty())
+        hideNotification();
     d->endBusyCursors();
     return BaseViewController::viewWillClose();
 }
@@ -367,11 +371,27 @@ void CmdsViewController::commandBeganExecuting(CommandBase *command, bool)
         return;
     QGuiApplication::setOverrideCursor(Qt::BusyCursor);
     d->busyRuns.push_back(command);
+    const QString message =
+        command->getExecutionNotificationMessage(CommandBase::ENotification::ExecutionBegan);
+    if (!message.isEmpty())
+        showNotification(message, eNotificationPulse, NotificationTime, false, nullptr, nullptr);
 }
 
 void CmdsViewController::commandEndedExecuting(CommandBase *command, bool)
 {
     d->endBusyCursor(command);
+    if (!command || !command->isExecutionNotificationEnabled())
+        return;
+    const auto messageOf = [command](CommandBase::ENotification notification) {
+        return command->getExecutionNotificationMessage(notification);
+    };
+    const bool hadBeginMessage = !messageOf(CommandBase::ENotification::ExecutionBegan).isEmpty();
+    const QString message = messageOf(CommandBase::ENotification::ExecutionEnded);
+    const auto fade = hadBeginMessage ? eNotificationFadeOutOnly : eNotificationFadeInOut;
+    if (!message.isEmpty())
+        showNotification(message, fade, NotificationTime, false, nullptr, nullptr);
+    else if (hadBeginMessage)
+        hideNotification();
 }
 
 } // namespace Vela::UiBase

@@ -119,9 +119,11 @@ public:
     /// have to call it. @return true
     bool viewWillClose() override;
 
-    /// Shows the busy cursor while @p command runs, if it asks for notification.
+    /// If @p command asks for notification, shows the busy cursor while it runs, and its message for
+    /// the begin, if it has one, pulsing until the end.
     void commandBeganExecuting(CommandBase *command, bool checked) override;
-    /// Takes the busy cursor of the run away.
+    /// Takes the busy cursor of the run away and, if the command asks for notification, shows its
+    /// message for the end in place of the one for the begin; without one that is hidden.
     void commandEndedExecuting(CommandBase *command, bool checked) override;
 
 private:

@@ -9,27 +9,39 @@
 #include "recordingcontroller.h"
 #include "support/testcase.h"
 #include "support/testmain.h"
+#include "ui_base/popup/floatinglayer.h"
+#include "ui_base/qtui/notification/notificationbar_p.h"
 
 #include <lumo_app_service/ApplicationService>
 
 #include <QCoreApplication>
 #include <QMouseEvent>
 #include <QPointer>
+#include <QTest>
+#include <QTimer>
 #include <QWidget>
 
+#include <atomic>
 #include <stdexcept>
+#include <thread>
 
 using Lumo::Test::EventLog;
 using Lumo::Test::RecordingController;
 using Vela::Services::ApplicationService;
 using Vela::UiBase::BaseView;
 using Vela::UiBase::BaseViewController;
+using Vela::UiBase::eNotificationFadeOutOnly;
+using Vela::UiBase::eNotificationNoFade;
+using Vela::UiBase::eNotificationPulse;
 using Vela::UiBase::ETransitionDirection;
 using Vela::UiBase::eTransitionFromBottom;
 using Vela::UiBase::eTransitionFromLeft;
 using Vela::UiBase::eTransitionFromRight;
 using Vela::UiBase::eTransitionFromTop;
 using Vela::UiBase::eTransitionNone;
+using Vela::UiBase::FloatingLayer;
+using Vela::UiBase::NotificationBar;
+using Vela::UiBase::NotificationBarPrivate;
 using Vela::UiBase::PresentViewProtocol;
 
 namespace {
@@ -91,6 +103,37 @@ public:
     QPointer<QWidget> window;
     QPointer<QWidget> overlay;
 };
+
+/// Counts clicks.
+class Receiver : public QObject
+{
+    Q_OBJECT
+
+public:
+    int clicks = 0;
+
+public Q_SLOTS:
+    void click() { ++clicks; }
+};
+
+/// The bar over @p widget; null when there is none.
+NotificationBar *barOf(const QWidget *widget)
+{
+    return widget->findChild<NotificationBar *>();
+}
+
+/// What a bar shows, without asking its window.
+const NotificationBarPrivate &dataOf(NotificationBar *bar)
+{
+    struct Opened : NotificationBar
+    {
+        static const NotificationBarPrivate &of(NotificationBar *bar)
+        {
+            return *(bar->*(&Opened::d_ptr));
+        }
+    };
+    return Opened::of(bar);
+}
 
 QStringList names(std::initializer_list<const char *> list)
 {
@@ -460,6 +503,227 @@ private Q_SLOTS:
         QVERIFY(stage.presented->dismissViewController());
         QCOMPARE(stage.presenter.isNull(), presenterDies);
         QVERIFY(!stage.presented);
+    }
+
+    void notificationIsMadeOnFirstUseAndLater()
+    {
+        const Stage stage;
+        QVERIFY(!stage.presenter->isNotificationShowing());
+        auto *const edit = new QWidget(stage.window);
+        stage.window->activateWindow();
+        edit->show();
+        edit->setFocus();
+        stage.presenter->showNotification(QStringLiteral("saved"), eNotificationNoFade, 3000, true,
+                                          nullptr, nullptr);
+        QVERIFY(!barOf(stage.window));
+        QTRY_VERIFY(stage.presenter->isNotificationShowing());
+        NotificationBar *const bar = barOf(stage.window);
+        QCOMPARE(FloatingLayer::getWidgetOriginalParent(bar), stage.window.data());
+        QVERIFY(qobject_cast<FloatingLayer *>(bar->parentWidget()));
+        QCOMPARE(dataOf(bar).text, QStringLiteral("saved"));
+        QCOMPARE(dataOf(bar).fadeOption, eNotificationNoFade);
+        QCOMPARE(dataOf(bar).dismissTimer->interval(), 3000);
+        QVERIFY(dataOf(bar).closeButtonVisible);
+        QCOMPARE(stage.window->focusWidget(), stage.window.data());
+        stage.presenter->showNotification(QStringLiteral("again"), eNotificationPulse, 100, false,
+                                          nullptr, nullptr);
+        QTRY_COMPARE(dataOf(bar).text, QStringLiteral("again"));
+        QCOMPARE(stage.window->findChildren<NotificationBar *>().size(), 1);
+    }
+
+    void notificationCanBeAWidget()
+    {
+        const Stage stage;
+        const QPointer<QWidget> content = new QWidget;
+        content->resize(50, 20);
+        stage.presenter->showNotification(content, eNotificationFadeOutOnly, 1234, true, nullptr,
+                                          nullptr);
+        QTRY_VERIFY(stage.presenter->isNotificationShowing());
+        const NotificationBarPrivate &data = dataOf(barOf(stage.window));
+        QCOMPARE(data.control.data(), content.data());
+        QCOMPARE(data.fadeOption, eNotificationFadeOutOnly);
+        QCOMPARE(data.dismissTimer->interval(), 1234);
+        QVERIFY(data.closeButtonVisible);
+    }
+
+    void contentThatCantBeShownIsDeleted()
+    {
+        const auto viewless = std::make_shared<BaseViewController>(nullptr);
+        const QPointer<QWidget> content = new QWidget;
+        viewless->showNotification(content, eNotificationNoFade, 3000, false, nullptr, nullptr);
+        QTRY_VERIFY(!content);
+        QWidget parent;
+        auto *const owned = new QWidget(&parent);
+        viewless->showNotification(owned, eNotificationNoFade, 3000, false, nullptr, nullptr);
+        QPointer<QWidget> orphan = new QWidget;
+        auto *const dying = new BaseViewController;
+        dying->showNotification(orphan, eNotificationNoFade, 3000, false, nullptr, nullptr);
+        delete dying->getQtWidget();
+        QTRY_VERIFY(!orphan);
+        QVERIFY(parent.children().contains(owned));
+    }
+
+    void contentThatHasDiedShowsNothing()
+    {
+        const Stage stage;
+        auto *const content = new QWidget;
+        stage.presenter->showNotification(content, eNotificationNoFade, 3000, false, nullptr,
+                                          nullptr);
+        delete content;
+        QCoreApplication::processEvents();
+        QVERIFY(!barOf(stage.window));
+    }
+
+    void hiddenNotificationGoes()
+    {
+        const Stage stage;
+        stage.presenter->hideNotification();
+        QCoreApplication::processEvents();
+        QVERIFY(!barOf(stage.window));
+        stage.presenter->showNotification(QStringLiteral("busy"), eNotificationPulse, 3000, false,
+                                          nullptr, nullptr);
+        QTRY_VERIFY(stage.presenter->isNotificationShowing());
+        stage.presenter->hideNotification();
+        QVERIFY(stage.presenter->isNotificationShowing());
+        QTRY_VERIFY(!stage.presenter->isNotificationShowing());
+        QCOMPARE(dataOf(barOf(stage.window)).fadeOption, eNotificationFadeOutOnly);
+    }
+
+    void clickReachesTheLatestReceiver()
+    {
+        const Stage stage;
+        const auto show = [&stage](QObject *receiver, const char *slot) {
+            stage.presenter->showNotification(QStringLiteral("click"), eNotificationNoFade, 3000,
+                                              false, receiver, slot);
+            QCoreApplication::processEvents();
+        };
+        Receiver receiver;
+        show(&receiver, SLOT(click()));
+        NotificationBar *const bar = barOf(stage.window);
+        Q_EMIT bar->mouseClicked();
+        QCOMPARE(receiver.clicks, 1);
+        Receiver other;
+        show(&other, SLOT(click()));
+        Q_EMIT bar->mouseClicked();
+        QCOMPARE(receiver.clicks + other.clicks, 2);
+        QCOMPARE(other.clicks, 1);
+        // A receiver without a slot is none, and the one before is dropped all the same.
+        show(&receiver, nullptr);
+        show(nullptr, SLOT(click()));
+        Q_EMIT bar->mouseClicked();
+        QCOMPARE(receiver.clicks + other.clicks, 2);
+    }
+
+    void receiverMayDieBeforeItsMessageIsShown()
+    {
+        const Stage stage;
+        auto receiver = std::make_unique<Receiver>();
+        stage.presenter->showNotification(QStringLiteral("click"), eNotificationNoFade, 3000, false,
+                                          receiver.get(), SLOT(click()));
+        receiver.reset();
+        QTRY_VERIFY(stage.presenter->isNotificationShowing());
+        Q_EMIT barOf(stage.window)->mouseClicked();
+    }
+
+    void notificationFollowsTheView()
+    {
+        const Stage stage;
+        stage.presenter->showNotification(QStringLiteral("busy"), eNotificationPulse, 3000, false,
+                                          nullptr, nullptr);
+        QTRY_VERIFY(stage.presenter->isNotificationShowing());
+        const NotificationBar *const bar = barOf(stage.window);
+        QVERIFY(bar->isVisible());
+        stage.presenter->presentViewController(stage.presented, eTransitionNone);
+        QVERIFY(!bar->isVisible() && stage.presenter->isNotificationShowing());
+        stage.presented->dismissViewController();
+        QVERIFY(bar->isVisible());
+        stage.presenter->hideNotification();
+        QTRY_VERIFY(!stage.presenter->isNotificationShowing());
+        stage.presenter->viewDidAppear();
+        QVERIFY(!bar->isVisible());
+    }
+
+    void notificationMovesWithTheController()
+    {
+        const Stage stage;
+        stage.presented->getView()->setViewController(nullptr);
+        BaseView *const later = BaseView::getBaseViewOfQtWidget(stage.overlay);
+        const auto shared = stage.presenter->shared_from_this();
+        const auto show = [&shared] {
+            shared->showNotification(QStringLiteral("here"), eNotificationPulse, 3000, false,
+                                     nullptr, nullptr);
+        };
+        show();
+        QTRY_VERIFY(shared->isNotificationShowing());
+        shared->getView()->setDeleteOnCloseAttribute(false);
+        shared->setView(later);
+        QVERIFY(!shared->isNotificationShowing());
+        QTRY_VERIFY(!barOf(stage.window));
+        show();
+        QTRY_VERIFY(shared->isNotificationShowing());
+        QVERIFY(barOf(stage.overlay));
+        auto *const other = new QWidget;
+        later->setDeleteOnCloseAttribute(false);
+        later->setQtWidget(other);
+        show();
+        QTRY_VERIFY(barOf(other));
+        QTRY_VERIFY(!barOf(stage.overlay));
+        delete other;
+    }
+
+    void clickMayEndTheView()
+    {
+        const Stage stage;
+        stage.presenter->showNotification(QStringLiteral("close"), eNotificationNoFade, 3000, false,
+                                          stage.window, SLOT(close()));
+        QTRY_VERIFY(stage.presenter->isNotificationShowing());
+        QTest::mouseClick(barOf(stage.window), Qt::LeftButton);
+        QTRY_VERIFY(!stage.window);
+        QVERIFY(!stage.presenter);
+    }
+
+    void notificationsOfThreadsOutliveTheirViews()
+    {
+        std::atomic<int> rounds {0};
+        std::atomic<bool> stop {false};
+        const auto controller = std::make_shared<BaseViewController>(nullptr);
+        const auto work = [&] {
+            while (!stop) {
+                controller->showNotification(QStringLiteral("working"), eNotificationPulse, 10,
+                                             true, nullptr, nullptr);
+                controller->hideNotification();
+                ++rounds;
+                std::this_thread::yield();
+            }
+        };
+        std::thread first(work);
+        std::thread second(work);
+        for (int i = 0; i < 20; ++i) {
+            auto *const view = new BaseView(static_cast<QWidget *>(nullptr), Qt::WindowFlags());
+            controller->setView(view);
+            view->show();
+            const int before = rounds;
+            while (rounds < before + 10)
+                QCoreApplication::processEvents();
+            delete view->getQtWidget();
+        }
+        stop = true;
+        first.join();
+        second.join();
+        QCoreApplication::processEvents();
+        QVERIFY(!controller->isNotificationShowing());
+    }
+
+    void notificationOfADeadControllerIsDropped()
+    {
+        auto *const controller = new BaseViewController;
+        std::thread([controller] {
+            controller->showNotification(QStringLiteral("late"), eNotificationPulse, 3000, true,
+                                         nullptr, nullptr);
+            controller->hideNotification();
+        }).join();
+        delete controller->getQtWidget();
+        QCoreApplication::processEvents();
     }
 
     void chainOfPresentationsUnwinds()

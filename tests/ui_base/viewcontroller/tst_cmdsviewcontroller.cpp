@@ -14,6 +14,7 @@
 #include "support/testcase.h"
 #include "support/testmain.h"
 #include "ui_base/command/testcommand.h"
+#include "ui_base/qtui/notification/notificationbar_p.h"
 
 #include <lumo_app_service/ApplicationService>
 #include <lumo_app_service/IAppManager>
@@ -28,6 +29,7 @@
 #include <QMouseEvent>
 #include <QPointer>
 #include <QTest>
+#include <QTimer>
 #include <QWheelEvent>
 #include <QWidget>
 
@@ -237,12 +239,35 @@ public:
     }
 
     QStringList calls() { return log.take(); }
+    NotificationBar *bar() const { return view->getQtWidget()->findChild<NotificationBar *>(); }
     Qt::CursorShape cursor() const { return view->getCursor().shape(); }
 
     EventLog log;
     QPointer<BaseView> view;
     QPointer<CmdsViewController> controller;
 };
+
+/// What a bar shows, without asking its window.
+const NotificationBarPrivate &dataOf(NotificationBar *bar)
+{
+    struct Opened : NotificationBar
+    {
+        static const NotificationBarPrivate &of(NotificationBar *bar)
+        {
+            return *(bar->*(&Opened::d_ptr));
+        }
+    };
+    return Opened::of(bar);
+}
+
+std::shared_ptr<TestCommand> notifyingCommand(const QString &began, const QString &ended)
+{
+    auto command = std::make_shared<TestCommand>(QStringLiteral("notifying"));
+    command->enableExecutionNotification(true);
+    command->setExecutionNotificationMessage(CommandBase::ENotification::ExecutionBegan, began);
+    command->setExecutionNotificationMessage(CommandBase::ENotification::ExecutionEnded, ended);
+    return command;
+}
 
 QStringList names(std::initializer_list<const char *> list)
 {
@@ -995,6 +1020,81 @@ private Q_SLOTS:
             delete scene.view->getQtWidget();
         QVERIFY(!QGuiApplication::overrideCursor());
         QTRY_VERIFY(!scene.view);
+    }
+
+    void messagesOfARun_data()
+    {
+        QTest::addColumn<QString>("began");
+        QTest::addColumn<QString>("ended");
+        QTest::addColumn<int>("fade");
+        const auto row = [](const char *tag, const char *began, const char *ended, int fade) {
+            QTest::newRow(tag) << QString::fromLatin1(began) << QString::fromLatin1(ended) << fade;
+        };
+        row("both", "begun", "done", eNotificationFadeOutOnly);
+        row("end only", "", "done", eNotificationFadeInOut);
+    }
+
+    void messagesOfARun()
+    {
+        QFETCH(QString, began);
+        QFETCH(QString, ended);
+        QFETCH(int, fade);
+        const Scene scene;
+        const auto command = notifyingCommand(began, ended);
+        scene.controller->commandBeganExecuting(command.get(), false);
+        QCoreApplication::processEvents();
+        NotificationBar *const bar = scene.bar();
+        QCOMPARE(bar != nullptr, !began.isEmpty());
+        if (bar) {
+            QCOMPARE(dataOf(bar).text, began);
+            QCOMPARE(dataOf(bar).fadeOption, eNotificationPulse);
+            QVERIFY(!dataOf(bar).closeButtonVisible);
+        }
+        scene.controller->commandEndedExecuting(command.get(), false);
+        QCoreApplication::processEvents();
+        QVERIFY(scene.bar());
+        QCOMPARE(dataOf(scene.bar()).text, ended);
+        QCOMPARE(int(dataOf(scene.bar()).fadeOption), fade);
+        QCOMPARE(dataOf(scene.bar()).dismissTimer->interval(), 3000);
+        QVERIFY(!dataOf(scene.bar()).closeButtonVisible);
+    }
+
+    void beginMessageAloneIsHiddenAtTheEnd()
+    {
+        const Scene scene;
+        scene.view->show();
+        const auto command = notifyingCommand(QStringLiteral("begun"), QString());
+        scene.controller->commandBeganExecuting(command.get(), false);
+        QTRY_VERIFY(scene.controller->isNotificationShowing());
+        scene.controller->commandEndedExecuting(command.get(), false);
+        QTRY_VERIFY(!scene.controller->isNotificationShowing());
+    }
+
+    void runWithoutMessagesMakesNoBar()
+    {
+        const Scene scene;
+        const auto silent = notifyingCommand(QString(), QString());
+        const auto unasked = notifyingCommand(QStringLiteral("begun"), QStringLiteral("done"));
+        unasked->enableExecutionNotification(false);
+        for (const auto &command : {silent, unasked}) {
+            scene.controller->commandBeganExecuting(command.get(), false);
+            scene.controller->commandEndedExecuting(command.get(), false);
+        }
+        QCoreApplication::processEvents();
+        QVERIFY(!scene.bar());
+    }
+
+    void messageOfARunThatIsNotOverGoesWithTheClose()
+    {
+        const Scene scene;
+        scene.view->setDeleteOnCloseAttribute(false);
+        scene.view->show();
+        const auto command = notifyingCommand(QStringLiteral("begun"), QString());
+        scene.controller->addCommand(command.get());
+        scene.controller->commandBeganExecuting(command.get(), false);
+        QTRY_VERIFY(scene.controller->isNotificationShowing());
+        scene.view->close();
+        QTRY_VERIFY(!scene.controller->isNotificationShowing());
     }
 
     void commandBoundToTheControllerReachesItsView()
