@@ -339,10 +339,15 @@ private Q_SLOTS:
         {
             Leaving(BaseView *view, bool *sawView)
                 : BaseViewController(view)
+                , m_view(view)
                 , m_sawView(sawView)
             { }
-            ~Leaving() override { *m_sawView = getView() || getQtWidget(); }
+            ~Leaving() override
+            {
+                *m_sawView = getView() || getQtWidget() || m_view->getQtWidget();
+            }
 
+            BaseView *m_view;
             bool *m_sawView;
         };
         bool sawView = true;
@@ -700,6 +705,18 @@ private Q_SLOTS:
         QCOMPARE(scene.calls(), QStringList(QStringLiteral("mouseDoubleClick")));
     }
 
+    void pressForgetsTheDragBeforeIt()
+    {
+        const Scene scene;
+        scene.send(QEvent::MouseButtonPress, Qt::LeftButton);
+        scene.send(QEvent::MouseMove, Qt::LeftButton);
+        scene.send(QEvent::MouseButtonRelease);
+        scene.send(QEvent::MouseButtonPress, Qt::LeftButton);
+        scene.calls();
+        scene.send(QEvent::MouseButtonDblClick, Qt::LeftButton);
+        QCOMPARE(scene.calls(), QStringList(QStringLiteral("mouseDoubleClick")));
+    }
+
     void pressDuringADoubleClickIsSwallowed()
     {
         const Scene scene;
@@ -744,6 +761,33 @@ private Q_SLOTS:
         QCoreApplication::sendEvent(QCoreApplication::instance(), &activation);
         QCoreApplication::processEvents();
         QCOMPARE(scene.calls(), QStringList());
+    }
+
+    void viewsHearOfNothingButTheDeactivation()
+    {
+        class Listening : public BaseView
+        {
+        public:
+            Listening()
+                : BaseView(static_cast<QWidget *>(nullptr), Qt::WindowFlags())
+            { }
+            bool eventFilter(QObject *watched, QEvent *event) override
+            {
+                if (watched != getQtWidget())
+                    heard << int(event->type());
+                return BaseView::eventFilter(watched, event);
+            }
+            QVector<int> heard;
+        };
+        auto *const view = new Listening;
+        QEvent activation(QEvent::ApplicationActivate);
+        QCoreApplication::sendEvent(QCoreApplication::instance(), &activation);
+        deactivateApplication();
+        QObject other;
+        QEvent foreign(QEvent::ApplicationDeactivate);
+        QCoreApplication::sendEvent(&other, &foreign);
+        QCOMPARE(view->heard, QVector<int>({int(QEvent::ApplicationDeactivate)}));
+        delete view->getQtWidget();
     }
 
     void viewsMayGoWhileTheyHearOfTheDeactivation()
@@ -1000,6 +1044,36 @@ private Q_SLOTS:
         QTRY_COMPARE(later->getViewController(), scene.controller.data());
         delete later->getQtWidget();
         QVERIFY(!scene.controller);
+    }
+
+    void eventOfADeadWidgetEndsWithIt()
+    {
+        Scene scene;
+        scene.controller->onCall[QStringLiteral("mousePress")] = [&] {
+            delete scene.window.data();
+        };
+        QMouseEvent event(QEvent::MouseButtonPress, QPointF(), QPointF(), Qt::LeftButton,
+                          Qt::LeftButton, Qt::NoModifier);
+        event.ignore();
+        QVERIFY(scene.view->eventFilter(scene.window, &event));
+        QVERIFY(event.isAccepted());
+    }
+
+    void controllerThatLeavesWhileItLoadsDoesNotAppear()
+    {
+        const Scene scene;
+        const auto shared = scene.controller->shared_from_this();
+        scene.controller->onCall[QStringLiteral("viewDidLoad")] = [&] {
+            scene.view->setViewController(nullptr);
+        };
+        scene.view->show();
+        QCOMPARE(scene.countOf("viewWillAppear"), 0);
+        const QPointer<RecordingController> later = new RecordingController(scene.view);
+        later->onCall[QStringLiteral("viewDidLoad")] = [&] { delete scene.view.data(); };
+        const auto kept = later->shared_from_this();
+        scene.window->hide();
+        scene.window->show();
+        QVERIFY(!later->log.events().contains(QStringLiteral("viewWillAppear")));
     }
 
     void viewClosedDuringADragEndsOrderly()

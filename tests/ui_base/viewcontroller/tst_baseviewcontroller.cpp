@@ -218,25 +218,28 @@ private Q_SLOTS:
 
     void loadedControllersAreAskedForTheShutdown()
     {
-        class Refusing : public BaseViewController
+        class Asked : public BaseViewController
         {
         public:
             using BaseViewController::BaseViewController;
             bool canShutdown() override
             {
                 ++asked;
-                return false;
+                return agrees;
             }
             int asked = 0;
+            bool agrees = true;
         };
         ApplicationService &service = ApplicationService::GetInstance();
-        auto *const controller = new Refusing;
+        auto *const controller = new Asked;
         controller->getView()->setDeleteOnCloseAttribute(false);
         QVERIFY(service.requestShutdown());
-        controller->viewDidLoad();
         controller->show();
-        QVERIFY(!service.requestShutdown());
+        controller->viewDidLoad();
+        QVERIFY(service.requestShutdown());
         QCOMPARE(controller->asked, 1);
+        controller->agrees = false;
+        QVERIFY(!service.requestShutdown());
         controller->close();
         QVERIFY(service.requestShutdown());
         controller->show();
@@ -281,6 +284,7 @@ private Q_SLOTS:
     void presentedViewCoversItsPresenter()
     {
         const Stage stage;
+        stage.presented->setParentViewController(stage.presenter);
         auto *const sibling = new QWidget(stage.window);
         QVERIFY(stage.presenter->presentViewController(stage.presented, eTransitionFromTop));
         QCOMPARE(stage.overlay->parentWidget(), stage.window.data());

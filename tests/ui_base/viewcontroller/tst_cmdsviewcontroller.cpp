@@ -406,6 +406,17 @@ private Q_SLOTS:
         QCOMPARE(callAll(viewless.get()), 0);
     }
 
+    void commandsLoseADyingController()
+    {
+        Scene scene;
+        auto *const command = new TestCommand(QStringLiteral("held"), scene.controller);
+        scene.controller->addCommand(command);
+        bool hadController = true;
+        command->ended = [&] { hadController = command->getViewController(); };
+        delete scene.view->getQtWidget();
+        QVERIFY(!hadController);
+    }
+
     void commandsOfItsGroupsLoseADyingController()
     {
         Scene scene;
@@ -935,8 +946,16 @@ private Q_SLOTS:
         QVERIFY(!command->isEnabled());
     }
 
+    void viewMayDieInTheWorkOfACommandThatTheCloseUnchecks_data()
+    {
+        QTest::addColumn<bool>("byTheView");
+        QTest::newRow("closed by the view") << true;
+        QTest::newRow("asked by somebody else") << false;
+    }
+
     void viewMayDieInTheWorkOfACommandThatTheCloseUnchecks()
     {
+        QFETCH(bool, byTheView);
         Scene scene;
         auto *const command = new TestCommand(QStringLiteral("deadly"), scene.controller);
         command->setCheckable(true);
@@ -946,7 +965,10 @@ private Q_SLOTS:
             delete scene.view->getQtWidget();
             return true;
         };
-        scene.view->close();
+        if (byTheView)
+            scene.view->close();
+        else
+            QVERIFY(scene.controller->viewWillClose());
         QVERIFY(!scene.view && !scene.controller);
     }
 
