@@ -35,8 +35,8 @@ bool isAround(const QWidget *widget, const QWidget *other)
 
 } // namespace
 
-/// What a view calls in an event may end it. So each step that follows such a call first looks whether
-/// the view lives, and the controller is held while it is called.
+/// What a view calls in an event may end it. So each step that follows such a call first looks
+/// whether the view lives, and the controller is held while it is called.
 class BaseViewPrivate
 {
 public:

@@ -15,16 +15,14 @@
 #include <QResizeEvent>
 #include <QWidget>
 
-#include <utility>
-
 namespace Vela::UiBase {
 namespace {
 
 /// The controller as long as somebody owns it; one that nobody owns is not adopted by the look.
 std::shared_ptr<BaseViewController> ownedPointer(BaseViewController *controller)
 {
-    if (auto owner = controller->weak_from_this().lock())
-        return {std::move(owner), controller};
+    if (const auto owner = controller->weak_from_this().lock())
+        return {owner, controller};
     return nullptr;
 }
 

@@ -28,17 +28,17 @@ class BaseViewControllerPrivate;
 /// Owns the behaviour of a view: hears its life cycle, gets its input as a ViewResponder, presents
 /// other view controllers over it and shows notifications on it.
 ///
-/// In the order of a view's life: viewDidLoad() at the first show, viewWillAppear(), viewDidAppear() on
-/// the next turn of the event loop, viewWillDisappear() when the view is hidden or covered, and
-/// viewWillClose() when it is about to be closed. While it is loaded it is asked, as the
-/// Services::ShutdownProtocol it is, whether the application may shut down.
+/// In the order of a view's life: viewDidLoad() at the first show, viewWillAppear(),
+/// viewDidAppear() on the next turn of the event loop, viewWillDisappear() when the view is hidden
+/// or covered, and viewWillClose() when it is about to be closed. While it is loaded it is asked,
+/// as the Services::ShutdownProtocol it is, whether the application may shut down.
 ///
 /// The view owns the controller by a shared pointer, so it dies with the view unless somebody else
 /// shares it. It has to come from new and is adopted by the first view or shared_from_this(). A
 /// controller without a view, or one whose view has gone, is legal: nothing happens to it, and its
 /// operations answer as of a view that was closed. Main thread only, apart from showNotification()
-/// and hideNotification(). A thread that calls these has to keep the controller alive meanwhile, and
-/// to let go of it on the main thread.
+/// and hideNotification(). A thread that calls these has to keep the controller alive meanwhile,
+/// and to let go of it on the main thread.
 /// \sa BaseView, docs/views.md
 class LUMO_UI_BASE_EXPORT BaseViewController
     : public QObject,
@@ -100,41 +100,42 @@ public:
     /// The view's widget has another position in its parent. Nothing by default.
     virtual void viewDidMove(QMoveEvent *event);
 
-    /// Shows a text on the view, in place of what is shown there. Any thread: it happens later on the
-    /// main queue, and not at all when the controller or its view has gone by then.
+    /// Shows a text on the view, in place of what is shown there. Any thread: it happens later on
+    /// the main queue, and not at all when the controller or its view has gone by then.
     /// @param text the message; an empty one ends the present message
     /// @param fade how it comes and goes
     /// @param milliseconds how long it stays; see NotificationBar::ShowSimpleText()
     /// @param showCloseButton whether the user gets a button to close it by
-    /// @param receiver whose @p slot is called when the message is clicked; null, or one that has died,
-    ///        is none. Who was called before is not called any more
+    /// @param receiver whose @p slot is called when the message is clicked; null, or one that has
+    ///        died, is none. Who was called before is not called any more
     /// @param slot written with SLOT(); null is none
     void showNotification(const QString &text, ENotificationFadeOption fade, int milliseconds,
                           bool showCloseButton, QObject *receiver, const char *slot);
     /// The same with a widget in place of a text.
-    /// @param content belongs to the message from now on, and is deleted with it; must not be used by
-    ///        the caller any more. Deleted, too, when it can't be shown and has no parent. One that
-    ///        has died by then shows nothing; null shows the present message once more
+    /// @param content belongs to the message from now on, and is deleted with it; must not be used
+    ///        by the caller any more. Deleted, too, when it can't be shown and has no parent. One
+    ///        that has died by then shows nothing; null shows the present message once more
     void showNotification(QWidget *content, ENotificationFadeOption fade, int milliseconds,
                           bool showCloseButton, QObject *receiver, const char *slot);
-    /// Makes the present message fade out; without one nothing happens. Any thread, later on the main
-    /// queue.
+    /// Makes the present message fade out; without one nothing happens. Any thread, later on the
+    /// main queue.
     void hideNotification();
     /// Whether a message is showing; see NotificationBar::isShowing(). Main thread.
     bool isNotificationShowing();
 
     /// Shows @p controller over this one, whose delegates are asked first and may take it over.
-    /// Otherwise its view becomes a child of this view, with the geometry of this view, and is raised
-    /// and shown; this controller hears viewWillDisappear(), while its view stays visible underneath.
-    /// The presented controller lives through its own view, and neither keeps the other alive.
+    /// Otherwise its view becomes a child of this view, with the geometry of this view, and is
+    /// raised and shown; this controller hears viewWillDisappear(), while its view stays visible
+    /// underneath. The presented controller lives through its own view, and neither keeps the other
+    /// alive.
     /// @param direction kept with the presented controller for who wants to animate it
-    /// @return false for null, this controller, and one that has no view or whose view is around this
-    ///         one; else true
+    /// @return false for null, this controller, and one that has no view or whose view is around
+    ///         this one; else true
     virtual bool presentViewController(BaseViewController *controller,
                                        ETransitionDirection direction);
-    /// Ends the presentation of this controller: its delegates are asked first and may take it over.
-    /// Otherwise the presenting controller hears viewWillAppear() and viewDidAppear(), and this view
-    /// is closed, also when the controller was never presented.
+    /// Ends the presentation of this controller: its delegates are asked first and may take it
+    /// over. Otherwise the presenting controller hears viewWillAppear() and viewDidAppear(), and
+    /// this view is closed, also when the controller was never presented.
     /// @return true, also when the view has gone or the close was refused
     virtual bool dismissViewController();
     /// The controller that presented this one; null when there is none or it has died.
@@ -145,8 +146,8 @@ public:
     ETransitionDirection transitionDirection() const;
 
 public Q_SLOTS:
-    /// Calls viewDidAppear(), of which an exception ends in a warning. The view calls it on the turn
-    /// of the event loop after its show.
+    /// Calls viewDidAppear(), of which an exception ends in a warning. The view calls it on the
+    /// turn of the event loop after its show.
     void viewDidShow();
 
 private:

@@ -171,8 +171,8 @@ CmdsViewController::~CmdsViewController()
 
 std::shared_ptr<CmdsViewController> CmdsViewController::shared_from_this()
 {
-    if (auto owner = BaseViewController::shared_from_this())
-        return {std::move(owner), this};
+    if (const auto owner = BaseViewController::shared_from_this())
+        return {owner, this};
     return nullptr;
 }
 

@@ -13,21 +13,22 @@ namespace Vela::UiBase {
 class CmdsViewControllerPrivate;
 class CommandGroup;
 
-/// The controller of a working view: a view controller that is the stack of its tools and the manager
-/// of its commands as well, and the place where the three meet.
+/// The controller of a working view: a view controller that is the stack of its tools and the
+/// manager of its commands as well, and the place where the three meet.
 ///
-/// Each input event of the view is offered to the running command first, if that is a ViewResponder.
-/// What it does not consume goes to a tool: a press to the tool of its button, a move and a release to
-/// the operating tool, keys to the left tool. A right press is held back until the mouse moves, so
-/// that a right click stays free for a context menu. The cursors of the tools are put on the view and
-/// taken off again. The first show of the view fetches the commands of the application manager; the
-/// close unchecks and removes them.
+/// Each input event of the view is offered to the running command first, if that is a
+/// ViewResponder. What it does not consume goes to a tool: a press to the tool of its button, a
+/// move and a release to the operating tool, keys to the left tool. A right press is held back
+/// until the mouse moves, so that a right click stays free for a context menu. The cursors of the
+/// tools are put on the view and taken off again. The first show of the view fetches the commands
+/// of the application manager; the close unchecks and removes them.
 ///
-/// The observer lists of PresentViewProtocol and CmdMgrProtocol are two: what both of them have under
-/// one name is told apart by its argument, or by naming the base as in CmdMgr::removeAllObservers().
+/// The observer lists of PresentViewProtocol and CmdMgrProtocol are two: what both of them have
+/// under one name is told apart by its argument, or by naming the base as in
+/// CmdMgr::removeAllObservers().
 ///
-/// Lives as BaseViewController tells. One without a view has to be owned by a shared pointer before a
-/// tool is pushed on it. Main thread only, apart from what the bases allow.
+/// Lives as BaseViewController tells. One without a view has to be owned by a shared pointer before
+/// a tool is pushed on it. Main thread only, apart from what the bases allow.
 /// \sa docs/views.md, docs/tools.md
 class LUMO_UI_BASE_EXPORT CmdsViewController : public BaseViewController,
                                                public ToolStack,
@@ -42,7 +43,8 @@ public:
     /// Hands the controller to @p view, which owns it from now on, and makes the groups for panels.
     /// With null it has no view, no groups, and belongs to the caller.
     explicit CmdsViewController(BaseView *view);
-    /// Lets go of tools and commands. The commands that others own too have no controller afterwards.
+    /// Lets go of tools and commands. The commands that others own too have no controller
+    /// afterwards.
     ~CmdsViewController() override;
 
     /// A shared pointer to this controller; adopts one that nobody owns yet. Null while it is being
@@ -56,8 +58,8 @@ public:
     using CmdMgr::removeObserver;
     using CmdMgr::setDelegate;
 
-    /// The group for the commands of an action panel, exclusive. Owned by the controller and not among
-    /// its commands until a host adds it; null in a controller that was made without a view.
+    /// The group for the commands of an action panel, exclusive. Owned by the controller and not
+    /// among its commands until a host adds it; null in a controller that was made without a view.
     CommandGroup *ActionPanelGroup() const;
     /// The same for a tool bar. Not exclusive: several tools can be checked at once.
     CommandGroup *ToolPanelGroup() const;
@@ -67,17 +69,17 @@ public:
     /// Command, then the tool of the button, whose own rules apply to a press before it: another
     /// operating tool ends its operation.
     bool mouseDoubleClick(QMouseEvent *event) override;
-    /// Command, then the operating tool. Without one the tool of the highest button held, right above
-    /// middle above left, and of the left one when none is held; a right press that was held back goes
-    /// ahead of the move.
+    /// Command, then the operating tool. Without one the tool of the highest button held, right
+    /// above middle above left, and of the left one when none is held; a right press that was held
+    /// back goes ahead of the move.
     bool mouseMove(QMouseEvent *event) override;
-    /// Command, then the tool of the button, after another operating tool has ended its operation. A
-    /// right press ends such an operation too, but is held back and not consumed.
+    /// Command, then the tool of the button, after another operating tool has ended its operation.
+    /// A right press ends such an operation too, but is held back and not consumed.
     bool mousePress(QMouseEvent *event) override;
     /// Command, then the operating tool. Forgets a right press that is held back.
     bool mouseRelease(QMouseEvent *event) override;
-    /// Command, then the left tool, then the tool of eToolButtonNone. While another tool than that one
-    /// operates, no tool.
+    /// Command, then the left tool, then the tool of eToolButtonNone. While another tool than that
+    /// one operates, no tool.
     bool mouseWheel(QWheelEvent *event) override;
     /// The command only, as for the following ones.
     bool mouseEnter(QEvent *event) override;
@@ -96,12 +98,13 @@ public:
     /// Command, then the left tool, also while another one operates.
     bool keyRelease(QKeyEvent *event) override;
 
-    /// Puts the idle cursor of the tool on the view if it is the top of the left stack. This and the
-    /// other callbacks touch no cursor while resetTools() runs, or without a view.
+    /// Puts the idle cursor of the tool on the view if it is the top of the left stack. This and
+    /// the other callbacks touch no cursor while resetTools() runs, or without a view.
     void toolActivated(InteractiveTool *tool) override;
     /// Takes the idle cursor of the top of the left stack off again.
     void toolDeactivated(InteractiveTool *tool) override;
-    /// Suspends the left tool, which takes its cursor off, then puts the operating cursor on the view.
+    /// Suspends the left tool, which takes its cursor off, then puts the operating cursor on the
+    /// view.
     void toolBeganOperating(InteractiveTool *tool) override;
     /// Takes the operating cursor off, then resumes the left tool, which puts its own on again.
     void toolEndedOperating(InteractiveTool *tool) override;
@@ -119,8 +122,8 @@ public:
     /// have to call it. @return true
     bool viewWillClose() override;
 
-    /// If @p command asks for notification, shows the busy cursor while it runs, and its message for
-    /// the begin, if it has one, pulsing until the end.
+    /// If @p command asks for notification, shows the busy cursor while it runs, and its message
+    /// for the begin, if it has one, pulsing until the end.
     void commandBeganExecuting(CommandBase *command, bool checked) override;
     /// Takes the busy cursor of the run away and, if the command asks for notification, shows its
     /// message for the end in place of the one for the begin; without one that is hidden.

@@ -19,8 +19,8 @@ class LUMO_UI_BASE_EXPORT CommandApp : public IApp
 public:
     ~CommandApp() override;
 
-    /// Makes the module's commands for @p controller, anew at each call and in the order in which they
-    /// are to be added. Nobody owns them yet: CmdMgr::addCommand() adopts them.
+    /// Makes the module's commands for @p controller, anew at each call and in the order in which
+    /// they are to be added. Nobody owns them yet: CmdMgr::addCommand() adopts them.
     virtual QList<CommandBase *> CreateCommands(CmdsViewController *controller) = 0;
 
 protected:

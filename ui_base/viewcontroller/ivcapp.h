@@ -19,7 +19,8 @@ public:
     IVCApp &operator=(const IVCApp &other) = default;
     ~IVCApp() override;
 
-    /// The controller of the module's view; null as long as it has made none. It stays the module's.
+    /// The controller of the module's view; null as long as it has made none. It stays the
+    /// module's.
     virtual BaseViewController *getVC() const = 0;
 };
 

@@ -10,8 +10,8 @@ namespace Vela::UiBase {
 
 class BaseViewController;
 
-/// The side from which a presented controller is to come in. The library keeps it with the controller
-/// and moves nothing: a delegate that animates the presentation may read it.
+/// The side from which a presented controller is to come in. The library keeps it with the
+/// controller and moves nothing: a delegate that animates the presentation may read it.
 enum ETransitionDirection : int {
     eTransitionFromLeft = 0,   ///< comes in from the left
     eTransitionFromTop = 1,    ///< comes in from the top
@@ -20,10 +20,10 @@ enum ETransitionDirection : int {
     eTransitionNone = 4        ///< appears in its place; also of a controller that is not presented
 };
 
-/// Takes the presentation of view controllers over, such as to animate it. Set it with setDelegate()
-/// on the presenting controller, and on the presented one to take over its dismissal. Asked on the
-/// main thread; with several observers the first answer counts. Both operations decline by default.
-/// Copying or moving an observer copies no registration.
+/// Takes the presentation of view controllers over, such as to animate it. Set it with
+/// setDelegate() on the presenting controller, and on the presented one to take over its dismissal.
+/// Asked on the main thread; with several observers the first answer counts. Both operations
+/// decline by default. Copying or moving an observer copies no registration.
 class LUMO_UI_BASE_EXPORT PresentViewProtocol
 {
 public:

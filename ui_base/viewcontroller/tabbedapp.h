@@ -17,11 +17,12 @@ class LUMO_UI_BASE_EXPORT TabbedApp : public IVCApp
 {
 public:
     TabbedApp();
-    /// Ends the controller. Its view, if it has one, is closed, which the controller can't refuse, and
-    /// deleted at once. A controller that somebody else shares lives on without a view.
+    /// Ends the controller. Its view, if it has one, is closed, which the controller can't refuse,
+    /// and deleted at once. A controller that somebody else shares lives on without a view.
     ~TabbedApp() override;
 
-    /// The controller; null before one was assigned and after it has died, as it does with its view.
+    /// The controller; null before one was assigned and after it has died, as it does with its
+    /// view.
     BaseViewController *getVC() const override;
 
     /// The tab is about to be used. @return whether it can be; true by default

@@ -15,8 +15,8 @@ public:
     VCCommandApp();
     ~VCCommandApp() override;
 
-    /// The controller that the module's commands work for; null as long as there is none. It stays the
-    /// module's.
+    /// The controller that the module's commands work for; null as long as there is none. It stays
+    /// the module's.
     virtual CmdsViewController *getCommandsVC() const = 0;
 };
 

@@ -15,8 +15,9 @@
 
 namespace Lumo::Test {
 
-/// Records all that a controller of the class @p Base hears, answers input with `consumes` and a close
-/// with `agreesToClose`, and calls what a test puts into `onCall` under the name of an operation.
+/// Records all that a controller of the class @p Base hears, answers input with `consumes` and a
+/// close with `agreesToClose`, and calls what a test puts into `onCall` under the name of an
+/// operation.
 template<typename Base>
 class Recording : public Base
 {

@@ -334,10 +334,9 @@ QStringList inputOf(const char *name)
 
 } // namespace
 
-static_assert(
-    std::is_base_of_v<
-        BaseViewController,
-        CmdsViewController> && std::is_base_of_v<ToolStack, CmdsViewController> && std::is_base_of_v<CmdMgr, CmdsViewController>);
+static_assert(std::is_base_of_v<BaseViewController, CmdsViewController>);
+static_assert(std::is_base_of_v<ToolStack, CmdsViewController>);
+static_assert(std::is_base_of_v<CmdMgr, CmdsViewController>);
 
 class TestCmdsViewController : public Lumo::Test::TestCase
 {
