@@ -10,6 +10,7 @@
 #include <QMoveEvent>
 #include <QPointer>
 #include <QResizeEvent>
+#include <QTimer>
 #include <QVariant>
 #include <QVector>
 #include <QWindow>
@@ -112,9 +113,12 @@ void FloatingLayerPrivate::handleParentEvent(QObject *watched, QEvent *event)
     if (event->type() == QEvent::Move) {
         const bool isParent = watched == parent;
         onParentWidgetMove(isParent ? static_cast<QMoveEvent *>(event)->pos() : parent->pos());
-    } else if (event->type() == QEvent::ParentChange) {
+    } else if (event->type() == QEvent::ParentChange || event->type() == QEvent::Show) {
+        // Qt announces no change of parent for what becomes a window where it is, but shows it anew.
         q->setEventFilterForParentWidget(true);
-        followIntoOtherWindow();
+        onParentWidgetMove(parent->pos());
+        // Later: the other window has to be on the screen before what stands above it.
+        QTimer::singleShot(0, q, [this] { followIntoOtherWindow(); });
     }
 }
 
@@ -166,13 +170,18 @@ void FloatingLayerPrivate::updateGeometry()
 }
 
 // A dock widget that is pulled out takes its children to a window of its own: the layer has to stand
-// above that one from now on.
+// above that one from now on, which a window system learns when a window is shown.
 void FloatingLayerPrivate::followIntoOtherWindow()
 {
     const QWidget *const parent = q->parentWidget();
-    if (QWindow *const window = q->windowHandle())
-        window->setTransientParent(parent->window()->windowHandle());
-    onParentWidgetMove(parent->pos());
+    QWindow *const window = q->windowHandle();
+    QWindow *const below = parent ? parent->window()->windowHandle() : nullptr;
+    if (!window || !below || window->transientParent() == below)
+        return;
+    const bool wasVisible = q->isVisible();
+    q->hide();
+    window->setTransientParent(below);
+    q->setVisible(wasVisible);
 }
 
 void FloatingLayerPrivate::letGo()

@@ -504,7 +504,9 @@ private Q_SLOTS:
         const QPoint before = layer->pos();
         scene.window.move(0, 0);
         QCOMPARE(layer->pos(), before);
-        QCOMPARE(layer->windowHandle()->transientParent(), other.windowHandle());
+        QTRY_COMPARE(layer->windowHandle()->transientParent(), other.windowHandle());
+        QVERIFY(layer->isVisible());
+        QVERIFY(scene.widget->isVisible());
         delete scene.view;
     }
 

@@ -1,0 +1,291 @@
+// SPDX-FileCopyrightText: 2026 The lumo_ui_base authors
+// SPDX-License-Identifier: MIT
+
+#include <ui_base/FloatingLayer>
+#include <ui_base/NotificationBar>
+
+#include "support/testcase.h"
+#include "support/testmain.h"
+
+#include <lumo_app_service/ApplicationService>
+
+#include <QApplication>
+#include <QDockWidget>
+#include <QGuiApplication>
+#include <QLineEdit>
+#include <QMainWindow>
+#include <QPainter>
+#include <QPointer>
+#include <QProcess>
+#include <QScreen>
+#include <QWindow>
+
+#include <memory>
+
+using namespace Vela::UiBase;
+
+namespace {
+
+// Paints itself in a window of the window system, as a view of OpenGL does: no sibling and no child
+// of ours can paint over it.
+class NativeView : public QWidget
+{
+public:
+    explicit NativeView(QWidget *parent)
+        : QWidget(parent)
+    {
+        setAttribute(Qt::WA_NativeWindow);
+        setAttribute(Qt::WA_DontCreateNativeAncestors);
+    }
+
+protected:
+    void paintEvent(QPaintEvent *) override { QPainter(this).fillRect(rect(), Qt::darkBlue); }
+};
+
+class Patch : public QWidget
+{
+public:
+    using QWidget::QWidget;
+
+protected:
+    void paintEvent(QPaintEvent *) override { QPainter(this).fillRect(rect(), Qt::green); }
+};
+
+// The window of an application with a native view, a field to type into, and a patch over the view.
+struct Scene
+{
+    QWidget window;
+    QLineEdit *edit = new QLineEdit(&window);
+    NativeView *view = new NativeView(&window);
+    QPointer<QWidget> patch = new Patch(view);
+
+    Scene()
+    {
+        window.setGeometry(200, 200, 500, 400);
+        edit->setGeometry(10, 10, 200, 30);
+        view->setGeometry(50, 60, 400, 300);
+        patch->setGeometry(30, 40, 80, 50);
+        window.show();
+    }
+    ~Scene() { delete patch.data(); }
+
+    bool isActive()
+    {
+        edit->setFocus();
+        return QTest::qWaitForWindowActive(&window);
+    }
+
+    QWidget *floatPatch()
+    {
+        FloatingLayer::makeWidgetFloating(patch, QMargins(6, 6, 6, 6));
+        patch->show();
+        return patch->parentWidget();
+    }
+
+    QPoint offset() const { return patch->mapToGlobal(QPoint()) - view->mapToGlobal(QPoint()); }
+};
+
+// What the user sees there.
+QColor colourOnScreen(const QPoint &global)
+{
+    const QPixmap screen = QGuiApplication::primaryScreen()->grabWindow(0);
+    return screen.toImage().pixelColor(global);
+}
+
+QColor colourInside(const QWidget &widget)
+{
+    return colourOnScreen(widget.mapToGlobal(widget.rect().center()));
+}
+
+bool run(const QString &program, const QStringList &arguments)
+{
+    QProcess process;
+    process.start(program, arguments);
+    return QTest::qWaitFor([&] { return process.state() == QProcess::NotRunning; }, 20'000)
+        && process.exitCode() == 0;
+}
+
+bool moveAsUser(const QWidget &window, int x, int y)
+{
+    return run(QStringLiteral("xdotool"),
+               {QStringLiteral("windowmove"), QString::number(window.winId()), QString::number(x),
+                QString::number(y)});
+}
+
+bool typeAsUser(const QString &text)
+{
+    return run(QStringLiteral("xdotool"), {QStringLiteral("type"), text});
+}
+
+} // namespace
+
+class tst_FloatingDesktop : public Lumo::Test::TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void layerIsSeenAboveANativeView()
+    {
+        Scene scene;
+        QVERIFY(scene.isActive());
+        const QWidget *const layer = scene.floatPatch();
+        QVERIFY(layer);
+        QTRY_COMPARE(colourInside(*scene.patch), QColor(Qt::green));
+        scene.view->raise();
+        scene.view->update();
+        scene.window.raise();
+        scene.window.activateWindow();
+        QTRY_VERIFY(scene.window.isActiveWindow());
+        QTRY_COMPARE(colourInside(*scene.patch), QColor(Qt::green));
+    }
+
+    void marginsLetTheViewShineThrough()
+    {
+        Scene scene;
+        QVERIFY(scene.isActive());
+        scene.floatPatch();
+        QTRY_COMPARE(colourInside(*scene.patch), QColor(Qt::green));
+        // Without a compositor a translucent window shows black instead of what lies below.
+        const QColor margin = colourOnScreen(scene.patch->mapToGlobal(QPoint(-3, -3)));
+        QVERIFY(margin == QColor(Qt::darkBlue) || margin == QColor(Qt::black));
+    }
+
+    void layerFollowsTheWindowThatTheUserMoves()
+    {
+        Scene scene;
+        QVERIFY(scene.isActive());
+        scene.floatPatch();
+        QTRY_COMPARE(scene.offset(), QPoint(30, 40));
+        for (const QPoint &to : {QPoint(400, 300), QPoint(20, 30)}) {
+            const QPoint before = scene.window.pos();
+            QVERIFY(moveAsUser(scene.window, to.x(), to.y()));
+            QTRY_VERIFY(scene.window.pos() != before);
+            QTRY_COMPARE(scene.offset(), QPoint(30, 40));
+            QTRY_COMPARE(colourInside(*scene.patch), QColor(Qt::green));
+        }
+    }
+
+    void layerFollowsTheMainWindowByTheService()
+    {
+        Scene scene;
+        QVERIFY(scene.isActive());
+        auto &service = Vela::Services::ApplicationService::GetInstance();
+        service.setMainWindow(&scene.window);
+        scene.floatPatch();
+        QTRY_COMPARE(scene.offset(), QPoint(30, 40));
+        const QPoint before = scene.window.pos();
+        QVERIFY(moveAsUser(scene.window, 333, 222));
+        QTRY_VERIFY(scene.window.pos() != before);
+        QTRY_COMPARE(scene.offset(), QPoint(30, 40));
+        service.setMainWindow(nullptr);
+    }
+
+    void layerSurvivesMinimiseAndRestore()
+    {
+        Scene scene;
+        QVERIFY(scene.isActive());
+        const QWidget *const layer = scene.floatPatch();
+        QTRY_COMPARE(colourInside(*scene.patch), QColor(Qt::green));
+        const QPoint place = scene.patch->mapToGlobal(scene.patch->rect().center());
+        for (int i = 0; i < 2; ++i) {
+            scene.window.showMinimized();
+            QTRY_VERIFY(!scene.window.windowHandle()->isExposed());
+            QTRY_VERIFY(colourOnScreen(place) != QColor(Qt::green));
+            scene.window.showNormal();
+            QTRY_VERIFY(scene.window.windowHandle()->isExposed());
+            QTRY_COMPARE(colourOnScreen(place), QColor(Qt::green));
+            QVERIFY(layer->isVisible());
+            QVERIFY(scene.patch->isVisible());
+            QCOMPARE(scene.offset(), QPoint(30, 40));
+        }
+    }
+
+    void layerFollowsADockThatIsPulledOut()
+    {
+        QMainWindow window;
+        window.setGeometry(200, 200, 600, 400);
+        auto *const dock = new QDockWidget(&window);
+        auto *const view = new NativeView(dock);
+        view->setMinimumSize(200, 150);
+        dock->setWidget(view);
+        window.addDockWidget(Qt::LeftDockWidgetArea, dock);
+        const std::unique_ptr<QWidget> patch(new Patch(view));
+        patch->setGeometry(30, 40, 80, 50);
+        window.show();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        FloatingLayer::makeWidgetFloating(patch.get(), QMargins());
+        patch->show();
+        QTRY_COMPARE(colourInside(*patch), QColor(Qt::green));
+        dock->setFloating(true);
+        dock->move(900, 600);
+        QTRY_COMPARE(patch->mapToGlobal(QPoint()) - view->mapToGlobal(QPoint()), QPoint(30, 40));
+        QTRY_COMPARE(patch->window()->windowHandle()->transientParent(), dock->windowHandle());
+        dock->raise();
+        QTRY_COMPARE(colourInside(*patch), QColor(Qt::green));
+    }
+
+    void showingALayerLeavesTheFocusAlone()
+    {
+        Scene scene;
+        QVERIFY(scene.isActive());
+        QWidget *const layer = scene.floatPatch();
+        QVERIFY(QTest::qWaitForWindowExposed(layer));
+        QTRY_COMPARE(colourInside(*scene.patch), QColor(Qt::green));
+        QVERIFY(typeAsUser(QStringLiteral("typed")));
+        QTRY_COMPARE(scene.edit->text(), QStringLiteral("typed"));
+        QVERIFY(scene.window.isActiveWindow());
+        scene.patch->hide();
+        scene.patch->show();
+        QVERIFY(QTest::qWaitForWindowExposed(layer));
+        QVERIFY(typeAsUser(QStringLiteral("2")));
+        QTRY_COMPARE(scene.edit->text(), QStringLiteral("typed2"));
+    }
+
+    void showingABarLeavesTheFocusAlone()
+    {
+        Scene scene;
+        QVERIFY(scene.isActive());
+        auto *const bar = new NotificationBar(scene.view);
+        FloatingLayer::makeWidgetFloating(bar, QMargins());
+        bar->ShowSimpleText(QStringLiteral("Saved."), eNotificationFadeOutOnly, 60'000, true);
+        QTRY_VERIFY(bar->isShowing());
+        QVERIFY(QTest::qWaitForWindowExposed(bar->window()));
+        QVERIFY(typeAsUser(QStringLiteral("typed")));
+        QTRY_COMPARE(scene.edit->text(), QStringLiteral("typed"));
+        QVERIFY(scene.window.isActiveWindow());
+    }
+
+    void barIsSeenAboveANativeView()
+    {
+        Scene scene;
+        QVERIFY(scene.isActive());
+        auto *const bar = new NotificationBar(scene.view);
+        FloatingLayer::makeWidgetFloating(bar, QMargins());
+        bar->ShowSimpleText(QStringLiteral("."), eNotificationFadeOutOnly, 60'000, false);
+        const auto inTheBox = [bar] { return colourOnScreen(bar->mapToGlobal(QPoint(8, 66))); };
+        QTRY_COMPARE(inTheBox(), QColor(246, 246, 246));
+        const QPoint centre = bar->mapToGlobal(QPoint(bar->width() / 2, 0));
+        QVERIFY(qAbs(centre.x() - scene.view->mapToGlobal(QPoint(200, 0)).x()) <= 1);
+    }
+
+    void userClosesABarByItsButton()
+    {
+        Scene scene;
+        QVERIFY(scene.isActive());
+        auto *const bar = new NotificationBar(scene.view);
+        FloatingLayer::makeWidgetFloating(bar, QMargins());
+        bar->ShowSimpleText(QStringLiteral("Saved."), eNotificationPulse, 0, true);
+        QTRY_VERIFY(bar->isShowing());
+        QVERIFY(QTest::qWaitForWindowExposed(bar->window()));
+        const QPoint button = bar->mapToGlobal(QPoint(bar->width() - 14, 58 + 14));
+        QVERIFY(run(QStringLiteral("xdotool"),
+                    {QStringLiteral("mousemove"), QString::number(button.x()),
+                     QString::number(button.y()), QStringLiteral("click"), QStringLiteral("1")}));
+        QTRY_VERIFY(!bar->isShowing());
+        QTRY_VERIFY(!bar->isVisible());
+        QVERIFY(!bar->window()->isVisible());
+    }
+};
+
+LUMO_TEST_MAIN(tst_FloatingDesktop)
+#include "tst_floatingdesktop.moc"
