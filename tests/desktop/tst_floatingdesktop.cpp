@@ -268,6 +268,30 @@ private Q_SLOTS:
         QVERIFY(qAbs(centre.x() - scene.view->mapToGlobal(QPoint(200, 0)).x()) <= 1);
     }
 
+    void roomAroundABarBelongsToTheView()
+    {
+        Scene scene;
+        QVERIFY(scene.isActive());
+        auto *const bar = new NotificationBar(scene.view);
+        FloatingLayer::makeWidgetFloating(bar, QMargins(3, 3, 3, 3));
+        bar->ShowSimpleText(QStringLiteral("Saving"), eNotificationPulse, 0, false);
+        const auto seenAt = [bar](int x, int y) {
+            return colourOnScreen(bar->mapToGlobal({x, y}));
+        };
+        const int middle = bar->width() / 2;
+        QTRY_COMPARE(seenAt(middle - 23, 24), QColor(190, 182, 173));
+        QTRY_VERIFY(seenAt(8, 66).lightness() > 230);
+        QCOMPARE(seenAt(8, 24), QColor(Qt::darkBlue));
+        QCOMPARE(seenAt(-2, 66), QColor(Qt::darkBlue));
+        QCOMPARE(seenAt(middle, 53), QColor(Qt::darkBlue));
+        bar->ShowSimpleText(QStringLiteral("Saved"), eNotificationNoFade, 1, false);
+        QTRY_VERIFY(bar->isShowing());
+        QTRY_VERIFY(!bar->isShowing());
+        QVERIFY(bar->isVisible());
+        QTRY_COMPARE(seenAt(8, 66), QColor(Qt::darkBlue));
+        QCOMPARE(seenAt(middle - 23, 24), QColor(Qt::darkBlue));
+    }
+
     void userClosesABarByItsButton()
     {
         Scene scene;

@@ -17,6 +17,7 @@
 #include <QCoreApplication>
 #include <QEvent>
 #include <QGraphicsOpacityEffect>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QMouseEvent>
 #include <QMoveEvent>
@@ -126,6 +127,13 @@ private:
 QRect squareAround(const QPoint &centre, int size)
 {
     return {centre.x() - size / 2, centre.y() - size / 2, size, size};
+}
+
+// The platforms without a screen only warn.
+bool canShapeWindows()
+{
+    const QString platform = QGuiApplication::platformName();
+    return platform != QLatin1String("offscreen") && platform != QLatin1String("minimal");
 }
 
 bool canHold(const QWidget &bar, const QWidget *control)
@@ -320,6 +328,7 @@ void NotificationBarPrivate::ResizeMe(bool isText)
         wantedSize = QSize(box.width(), box.height() + spinnerGap + spinnerSize);
     }
     layOutSpinner(wantedSize.width());
+    cutOutLayer(seenRegion());
     if (q->size() != wantedSize) {
         q->resize(wantedSize);
         q->repaint();
@@ -375,6 +384,29 @@ void NotificationBarPrivate::layOutSpinner(int width)
     pixmapRect = squareAround(centre, pixmapSize);
 }
 
+QRegion NotificationBarPrivate::seenRegion() const
+{
+    QRegion region;
+    if (!holder->isHidden())
+        region += holder->geometry();
+    if (spinnerVisible)
+        region += QRegion(outerRect.adjusted(-1, -1, 1, 1), QRegion::Ellipse);
+    return region;
+}
+
+// The room around box and spinner belongs to the view below: the mouse reaches it, and it does not turn
+// black where nothing composes translucent windows.
+void NotificationBarPrivate::cutOutLayer(const QRegion &seen)
+{
+    Q_Q(NotificationBar);
+    auto *const layer = qobject_cast<FloatingLayer *>(q->parentWidget());
+    if (!layer || !canShapeWindows())
+        return;
+    // An empty mask is none at all to Qt.
+    const QRegion mask = seen.isEmpty() ? QRegion(-1, -1, 1, 1) : seen;
+    layer->setMask(mask.translated(FloatingLayer::getWidgetOffset(q)));
+}
+
 void NotificationBarPrivate::UpdatePos()
 {
     Q_Q(NotificationBar);
@@ -408,6 +440,7 @@ void NotificationBarPrivate::ShowMe()
     } else {
         animateAppearance();
     }
+    cutOutLayer(seenRegion());
     ShowInCorrectStackOrder();
     q->update();
 }
@@ -674,6 +707,7 @@ void NotificationBar::SetShowSpinnerOnly(bool on)
     d->ShowInCorrectStackOrder();
     d->label->setVisible(!on);
     d->holder->setVisible(!on);
+    d->cutOutLayer(d->seenRegion());
     if (d->spinnerVisible)
         d->turnDynamicProperty();
     d->dismissTimer->stop();
@@ -728,6 +762,7 @@ void NotificationBar::OnDismissTimerTimeOut()
         d->opacityEffect->setOpacity(0.0);
         d->closedByUser = false;
         d->spinnerVisible = false;
+        d->cutOutLayer(QRegion());
         update();
         lower();
     } else if (!d->spinnerOnly) {

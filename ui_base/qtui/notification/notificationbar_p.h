@@ -11,6 +11,7 @@
 #include <QPixmap>
 #include <QPointer>
 #include <QRect>
+#include <QRegion>
 #include <QSize>
 #include <QString>
 
@@ -118,6 +119,8 @@ private:
     QSize fitLabel(QSize box);
     void layOutBox(const QSize &box);
     void layOutSpinner(int width);
+    QRegion seenRegion() const;
+    void cutOutLayer(const QRegion &seen);
 
     void preparePictures();
     void paintSpinner(QPainter &painter) const;
