@@ -386,6 +386,28 @@ private Q_SLOTS:
         }
     }
 
+    void eventsOfTheWidgetShowAndHideTheLayer_data()
+    {
+        QTest::addColumn<int>("type");
+        QTest::addColumn<bool>("shown");
+        QTest::newRow("show") << int(QEvent::Show) << true;
+        QTest::newRow("show to parent") << int(QEvent::ShowToParent) << true;
+        QTest::newRow("hide") << int(QEvent::Hide) << false;
+        QTest::newRow("hide to parent") << int(QEvent::HideToParent) << false;
+    }
+
+    void eventsOfTheWidgetShowAndHideTheLayer()
+    {
+        QFETCH(int, type);
+        QFETCH(bool, shown);
+        Scene scene;
+        FloatingLayer *const layer = scene.makeFloating();
+        layer->setVisible(!shown);
+        QEvent event {QEvent::Type(type)};
+        QCoreApplication::sendEvent(scene.widget, &event);
+        QCOMPARE(layer->isVisible(), shown);
+    }
+
     void hidingReachesALayerThatIsNotOnTheScreen()
     {
         Scene scene;
@@ -442,6 +464,16 @@ private Q_SLOTS:
         QCOMPARE(layer->pos(), before + QPoint(7, 8));
         QCOMPARE(scene.cornerInView(), QPoint(15, 25));
         QCOMPARE(scene.widget->pos(), QPoint(5, 5));
+    }
+
+    void parentTakesTheLayerAlongFromWhereTheWidgetWasMoved()
+    {
+        Scene scene;
+        scene.makeFloating(Five);
+        scene.widget->show();
+        scene.widget->move(70, 80);
+        scene.view->move(47, 58);
+        QCOMPARE(scene.cornerInView(), QPoint(65, 75));
     }
 
     void positionOfTheParentsMoveCounts()

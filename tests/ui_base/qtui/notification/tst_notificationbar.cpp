@@ -1069,7 +1069,7 @@ private Q_SLOTS:
         QTest::addColumn<QSize>("box");
         QTest::newRow("smallest") << QSize(10, 10) << false << QSize(200, 40);
         QTest::newRow("usual") << QSize(300, 100) << false << QSize(390, 140);
-        QTest::newRow("rounded down") << QSize(155, 31) << false << QSize(201, 43);
+        QTest::newRow("rounded down") << QSize(155, 39) << false << QSize(201, 54);
         QTest::newRow("wider than any text") << QSize(650, 20) << false << QSize(845, 40);
         QTest::newRow("with close button") << QSize(300, 100) << true << QSize(390, 160);
     }
@@ -1219,6 +1219,8 @@ private Q_SLOTS:
         QCOMPARE(image.pixelColor(100, 12), Outer);
         QCOMPARE(image.pixelColor(112, 36), Sweep);
         QCOMPARE(image.pixelColor(88, 12), Disc);
+        // No outline around the whole.
+        QVERIFY(image.pixelColor(76, 24).red() > 180);
         // Outlines darken the edges of the disc and of the centre.
         QVERIFY(image.pixelColor(80, 24).red() < 120);
         QVERIFY(image.pixelColor(85, 24).red() < 120);
