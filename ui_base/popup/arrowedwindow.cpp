@@ -1,0 +1,326 @@
+// SPDX-FileCopyrightText: 2026 The lumo_ui_base authors
+// SPDX-License-Identifier: MIT
+
+#include "ui_base/popup/arrowedwindow.h"
+
+#include "ui_base/popup/arrowedwindow_p.h"
+
+#include "ui_base/popup/arrowlayout_p.h"
+
+#include <QEvent>
+#include <QPainter>
+#include <QPen>
+#include <QVBoxLayout>
+
+namespace Vela::UiBase {
+namespace {
+
+constexpr int TransparentBelow = 50;
+
+QColor fillColor(const QColor &background)
+{
+    return background.alpha() < TransparentBelow ? QColor(255, 255, 255, 128) : background;
+}
+
+} // namespace
+
+ArrowedWindowPrivate::ArrowedWindowPrivate() = default;
+
+ArrowedWindowPrivate::~ArrowedWindowPrivate() = default;
+
+void ArrowedWindowPrivate::NormalizeArrowParam(ArrowedWindow::SArrowParam &param) const
+{
+    if (internalWidget)
+        Internal::normalizeArrow(param, internalWidget->rect());
+}
+
+QSize ArrowedWindowPrivate::CalculateLayout()
+{
+    if (!internalWidget)
+        return {0, 0};
+    const Internal::ArrowLayout result = Internal::layOutArrow(
+        {currentArrow, internalWidget->rect(), contentMargin, borderWidth, cornerRadius});
+    bounds = result.bounds;
+    if (result.hasArrow)
+        path = result.path;
+    arrowPoint = result.arrowPoint;
+    layoutDirty = true;
+    q_ptr->setFixedSize(result.size);
+    q_ptr->resize(result.size);
+    sizeDelta = result.size - internalWidget->size();
+    layout->setContentsMargins(result.margins);
+    q_ptr->adjustSize();
+    return result.size;
+}
+
+void ArrowedWindowPrivate::makeLayout()
+{
+    layout = new QVBoxLayout(q_ptr);
+    layout->setSizeConstraint(QLayout::SetFixedSize);
+}
+
+void ArrowedWindowPrivate::makeShadow()
+{
+    shadow = new QGraphicsDropShadowEffect(q_ptr);
+    shadow->setBlurRadius(15.0);
+    shadow->setOffset(0.0, 0.0);
+    shadow->setColor(QColor(192, 192, 192, 166));
+}
+
+void ArrowedWindowPrivate::onContentResized()
+{
+    layoutDirty = true;
+    if (!internalWidget->isVisible())
+        return;
+    // The layout of the window sizes the content in turn, which must not lead back here.
+    internalWidget->removeEventFilter(q_ptr);
+    layoutDirty = false;
+    CalculateLayout();
+    if (internalWidget)
+        internalWidget->installEventFilter(q_ptr);
+}
+
+ArrowedWindow::ArrowedWindow(QWidget *parent)
+    : ArrowedWindow(*new ArrowedWindowPrivate, parent)
+{ }
+
+ArrowedWindow::ArrowedWindow(ArrowedWindowPrivate &dd, QWidget *parent)
+    : QWidget(parent, Qt::FramelessWindowHint)
+    , d_ptr(&dd)
+{
+    d_ptr->q_ptr = this;
+    ArrowedWindow::Initialize();
+}
+
+ArrowedWindow::~ArrowedWindow() = default;
+
+void ArrowedWindow::Initialize()
+{
+    Q_D(ArrowedWindow);
+    setMouseTracking(true);
+    setFocusPolicy(Qt::NoFocus);
+    setAttribute(Qt::WA_ShowWithoutActivating);
+    d->makeLayout();
+    d->makeShadow();
+    setGraphicsEffect(nullptr);
+}
+
+void ArrowedWindow::AttachWidget(QWidget *w)
+{
+    Q_D(ArrowedWindow);
+    if (!w || w == d->internalWidget)
+        return;
+    DetachWidget();
+    w->installEventFilter(this);
+    d->internalWidget = w;
+    d->backgroundColor = w->palette().color(QPalette::Window);
+    delete d->layout;
+    d->makeLayout();
+    d->layout->setContentsMargins(0, 0, 0, 0);
+    d->layout->addWidget(w);
+    d->layout->setAlignment(w, Qt::AlignCenter);
+    if (d->arrowParams.isEmpty())
+        return;
+    d->NormalizeArrowParam(d->currentArrow);
+    d->CalculateLayout();
+}
+
+QWidget *ArrowedWindow::DetachWidget()
+{
+    Q_D(ArrowedWindow);
+    const QPointer<QWidget> content = d->internalWidget;
+    if (!content)
+        return nullptr;
+    content->removeEventFilter(this);
+    d->internalWidget.clear();
+    content->hide();
+    return content;
+}
+
+void ArrowedWindow::SetArrow(const SArrowParam &param)
+{
+    Q_D(ArrowedWindow);
+    if (param.position == EArrowPosition::None)
+        return;
+    const SArrowParam given = param;
+    d->arrowParams = {given};
+    d->NormalizeArrowParam(d->arrowParams.first());
+    d->currentArrow = given;
+    d->CalculateLayout();
+}
+
+void ArrowedWindow::SetArrow(EArrowPosition position, int length, bool customAngle, int angle,
+                             int apexAngle, bool offsetAlongX, int offset)
+{
+    Q_D(ArrowedWindow);
+    if (position == EArrowPosition::None)
+        return;
+    d->arrowParams = {
+        {position, length, customAngle, angle, apexAngle, offsetAlongX, offset, QPoint()}};
+    d->NormalizeArrowParam(d->arrowParams.first());
+    d->currentArrow = d->arrowParams.first();
+    d->CalculateLayout();
+}
+
+void ArrowedWindow::AddArrow(const SArrowParam &param)
+{
+    Q_D(ArrowedWindow);
+    if (param.position == EArrowPosition::None)
+        return;
+    d->arrowParams.append(param);
+    d->NormalizeArrowParam(d->arrowParams.last());
+    d->currentArrow = d->arrowParams.first();
+    if (d->arrowParams.size() == 1)
+        d->CalculateLayout();
+}
+
+void ArrowedWindow::AddArrow(EArrowPosition position, int length, bool customAngle, int angle,
+                             int apexAngle, bool offsetAlongX, int offset)
+{
+    AddArrow({position, length, customAngle, angle, apexAngle, offsetAlongX, offset, QPoint()});
+}
+
+const QList<ArrowedWindow::SArrowParam> &ArrowedWindow::GetArrowParams() const
+{
+    QList<SArrowParam> &params = d_ptr->arrowParams;
+    if (!params.contains(d_ptr->currentArrow))
+        params.append(d_ptr->currentArrow);
+    return params;
+}
+
+bool ArrowedWindow::GetCurrentArrowParam(SArrowParam &param) const
+{
+    param = d_func()->currentArrow;
+    return true;
+}
+
+bool ArrowedWindow::GetArrowWindowSize(SArrowParam &param, QSize &size, QPoint &arrowPoint)
+{
+    Q_D(ArrowedWindow);
+    if (!d->internalWidget || param.position == EArrowPosition::None)
+        return false;
+    d->NormalizeArrowParam(param);
+    d->currentArrow = param;
+    size = d->CalculateLayout();
+    arrowPoint = d->arrowPoint;
+    return true;
+}
+
+void ArrowedWindow::GenerateLayout()
+{
+    d_func()->CalculateLayout();
+}
+
+bool ArrowedWindow::AutoDecideArrowPosition() const
+{
+    return d_func()->autoDecide;
+}
+
+void ArrowedWindow::SetAutoDecideArrowPosition(bool autoDecide)
+{
+    d_func()->autoDecide = autoDecide;
+}
+
+QPoint ArrowedWindow::GetArrowPoint() const
+{
+    return d_func()->arrowPoint;
+}
+
+QRect ArrowedWindow::GetBounds() const
+{
+    return d_func()->bounds;
+}
+
+QGraphicsDropShadowEffect *ArrowedWindow::GetShadow() const
+{
+    return d_func()->shadow;
+}
+
+void ArrowedWindow::EnableShadow(bool enable)
+{
+    Q_D(ArrowedWindow);
+    if (enable && !d->shadow)
+        d->makeShadow();
+    setGraphicsEffect(enable ? d->shadow : nullptr);
+}
+
+void ArrowedWindow::SetBorder(const QColor &color, int width, Qt::PenStyle style,
+                              Qt::PenJoinStyle join)
+{
+    Q_D(ArrowedWindow);
+    d->borderColor = color;
+    d->borderWidth = width;
+    d->borderStyle = style;
+    d->borderJoin = join;
+    update();
+}
+
+void ArrowedWindow::SetContentMargin(int margin)
+{
+    d_func()->contentMargin = margin;
+}
+
+void ArrowedWindow::SetRoundCornerRadius(int radius)
+{
+    d_func()->cornerRadius = radius;
+}
+
+void ArrowedWindow::SetPartialBackgroundColor(bool enable, const QRect &rect, const QColor &color)
+{
+    Q_D(ArrowedWindow);
+    d->partialEnabled = enable;
+    if (enable) {
+        d->partialRect = rect.translated(d->bounds.left(), d->layout->contentsMargins().top());
+        d->partialRect.setWidth(d->bounds.width());
+        d->partialColor = color;
+    }
+    update();
+}
+
+QWidget *ArrowedWindow::InternalWidget() const
+{
+    return d_func()->internalWidget;
+}
+
+bool ArrowedWindow::eventFilter(QObject *watched, QEvent *event)
+{
+    Q_D(ArrowedWindow);
+    // Hiding the window runs code of others, which may end it.
+    const QPointer<ArrowedWindow> self(this);
+    if (watched == d->internalWidget) {
+        if (event->type() == QEvent::Resize)
+            d->onContentResized();
+        else if (event->type() == QEvent::Hide)
+            hide();
+    }
+    return self && QWidget::eventFilter(watched, event);
+}
+
+void ArrowedWindow::paintEvent(QPaintEvent *)
+{
+    Q_D(ArrowedWindow);
+    QPainter painter(this);
+    painter.setRenderHints(QPainter::TextAntialiasing | QPainter::SmoothPixmapTransform);
+    if (d->internalWidget) {
+        painter.fillPath(d->path, QBrush(fillColor(d->backgroundColor), Qt::SolidPattern));
+        if (d->partialEnabled)
+            painter.fillRect(d->partialRect, d->partialColor);
+    }
+    painter.setPen(
+        QPen(d->borderColor, d->borderWidth, d->borderStyle, Qt::FlatCap, d->borderJoin));
+    painter.drawPath(d->path);
+}
+
+void ArrowedWindow::showEvent(QShowEvent *event)
+{
+    Q_D(ArrowedWindow);
+    if (d->internalWidget)
+        d->internalWidget->show();
+    if (d->layoutDirty) {
+        d->layoutDirty = false;
+        d->CalculateLayout();
+    }
+    QWidget::showEvent(event);
+}
+
+} // namespace Vela::UiBase

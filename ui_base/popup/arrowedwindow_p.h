@@ -1,0 +1,68 @@
+// SPDX-FileCopyrightText: 2026 The lumo_ui_base authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "ui_base/popup/arrowedwindow.h"
+
+#include <QColor>
+#include <QGraphicsDropShadowEffect>
+#include <QPainterPath>
+#include <QPointer>
+#include <QRect>
+
+class QVBoxLayout;
+
+namespace Vela::UiBase {
+
+/// The state of an ArrowedWindow. A subclass with other defaults derives from this and sets them in
+/// its constructor, before the window takes it over. Lengths are logical pixels.
+class LUMO_UI_BASE_EXPORT ArrowedWindowPrivate
+{
+    Q_DECLARE_PUBLIC(ArrowedWindow)
+
+public:
+    ArrowedWindowPrivate();
+    virtual ~ArrowedWindowPrivate();
+
+    /// Works out tip and angle of @p param for the content. Nothing without content and for a
+    /// position that is none of the eight.
+    void NormalizeArrowParam(ArrowedWindow::SArrowParam &param) const;
+    /// Lays the window out for the current arrow.
+    /// @return the size of the window; (0,0) without content, when nothing is done
+    QSize CalculateLayout();
+
+    QVBoxLayout *layout = nullptr;
+    QPointer<QWidget> internalWidget;
+    QPainterPath path; ///< the outline, in coordinates of the window
+    int borderWidth = 1;
+    QColor borderColor {Qt::gray};
+    Qt::PenStyle borderStyle = Qt::SolidLine;
+    Qt::PenJoinStyle borderJoin = Qt::BevelJoin;
+    QPoint arrowPoint;
+    bool autoDecide = true;
+    QSize sizeDelta {0, 0};   ///< of the window, less that of the content
+    bool layoutDirty = false; ///< a layout is due at the next showing
+    QPointer<QGraphicsDropShadowEffect> shadow;
+    QList<ArrowedWindow::SArrowParam> arrowParams {ArrowedWindow::SArrowParam()};
+    ArrowedWindow::SArrowParam currentArrow;
+    int contentMargin = 0;
+    int cornerRadius = 5;
+    QColor backgroundColor;
+    QRect bounds;
+    QRect partialRect;
+    QColor partialColor;
+    bool partialEnabled = false;
+
+protected:
+    ArrowedWindow *q_ptr = nullptr;
+
+private:
+    void makeLayout();
+    void makeShadow();
+    void onContentResized();
+
+    Q_DISABLE_COPY(ArrowedWindowPrivate)
+};
+
+} // namespace Vela::UiBase
