@@ -9,7 +9,8 @@ namespace Vela::UiBase {
 
 EDirection DirectionProperty(const QObject *object, const char *name)
 {
-    return Internal::enumProperty<EDirection>(object, name);
+    const auto direction = Internal::enumProperty<EDirection>(object, name);
+    return object ? direction : EDirection::NoDirection;
 }
 
 } // namespace Vela::UiBase

@@ -31,7 +31,7 @@ enum class EWidgetsAlign : int {
 /// Reads a direction out of the dynamic property @p name of @p object, as "direction_to" holds one.
 /// A value of another type is converted, so that a number or its text will do. Registers the
 /// metatype on first use.
-/// @return EDirection::Left for a null object, for a property that is not set and for a value that
+/// @return NoDirection for a null object; Left for a property that is not set and for a value that
 ///         does not convert; a number that is no enumerator comes back as it is
 LUMO_UI_BASE_EXPORT EDirection DirectionProperty(const QObject *object, const char *name);
 

@@ -63,5 +63,9 @@ TEST(Direction, whatDoesNotConvertReadsAsLeft)
     EXPECT_EQ(readBack(QVariantList {2}), EDirection::Left);
     EXPECT_EQ(readBack(QVariant::fromValue<QObject *>(nullptr)), EDirection::Left);
     EXPECT_EQ(readBack(QVariant()), EDirection::Left);
-    EXPECT_EQ(DirectionProperty(nullptr, "direction_to"), EDirection::Left);
+}
+
+TEST(Direction, nothingHasNoDirection)
+{
+    EXPECT_EQ(DirectionProperty(nullptr, "direction_to"), EDirection::NoDirection);
 }
