@@ -92,7 +92,7 @@ public:
         : m_manager(std::make_shared<CmdMgr>())
     {
         for (int i = 0; i < count; ++i)
-            m_manager->addCommand(new NumberedCommand(i));
+            m_changed = m_manager->addCommand(new NumberedCommand(i));
         m_enabled = m_manager->disabledContext(nullptr);
         m_disabled = m_enabled;
         m_enabled.overwrite({State::On, State::Keep});
@@ -109,10 +109,12 @@ public:
             [enabled](const CommandState &state) { return bool(state.enabled) == enabled; });
     }
 
+    void change() { m_changed->setEnabled(!m_changed->isEnabled()); }
     CommandContext snapshot() const { return m_manager->currentContext(nullptr); }
 
 private:
     std::shared_ptr<CmdMgr> m_manager;
+    CommandBase *m_changed = nullptr;
     CommandContext m_enabled;
     CommandContext m_disabled;
 };
@@ -137,14 +139,26 @@ void apply(benchmark::State &state)
         state.SkipWithError("a command has not got its state");
 }
 
+/// Times one reading of all states, when @p changing after a change of one command, which asks for a
+/// context of its own as the change of any number does.
+template<bool changing>
 void snapshot(benchmark::State &state)
 {
     const int count = static_cast<int>(state.range(0));
-    const ManagerWay way(count);
+    ManagerWay way(count);
+    const CommandContext before = way.snapshot();
+    way.change();
+    CommandContext after;
     for (auto _ : state) {
-        if (way.snapshot().get().size() != count)
+        if (changing)
+            way.change();
+        after = way.snapshot();
+        if (after.get().size() != count)
             state.SkipWithError("a command is missing");
     }
+    way.change();
+    if (way.snapshot() == after || (!changing && before == after))
+        state.SkipWithError("a change is missing");
 }
 
 void counts(benchmark::internal::Benchmark *benchmark)
@@ -158,7 +172,8 @@ BENCHMARK_TEMPLATE(apply, ManagerWay, true)->Name("applyManager")->Apply(counts)
 BENCHMARK_TEMPLATE(apply, HashWay, false)->Name("applySameQt")->Arg(1000);
 BENCHMARK_TEMPLATE(apply, ManagerWay, false)->Name("applySameManager")->Apply(counts);
 
-BENCHMARK(snapshot)->Apply(counts);
+BENCHMARK_TEMPLATE(snapshot, false)->Name("snapshot")->Apply(counts);
+BENCHMARK_TEMPLATE(snapshot, true)->Name("snapshotChanged")->Apply(counts);
 
 } // namespace
 

@@ -7,6 +7,8 @@
 #include "ui_base/command/commandbase.h"
 #include "ui_base/command/commandgroup.h"
 #include "ui_base/command/commandindex_p.h"
+#include "ui_base/command/commandroll_p.h"
+#include "ui_base/command/commandsnapshot_p.h"
 
 #include <tessel/dispatch.h>
 
@@ -115,11 +117,20 @@ public:
     void stopListening(CommandBase *command);
     void listen(CommandBase *command);
     void applyContext(const CommandContext &context);
+    CommandContext presentContext();
+    const std::shared_ptr<const CommandRoll> &presentRoll();
+    std::shared_ptr<CommandIndex> presentIndex();
+    void forget();
 
     CmdMgr *const q;
     std::atomic<bool> applyingContext {false};
     QVector<CommandContext> contextStack;
     CommandBag rootBag;
+
+    // What the last walk over the commands found, as long as the next would find the same.
+    std::shared_ptr<const CommandRoll> roll;
+    std::shared_ptr<CommandIndex> index;
+    CommandSnapshot snapshot;
 };
 
 /// Runs @p work on the main queue unless the manager has died by then.
@@ -213,16 +224,20 @@ void CmdMgr::CmdMgrImpl::applyContext(const CommandContext &context)
     // Groups at once and the others after them: so the entry of a child has the last word over what
     // the state of its group did to it.
     std::vector<std::pair<std::shared_ptr<CommandBase>, CommandState>> pending;
-    std::vector<std::shared_ptr<CommandBase>> found;
-    CommandIndex index(rootBag);
+    std::vector<CommandIndex::Found> found;
+    std::shared_ptr<CommandIndex> commands = presentIndex();
+    unsigned generation = CommandIndex::generation();
     const QMap<QString, CommandState> entries = context.get();
+    pending.reserve(static_cast<std::size_t>(entries.size()));
     for (auto entry = entries.cbegin(); entry != entries.cend(); ++entry) {
-        if (!index.isCurrent())
-            index = CommandIndex(rootBag);
+        if (generation != CommandIndex::generation()) {
+            commands = presentIndex();
+            generation = CommandIndex::generation();
+        }
         found.clear();
-        index.find(entry.key(), found);
-        for (std::shared_ptr<CommandBase> &command : found) {
-            if (childrenOf(command.get()))
+        commands->find(entry.key(), found);
+        for (auto &[command, isGroup] : found) {
+            if (isGroup)
                 command->setCommandState(entry.value());
             else
                 pending.emplace_back(std::move(command), entry.value());
@@ -230,6 +245,39 @@ void CmdMgr::CmdMgrImpl::applyContext(const CommandContext &context)
     }
     for (const auto &[command, state] : pending)
         command->setCommandState(state);
+}
+
+/// The states of all commands at this moment.
+CommandContext CmdMgr::CmdMgrImpl::presentContext()
+{
+    const std::shared_ptr<const CommandRoll> present = presentRoll();
+    if (!snapshot.refresh(present))
+        snapshot.remember(present, contextOf(rootBag, writePresentState));
+    return snapshot.context();
+}
+
+const std::shared_ptr<const CommandRoll> &CmdMgr::CmdMgrImpl::presentRoll()
+{
+    if (!roll || !roll->describes(rootBag))
+        roll = std::make_shared<const CommandRoll>(rootBag);
+    return roll;
+}
+
+/// Shared with the caller, since a walk inside its walk may make another.
+std::shared_ptr<CommandIndex> CmdMgr::CmdMgrImpl::presentIndex()
+{
+    const std::shared_ptr<const CommandRoll> &present = presentRoll();
+    if (!index || index->roll() != present)
+        index = std::make_shared<CommandIndex>(present);
+    return index;
+}
+
+/// Gives back the memory of what was found, which a command that leaves would occupy until the next walk.
+void CmdMgr::CmdMgrImpl::forget()
+{
+    roll.reset();
+    index.reset();
+    snapshot.clear();
 }
 
 CmdMgr::CmdMgr()
@@ -261,6 +309,7 @@ bool CmdMgr::removeCommand(CommandBase *command)
     d->stopListening(command);
     broadcast(&CmdMgrProtocol::commandRemoved, this, id);
     command->setAddedToCmdsVC(false);
+    d->forget();
     if (!d->rootBag.removeCommand(id))
         d->removeFromGroups(id);
     return true;
@@ -325,6 +374,8 @@ CommandContext CmdMgr::defaultContext(CommandBag *bag) const
 
 CommandContext CmdMgr::currentContext(CommandBag *bag) const
 {
+    if (!bag)
+        return d->query([this] { return d->presentContext(); });
     return d->queryBag(bag, writePresentState);
 }
 

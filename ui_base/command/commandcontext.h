@@ -83,6 +83,7 @@ public:
     }
 
 private:
+    friend class CommandSnapshot;
     using Map = QMap<QString, CommandState>;
 
     Map &map() const;

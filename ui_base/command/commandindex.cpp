@@ -34,81 +34,94 @@ bool findsLike(CommandBase &command)
 #endif
 }
 
-const CommandBag *plainChildrenOf(CommandBase &command)
+/// Whether the command of @p entry finds commands in a way known here.
+bool isIndexable(const CommandRoll::Entry &entry)
 {
-    auto *const group = qobject_cast<CommandGroup *>(&command);
-    return group && findsLike<CommandGroup>(command) ? &group->commandBag() : nullptr;
-}
-
-/// Whether @p command and all below it find commands in the ways known here.
-bool isIndexable(CommandBase &command)
-{
-    if (findsLike<CommandBase>(command))
-        return true;
-    const CommandBag *const children = plainChildrenOf(command);
-    return children && std::all_of(children->begin(), children->end(), [](const auto &entry) {
-               return !entry.second || isIndexable(*entry.second);
-           });
+    if (!entry.group)
+        return findsLike<CommandBase>(*entry.command);
+    // CommandGroup looks into the bag of its own, which need not be the one that the object offers.
+    return findsLike<CommandGroup>(*entry.command)
+        && &entry.group->CommandGroup::commandBag() == entry.children;
 }
 
 } // namespace
 
-CommandIndex::CommandIndex(const CommandBag &bag)
-    : m_generation(CommandBag::generation())
+CommandIndex::CommandIndex(std::shared_ptr<const CommandRoll> roll)
+    : m_roll(std::move(roll))
 {
-    m_hits.reserve(bag.size());
-    m_first.reserve(static_cast<int>(bag.size()));
+    const std::vector<CommandRoll::Entry> &entries = m_roll->entries();
+    m_hits.reserve(entries.size());
+    m_first.reserve(static_cast<int>(entries.size()));
+    std::vector<std::size_t> tops;
+    for (std::size_t top = 0; top < entries.size(); top = entries[top].end)
+        tops.push_back(top);
     // From the back, so that the hits of an id, each put before the others, come in order.
-    for (std::size_t position = bag.size(); position-- > 0;) {
-        if (bag[position].second)
-            addEntry(bag[position].second, position);
-    }
+    std::for_each(tops.rbegin(), tops.rend(), [this](std::size_t top) { addTop(top); });
+    std::reverse(m_asked.begin(), m_asked.end());
 }
 
-bool CommandIndex::isCurrent() const
+void CommandIndex::find(const QString &id, std::vector<Found> &found)
 {
-    return m_generation == CommandBag::generation();
-}
-
-void CommandIndex::find(const QString &id, std::vector<std::shared_ptr<CommandBase>> &found) const
-{
-    auto asked = m_asked.rbegin();
+    auto asked = m_asked.begin();
     const auto askUntil = [&](std::size_t position) {
-        for (; asked != m_asked.rend() && asked->position < position; ++asked) {
-            if (CommandBase *const command = asked->command->getCommand(id))
-                found.emplace_back(command->weak_from_this().lock(), command);
-        }
+        for (; asked != m_asked.end() && entryAt(*asked).position < position; ++asked)
+            ask(entryAt(*asked), id, found);
     };
-    for (int hit = m_first.value(id, none); hit != none; hit = m_hits[std::size_t(hit)].next) {
-        askUntil(m_hits[std::size_t(hit)].position);
-        found.push_back(m_hits[std::size_t(hit)].command);
+    for (int hit = firstHit(id); hit != none; hit = m_hits[std::size_t(hit)].next) {
+        const CommandRoll::Entry &entry = entryAt(m_hits[std::size_t(hit)].entry);
+        askUntil(entry.position);
+        if (std::shared_ptr<CommandBase> command = entry.lock())
+            found.push_back({std::move(command), entry.group != nullptr});
     }
     askUntil(std::numeric_limits<std::size_t>::max());
 }
 
-void CommandIndex::addEntry(const std::shared_ptr<CommandBase> &command, std::size_t position)
+/// Contexts tell their ids in one order, so what is looked for after an id is mostly what was looked
+/// for after it the last time, and comparing costs less than a look into the table.
+int CommandIndex::firstHit(const QString &id)
 {
-    if (isIndexable(*command))
-        addHits(command, position);
-    else
-        m_asked.push_back({command, position});
+    const int guess = m_last == none ? none : m_hits[std::size_t(m_last)].successor;
+    const bool isGuessed = guess != none && idOf(guess) == id;
+    const int first = isGuessed ? guess : m_first.value(id, none);
+    if (m_last != none)
+        m_hits[std::size_t(m_last)].successor = first;
+    m_last = first;
+    return first;
 }
 
-/// Adds the ids of a command and of all below it, the first of each, for one entry of the bag.
-void CommandIndex::addHits(const std::shared_ptr<CommandBase> &command, std::size_t position)
+void CommandIndex::ask(const CommandRoll::Entry &entry, const QString &id,
+                       std::vector<Found> &found)
 {
-    const QString id = command->commandId();
-    const int first = m_first.value(id, none);
-    if (first == none || m_hits[std::size_t(first)].position != position) {
-        m_first.insert(id, static_cast<int>(m_hits.size()));
-        m_hits.push_back({command, position, first});
+    const std::shared_ptr<CommandBase> asked = entry.lock();
+    CommandBase *const command = asked ? asked->getCommand(id) : nullptr;
+    if (!command)
+        return;
+    std::shared_ptr<CommandBase> owner(command->weak_from_this().lock(), command);
+    found.push_back({std::move(owner), qobject_cast<CommandGroup *>(command) != nullptr});
+}
+
+/// Adds the ids of the entry at the top of the bag and of all below it, if all of them can be known.
+void CommandIndex::addTop(std::size_t index)
+{
+    const auto first = m_roll->entries().begin() + std::ptrdiff_t(index);
+    const auto last = m_roll->entries().begin() + std::ptrdiff_t(first->end);
+    if (!std::all_of(first, last, isIndexable)) {
+        m_asked.push_back(index);
+        return;
     }
-    if (const auto *const group = qobject_cast<const CommandGroup *>(command.get())) {
-        for (const auto &[childId, child] : group->commandBag()) {
-            if (child)
-                addHits(child, position);
-        }
-    }
+    for (std::size_t i = index; i < first->end; ++i)
+        addHit(i);
+}
+
+/// Adds an entry unless one of its id stands below the same entry of the bag already.
+void CommandIndex::addHit(std::size_t index)
+{
+    const CommandRoll::Entry &entry = entryAt(index);
+    const int first = m_first.value(entry.id, none);
+    if (first != none && entryAt(m_hits[std::size_t(first)].entry).position == entry.position)
+        return;
+    m_first.insert(entry.id, static_cast<int>(m_hits.size()));
+    m_hits.push_back({index, first, none});
 }
 
 } // namespace Vela::UiBase

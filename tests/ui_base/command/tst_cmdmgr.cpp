@@ -11,7 +11,13 @@
 #include "ui_base/command/commandgroup.h"
 #include "ui_base/command/testcommand.h"
 
+#include <QActionGroup>
+#include <QSignalBlocker>
+
+#include <algorithm>
 #include <atomic>
+#include <functional>
+#include <new>
 #include <stdexcept>
 #include <thread>
 
@@ -73,9 +79,49 @@ void servePosted()
     QVERIFY(runLoopUntil([&isServed] { return isServed; }));
 }
 
+/// A command that can tell another id from one moment to the next.
+class RenamedCommand : public TestCommand
+{
+public:
+    using TestCommand::TestCommand;
+
+    const QString commandId() const override { return objectName(); }
+};
+
+/// A group that offers the commands of another group as its own.
+class BorrowingGroup : public CommandGroup
+{
+public:
+    using CommandGroup::commandBag;
+    using CommandGroup::CommandGroup;
+
+    const CommandBag &commandBag() const override
+    {
+        return lender ? std::as_const(*lender).commandBag() : CommandGroup::commandBag();
+    }
+
+    CommandGroup *lender = nullptr;
+};
+
+/// What a snapshot of the commands has to tell, found out in the plainest way.
+CommandContext statesOf(const CommandBag &bag)
+{
+    CommandContext context;
+    for (const auto &[id, command] : bag) {
+        if (!command)
+            continue;
+        context.overwrite(command->commandId(), {command->isEnabled(), command->isChecked()});
+        if (const auto *const group = dynamic_cast<const CommandGroup *>(command.get()))
+            context |= statesOf(group->commandBag());
+    }
+    return context;
+}
+
 class RunRecordingManager : public CmdMgr
 {
 public:
+    using CmdMgr::commandBag;
+
     void commandBeganExecuting(CommandBase *command, bool) override
     {
         runs << command->commandId();
@@ -83,7 +129,11 @@ public:
     QStringList runs;
 };
 
+using Change = std::function<void(RunRecordingManager &manager)>;
+
 } // namespace
+
+Q_DECLARE_METATYPE(Change)
 
 class TestCmdMgr : public Lumo::Test::TestCase
 {
@@ -134,6 +184,22 @@ private Q_SLOTS:
     void commandThatFindsOthersItsOwnWayIsAsked();
     void commandAddedWhileAGroupIsAppliedIsSeen();
 
+    void snapshotTellsEveryChange_data();
+    void snapshotTellsEveryChange();
+    void snapshotStaysAsItWasTaken();
+    void snapshotOfRepeatedIdsTellsEveryChange();
+    void snapshotCanBeReadWhileTheNextIsTaken();
+    void contextByTagFollowsTheTags();
+    void contextReachesWhatEveryChangeLeft_data();
+    void contextReachesWhatEveryChangeLeft();
+    void contextReachesRepeatedIdsInTheirNewOrder();
+    void commandMovedFromTheTopIntoAGroupIsFoundThere();
+    void groupWithABagOfAnothersIsAskedItself();
+    void unownedCommandIsReplacedAtItsAddress();
+    void commandThatDiesInPlaceWhileAGroupIsAppliedIsLeftOut();
+    void contextAppliedWhileAGroupIsAppliedLeavesTheOuterOneGoing();
+    void commandsAreNotKeptAliveByWhatWasFound();
+
     void groupIsHeardWithItsChildren();
     void groupTakesOverTopLevelCommands();
     void groupOfATakenIdIsMerged();
@@ -148,6 +214,8 @@ private Q_SLOTS:
     void groupsAreSavedBeforeCommands();
 
 private:
+    void addChangeRows();
+    void addPlainAndGrouped();
     TestCommand *add(const QString &id);
     static std::shared_ptr<CommandGroup> makeGroup(const QStringList &ids);
 
@@ -667,6 +735,315 @@ void TestCmdMgr::commandAddedWhileAGroupIsAppliedIsSeen()
     m_manager->setContext(contextOf({{groupId, {Off, Keep}}, {late, {Off, Keep}}}));
     servePosted();
     QVERIFY(!m_manager->findCommand(late)->isEnabled());
+}
+
+/// Two commands at the top and a group of two behind them; all of them can be checked.
+void TestCmdMgr::addPlainAndGrouped()
+{
+    for (const QString &id : {cut, copy}) {
+        auto *const command = new RenamedCommand(id);
+        command->setCheckable(true);
+        m_manager->addCommand(command);
+    }
+    m_manager->addCommand(makeGroup({QStringLiteral("first"), QStringLiteral("second")}).get());
+}
+
+/// All that can change between two walks over the commands, also without a signal or an announcement.
+void TestCmdMgr::addChangeRows()
+{
+    using Manager = RunRecordingManager;
+    const auto row = [](const char *name, const Change &change) { QTest::newRow(name) << change; };
+    const auto group = [](Manager &manager) {
+        return static_cast<CommandGroup *>(manager.findCommand(groupId));
+    };
+    QTest::addColumn<Change>("change");
+    row("nothing", [](Manager &) {});
+    row("action disabled", [](Manager &manager) { manager.findCommand(copy)->setEnabled(false); });
+    row("action checked", [](Manager &manager) { manager.findCommand(cut)->setChecked(true); });
+    row("action hidden", [](Manager &manager) { manager.findCommand(cut)->setVisible(false); });
+    row("signals blocked", [](Manager &manager) {
+        const QSignalBlocker blocker(manager.findCommand(copy));
+        manager.findCommand(copy)->setEnabled(false);
+    });
+    row("actions disabled together",
+        [group](Manager &manager) { group(manager)->groupActionGroup()->setEnabled(false); });
+    row("state set", [](Manager &manager) {
+        manager.findCommand(QStringLiteral("second"))->setCommandState({Off, On});
+    });
+    row("command added", [](Manager &manager) { manager.addCommand(new TestCommand(paste)); });
+    row("command removed", [](Manager &manager) { manager.removeCommand(copy); });
+    row("all removed", [](Manager &manager) { manager.removeAllCommands(); });
+    row("command replaced", [](Manager &manager) {
+        manager.removeCommand(cut);
+        manager.addCommand(new TestCommand(cut));
+        manager.findCommand(cut)->setEnabled(false);
+    });
+    row("child added",
+        [group](Manager &manager) { group(manager)->addCommand(new TestCommand(paste)); });
+    row("child removed",
+        [group](Manager &manager) { group(manager)->removeCommand(QStringLiteral("first")); });
+    row("id changed", [](Manager &manager) { manager.findCommand(cut)->setObjectName(paste); });
+    row("ids exchanged", [](Manager &manager) {
+        CommandBase *const second = manager.findCommand(copy);
+        second->setEnabled(false);
+        manager.findCommand(cut)->setObjectName(copy);
+        second->setObjectName(cut);
+    });
+    row("group renamed",
+        [group](Manager &manager) { group(manager)->setObjectName(QStringLiteral("Other")); });
+    row("bag cleared in place", [](Manager &manager) { manager.commandBag().clear(); });
+    row("entry erased in place",
+        [](Manager &manager) { manager.commandBag().erase(manager.commandBag().begin()); });
+    row("last entry erased in place", [](Manager &manager) { manager.commandBag().pop_back(); });
+    row("child erased in place",
+        [group](Manager &manager) { group(manager)->commandBag().pop_back(); });
+    row("entry appended in place", [](Manager &manager) {
+        manager.commandBag().emplace_back(paste, std::make_shared<TestCommand>(paste));
+    });
+    row("entry replaced in place", [](Manager &manager) {
+        manager.commandBag()[1] = {paste, std::make_shared<TestCommand>(paste)};
+    });
+    row("entry emptied in place", [](Manager &manager) { manager.commandBag()[0].second.reset(); });
+    row("entries turned round in place", [](Manager &manager) {
+        std::reverse(manager.commandBag().begin(), manager.commandBag().end());
+    });
+    row("group merged", [](Manager &manager) { manager.addCommand(makeGroup({paste}).get()); });
+}
+
+void TestCmdMgr::snapshotTellsEveryChange_data()
+{
+    addChangeRows();
+}
+
+void TestCmdMgr::snapshotTellsEveryChange()
+{
+    QFETCH(const Change, change);
+    addPlainAndGrouped();
+    const CommandBag &bag = std::as_const(*m_manager).commandBag();
+    QVERIFY(m_manager->currentContext(nullptr) == statesOf(bag));
+    change(*m_manager);
+    QVERIFY(m_manager->currentContext(nullptr) == statesOf(bag));
+    QVERIFY(m_manager->currentContext(nullptr) == statesOf(bag));
+}
+
+void TestCmdMgr::snapshotStaysAsItWasTaken()
+{
+    add(cut);
+    const CommandContext before = m_manager->currentContext(nullptr);
+    m_manager->findCommand(cut)->setEnabled(false);
+    const CommandContext after = m_manager->currentContext(nullptr);
+    m_manager->findCommand(cut)->setChecked(true);
+    QVERIFY(m_manager->currentContext(nullptr) == contextOf({{cut, {Off, On}}}));
+    QVERIFY(before == contextOf({{cut, {On, Off}}}));
+    QVERIFY(after == contextOf({{cut, {Off, Off}}}));
+}
+
+void TestCmdMgr::snapshotOfRepeatedIdsTellsEveryChange()
+{
+    const auto group = makeGroup({cut});
+    m_manager->addCommand(group.get());
+    TestCommand *const command = add(cut);
+    const CommandBag &bag = std::as_const(*m_manager).commandBag();
+    const CommandState states[] = {{On, Off}, {Off, On}, {Off, Off}, {On, On}};
+    for (const CommandState &first : states) {
+        for (const CommandState &second : states) {
+            group->getCommand(cut)->setCommandState(first);
+            command->setCommandState(second);
+            QVERIFY(m_manager->currentContext(nullptr) == statesOf(bag));
+        }
+    }
+}
+
+void TestCmdMgr::snapshotCanBeReadWhileTheNextIsTaken()
+{
+    constexpr int rounds = 200;
+    TestCommand *const command = add(cut);
+    std::atomic<int> tornAnswers {0};
+    std::atomic<bool> isDone {false};
+    std::thread asking([&] {
+        for (int i = 0; i < rounds; ++i) {
+            const CommandContext context = m_manager->currentContext(nullptr);
+            const CommandState state = context.get().value(cut);
+            tornAnswers += state.enabled == state.checked ? 0 : 1;
+        }
+        isDone = true;
+    });
+    bool enable = false;
+    const bool served = runLoopUntil([&] {
+        command->setCommandState({enable, enable});
+        enable = !enable;
+        m_manager->currentContext(nullptr);
+        return isDone.load();
+    });
+    asking.join();
+    QVERIFY(served);
+    QCOMPARE(tornAnswers.load(), 0);
+}
+
+void TestCmdMgr::contextByTagFollowsTheTags()
+{
+    add(cut)->addTag(tag);
+    TestCommand *const other = add(copy);
+    QVERIFY(m_manager->currentContext(tag) == contextOf({{cut, {On, Off}}}));
+    other->addTag(tag);
+    QVERIFY(m_manager->currentContext(tag) == contextOf({{copy, {On, Off}}, {cut, {On, Off}}}));
+    m_manager->findCommand(cut)->removeTag(tag);
+    QVERIFY(m_manager->currentContext(tag) == contextOf({{copy, {On, Off}}}));
+}
+
+void TestCmdMgr::contextReachesWhatEveryChangeLeft_data()
+{
+    addChangeRows();
+}
+
+void TestCmdMgr::contextReachesWhatEveryChangeLeft()
+{
+    QFETCH(const Change, change);
+    addPlainAndGrouped();
+    m_manager->setContext(m_manager->currentContext(nullptr));
+    servePosted();
+    change(*m_manager);
+    CommandContext wanted = statesOf(std::as_const(*m_manager).commandBag());
+    wanted.overwrite({Off, Keep});
+    wanted.overwrite(QStringLiteral("unknown"), {On, On});
+    m_manager->setContext(wanted);
+    servePosted();
+    const CommandContext reached = statesOf(std::as_const(*m_manager).commandBag());
+    for (const CommandState &state : reached.get())
+        QVERIFY(state.enabled == Off);
+}
+
+void TestCmdMgr::contextReachesRepeatedIdsInTheirNewOrder()
+{
+    QStringList order;
+    for (const QString &name : {QStringLiteral("first"), QStringLiteral("second")}) {
+        add(cut)->work = [&order, name](bool) {
+            order << name;
+            return true;
+        };
+    }
+    m_manager->setContext(contextOf({{cut, {On, On}}}));
+    servePosted();
+    std::swap(m_manager->commandBag()[0], m_manager->commandBag()[1]);
+    m_manager->setContext(contextOf({{cut, {On, Off}}}));
+    servePosted();
+    QCOMPARE(order,
+             QStringList({QStringLiteral("first"), QStringLiteral("second"),
+                          QStringLiteral("second"), QStringLiteral("first")}));
+}
+
+void TestCmdMgr::commandMovedFromTheTopIntoAGroupIsFoundThere()
+{
+    // Of the commands of one id in a group only the first is found; a walk meets the same commands in
+    // the same order before and after the move.
+    const auto group = makeGroup({cut});
+    m_manager->addCommand(group.get());
+    TestCommand *const other = add(cut);
+    m_manager->setContext(contextOf({{cut, {Off, Keep}}}));
+    servePosted();
+    QVERIFY(!other->isEnabled());
+    group->commandBag().push_back(m_manager->commandBag().back());
+    m_manager->commandBag().pop_back();
+    m_manager->setContext(contextOf({{cut, {On, Keep}}}));
+    servePosted();
+    QVERIFY(group->getCommand(cut)->isEnabled());
+    QVERIFY(!other->isEnabled());
+}
+
+void TestCmdMgr::groupWithABagOfAnothersIsAskedItself()
+{
+    const auto lender = makeGroup({cut});
+    const auto group =
+        std::make_shared<BorrowingGroup>(QString(), QString(), QStringLiteral("Borrowing"));
+    group->addCommand(new TestCommand(copy));
+    m_manager->addCommand(group.get());
+    for (const bool borrows : {false, true, false}) {
+        group->lender = borrows ? lender.get() : nullptr;
+        QVERIFY(m_manager->currentContext(nullptr).get().contains(borrows ? cut : copy));
+        group->getCommand(copy)->setEnabled(true);
+        m_manager->setContext(contextOf({{copy, {Off, Keep}}, {cut, {Off, Keep}}}));
+        servePosted();
+        QVERIFY(!group->getCommand(copy)->isEnabled());
+        QVERIFY(lender->getCommand(cut)->isEnabled());
+    }
+}
+
+void TestCmdMgr::unownedCommandIsReplacedAtItsAddress()
+{
+    // The first finds a command that it holds, the second does not know that one.
+    std::aligned_storage_t<sizeof(HoldingCommand), alignof(HoldingCommand)> place;
+    auto *const holding = new (&place) HoldingCommand(cut, copy);
+    m_manager->commandBag().emplace_back(
+        cut, std::shared_ptr<CommandBase>(std::shared_ptr<void>(), holding));
+    m_manager->setContext(contextOf({{copy, {Off, Keep}}}));
+    servePosted();
+    QVERIFY(!holding->held.isEnabled());
+    holding->~HoldingCommand();
+    auto *const plain = new (&place) TestCommand(cut);
+    m_manager->setContext(contextOf({{cut, {Off, Keep}}, {copy, {On, Keep}}}));
+    servePosted();
+    QVERIFY(!plain->isEnabled());
+    m_manager->commandBag().clear();
+    plain->~TestCommand();
+}
+
+void TestCmdMgr::commandThatDiesInPlaceWhileAGroupIsAppliedIsLeftOut()
+{
+    const auto group = makeGroup({cut});
+    m_manager->addCommand(group.get());
+    bool isDead = false;
+    add(QStringLiteral("late"))->ended = [&isDead] { isDead = true; };
+    connect(group->getCommand(cut), &QAction::changed, this, [this] {
+        if (m_manager->commandBag().size() == 2)
+            m_manager->commandBag().pop_back();
+    });
+    m_manager->setContext(contextOf({{groupId, {Off, Keep}}, {QStringLiteral("late"), {Off, On}}}));
+    servePosted();
+    QVERIFY(isDead);
+    QVERIFY(m_manager->runs.isEmpty());
+}
+
+void TestCmdMgr::contextAppliedWhileAGroupIsAppliedLeavesTheOuterOneGoing()
+{
+    const auto group = makeGroup({cut});
+    m_manager->addCommand(group.get());
+    TestCommand *const plain = add(QStringLiteral("late"));
+    bool isNested = false;
+    connect(group->getCommand(cut), &QAction::changed, this, [this, &isNested] {
+        if (isNested)
+            return;
+        isNested = true;
+        add(QStringLiteral("later"));
+        m_manager->setContext(contextOf({{QStringLiteral("later"), {Keep, On}}}));
+        servePosted();
+    });
+    m_manager->setContext(contextOf({{groupId, {Off, Keep}},
+                                     {QStringLiteral("late"), {Off, Keep}},
+                                     {QStringLiteral("later"), {Off, Keep}}}));
+    servePosted();
+    QVERIFY(!plain->isEnabled());
+    QVERIFY(m_manager->findCommand(QStringLiteral("later"))->commandState()
+            == CommandState(Off, On));
+}
+
+void TestCmdMgr::commandsAreNotKeptAliveByWhatWasFound()
+{
+    QStringList dead;
+    for (const QString &id : {cut, copy, paste}) {
+        add(id)->ended = [&dead, id] { dead << id; };
+    }
+    m_manager->setContext(m_manager->currentContext(nullptr));
+    servePosted();
+    m_manager->removeCommand(copy);
+    QCOMPARE(dead, QStringList(copy));
+    m_manager->setContext(m_manager->currentContext(nullptr));
+    servePosted();
+    m_manager->commandBag().pop_back();
+    QCOMPARE(dead, QStringList({copy, paste}));
+    m_manager->setContext(m_manager->currentContext(nullptr));
+    servePosted();
+    m_manager->commandBag().clear();
+    QCOMPARE(dead, QStringList({copy, paste, cut}));
 }
 
 void TestCmdMgr::groupIsHeardWithItsChildren()
