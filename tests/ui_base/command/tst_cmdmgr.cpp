@@ -103,6 +103,30 @@ public:
     CommandGroup *lender = nullptr;
 };
 
+/// Counts what it gives back, which for a shared object is when its last weak pointer has gone too.
+template<typename T>
+struct CountingAllocator
+{
+    using value_type = T;
+
+    explicit CountingAllocator(int &count)
+        : released(count)
+    { }
+    template<typename Other>
+    CountingAllocator(const CountingAllocator<Other> &other)
+        : released(other.released)
+    { }
+
+    T *allocate(std::size_t count) { return std::allocator<T>().allocate(count); }
+    void deallocate(T *memory, std::size_t count)
+    {
+        std::allocator<T>().deallocate(memory, count);
+        ++released;
+    }
+
+    int &released;
+};
+
 /// What a snapshot of the commands has to tell, found out in the plainest way.
 CommandContext statesOf(const CommandBag &bag)
 {
@@ -195,10 +219,15 @@ private Q_SLOTS:
     void contextReachesRepeatedIdsInTheirNewOrder();
     void commandMovedFromTheTopIntoAGroupIsFoundThere();
     void groupWithABagOfAnothersIsAskedItself();
-    void unownedCommandIsReplacedAtItsAddress();
+    void groupThatBorrowsItsOwnCommandIsAskedItself();
+    void otherCommandAtTheSameAddressIsAsked_data();
+    void otherCommandAtTheSameAddressIsAsked();
+    void otherCommandOfTheSameOwnerIsReached();
+    void commandsThatFindOthersAreAskedInOrder();
     void commandThatDiesInPlaceWhileAGroupIsAppliedIsLeftOut();
     void contextAppliedWhileAGroupIsAppliedLeavesTheOuterOneGoing();
     void commandsAreNotKeptAliveByWhatWasFound();
+    void memoryOfARemovedCommandIsGivenBack();
 
     void groupIsHeardWithItsChildren();
     void groupTakesOverTopLevelCommands();
@@ -797,6 +826,9 @@ void TestCmdMgr::addChangeRows()
     row("last entry erased in place", [](Manager &manager) { manager.commandBag().pop_back(); });
     row("child erased in place",
         [group](Manager &manager) { group(manager)->commandBag().pop_back(); });
+    row("child replaced in place", [group](Manager &manager) {
+        group(manager)->commandBag().back() = {paste, std::make_shared<TestCommand>(paste)};
+    });
     row("entry appended in place", [](Manager &manager) {
         manager.commandBag().emplace_back(paste, std::make_shared<TestCommand>(paste));
     });
@@ -845,12 +877,16 @@ void TestCmdMgr::snapshotOfRepeatedIdsTellsEveryChange()
     TestCommand *const command = add(cut);
     const CommandBag &bag = std::as_const(*m_manager).commandBag();
     const CommandState states[] = {{On, Off}, {Off, On}, {Off, Off}, {On, On}};
-    for (const CommandState &first : states) {
-        for (const CommandState &second : states) {
-            group->getCommand(cut)->setCommandState(first);
-            command->setCommandState(second);
-            QVERIFY(m_manager->currentContext(nullptr) == statesOf(bag));
-        }
+    for (int i = 0; i < 16; ++i) {
+        group->getCommand(cut)->setCommandState(states[i % 4]);
+        command->setCommandState(states[i / 4]);
+        QVERIFY(m_manager->currentContext(nullptr) == statesOf(bag));
+        // What follows an entry overwrites it, and what stands in a group is merged into it.
+        std::swap(m_manager->commandBag()[0], m_manager->commandBag()[1]);
+        QVERIFY(m_manager->currentContext(nullptr) == statesOf(bag));
+        group->getCommand(cut)->setCommandState(states[(i + 1) % 4]);
+        QVERIFY(m_manager->currentContext(nullptr) == statesOf(bag));
+        std::swap(m_manager->commandBag()[0], m_manager->commandBag()[1]);
     }
 }
 
@@ -908,9 +944,12 @@ void TestCmdMgr::contextReachesWhatEveryChangeLeft()
     wanted.overwrite(QStringLiteral("unknown"), {On, On});
     m_manager->setContext(wanted);
     servePosted();
-    const CommandContext reached = statesOf(std::as_const(*m_manager).commandBag());
-    for (const CommandState &state : reached.get())
-        QVERIFY(state.enabled == Off);
+    // A group also follows its children, those that were put in place excepted.
+    CommandContext reached = statesOf(std::as_const(*m_manager).commandBag());
+    for (const QString &id : reached.get().keys()) {
+        if (!id.startsWith(CommandGroup::className()))
+            QVERIFY(reached[id].enabled == Off);
+    }
 }
 
 void TestCmdMgr::contextReachesRepeatedIdsInTheirNewOrder()
@@ -968,23 +1007,86 @@ void TestCmdMgr::groupWithABagOfAnothersIsAskedItself()
     }
 }
 
-void TestCmdMgr::unownedCommandIsReplacedAtItsAddress()
+void TestCmdMgr::groupThatBorrowsItsOwnCommandIsAskedItself()
 {
-    // The first finds a command that it holds, the second does not know that one.
-    std::aligned_storage_t<sizeof(HoldingCommand), alignof(HoldingCommand)> place;
-    auto *const holding = new (&place) HoldingCommand(cut, copy);
-    m_manager->commandBag().emplace_back(
-        cut, std::shared_ptr<CommandBase>(std::shared_ptr<void>(), holding));
+    const auto group =
+        std::make_shared<BorrowingGroup>(QString(), QString(), QStringLiteral("Borrowing"));
+    const auto child = std::make_shared<TestCommand>(copy);
+    const auto lender = makeGroup({});
+    group->addCommand(child);
+    lender->addCommand(child);
+    m_manager->addCommand(group.get());
     m_manager->setContext(contextOf({{copy, {Off, Keep}}}));
     servePosted();
-    QVERIFY(!holding->held.isEnabled());
-    holding->~HoldingCommand();
-    auto *const plain = new (&place) TestCommand(cut);
-    m_manager->setContext(contextOf({{cut, {Off, Keep}}, {copy, {On, Keep}}}));
+    QVERIFY(!child->isEnabled());
+    group->lender = lender.get();
+    group->CommandGroup::commandBag().clear();
+    m_manager->setContext(contextOf({{copy, {On, Keep}}}));
     servePosted();
-    QVERIFY(!plain->isEnabled());
+    QVERIFY(!child->isEnabled());
+}
+
+void TestCmdMgr::otherCommandAtTheSameAddressIsAsked_data()
+{
+    QTest::addColumn<bool>("isOwned");
+    QTest::newRow("owned") << true;
+    QTest::newRow("unowned") << false;
+}
+
+void TestCmdMgr::otherCommandAtTheSameAddressIsAsked()
+{
+    QFETCH(const bool, isOwned);
+    // Only the second one finds another command than itself.
+    std::aligned_storage_t<sizeof(HoldingCommand), alignof(HoldingCommand)> place;
+    const auto enter = [&](CommandBase *command) {
+        const auto end = [](CommandBase *ended) { ended->~CommandBase(); };
+        m_manager->commandBag().clear();
+        m_manager->commandBag().emplace_back(
+            cut,
+            isOwned ? std::shared_ptr<CommandBase>(command, end)
+                    : std::shared_ptr<CommandBase>(std::shared_ptr<void>(), command));
+        m_manager->setContext(contextOf({{cut, {Off, Keep}}, {copy, {Off, Keep}}}));
+        servePosted();
+        QVERIFY(!command->isEnabled());
+    };
+    auto *const plain = new (&place) TestCommand(cut);
+    enter(plain);
     m_manager->commandBag().clear();
-    plain->~TestCommand();
+    if (!isOwned)
+        plain->~TestCommand();
+    auto *const holding = new (&place) HoldingCommand(cut, copy);
+    enter(holding);
+    QVERIFY(!holding->held.isEnabled());
+    m_manager->commandBag().clear();
+    if (!isOwned)
+        holding->~HoldingCommand();
+}
+
+void TestCmdMgr::otherCommandOfTheSameOwnerIsReached()
+{
+    const auto holding = std::make_shared<HoldingCommand>(cut, cut);
+    m_manager->commandBag().emplace_back(cut, holding);
+    QVERIFY(m_manager->currentContext(nullptr) == contextOf({{cut, {On, Off}}}));
+    holding->held.setEnabled(false);
+    m_manager->commandBag()[0].second = std::shared_ptr<CommandBase>(holding, &holding->held);
+    QVERIFY(m_manager->currentContext(nullptr) == contextOf({{cut, {Off, Off}}}));
+}
+
+void TestCmdMgr::commandsThatFindOthersAreAskedInOrder()
+{
+    QStringList order;
+    for (const QString &id : {paste, copy, QStringLiteral("last")}) {
+        auto *const holding = new HoldingCommand(id, cut);
+        holding->held.setCheckable(true);
+        holding->held.work = [&order, id](bool) {
+            order << id;
+            return true;
+        };
+        m_manager->addCommand(holding);
+    }
+    m_manager->setContext(contextOf({{cut, {On, On}}}));
+    servePosted();
+    QCOMPARE(order, QStringList({paste, copy, QStringLiteral("last")}));
 }
 
 void TestCmdMgr::commandThatDiesInPlaceWhileAGroupIsAppliedIsLeftOut()
@@ -1044,6 +1146,18 @@ void TestCmdMgr::commandsAreNotKeptAliveByWhatWasFound()
     servePosted();
     m_manager->commandBag().clear();
     QCOMPARE(dead, QStringList({copy, paste, cut}));
+}
+
+void TestCmdMgr::memoryOfARemovedCommandIsGivenBack()
+{
+    int released = 0;
+    auto command = std::allocate_shared<TestCommand>(CountingAllocator<TestCommand>(released), cut);
+    m_manager->addCommand(command.get());
+    m_manager->setContext(m_manager->currentContext(nullptr));
+    servePosted();
+    m_manager->removeCommand(cut);
+    command.reset();
+    QCOMPARE(released, 1);
 }
 
 void TestCmdMgr::groupIsHeardWithItsChildren()
