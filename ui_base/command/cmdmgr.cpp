@@ -116,6 +116,7 @@ public:
     void removeFromGroups(const QString &id);
     void stopListening(CommandBase *command);
     void listen(CommandBase *command);
+    /// @param context must not change or end during the walk
     void applyContext(const CommandContext &context);
     CommandContext presentContext();
     const std::shared_ptr<const CommandRoll> &presentRoll();
@@ -227,7 +228,7 @@ void CmdMgr::CmdMgrImpl::applyContext(const CommandContext &context)
     std::vector<CommandIndex::Found> found;
     std::shared_ptr<CommandIndex> commands = presentIndex();
     unsigned generation = CommandIndex::generation();
-    const QMap<QString, CommandState> entries = context.get();
+    const QMap<QString, CommandState> &entries = context.get();
     pending.reserve(static_cast<std::size_t>(entries.size()));
     for (auto entry = entries.cbegin(); entry != entries.cend(); ++entry) {
         if (generation != CommandIndex::generation()) {
@@ -452,12 +453,13 @@ CommandContext CmdMgr::inactiveContext(const QString &tag) const
 
 void CmdMgr::setContext(CommandContext context)
 {
-    d->post([context](CmdMgrImpl &impl) { impl.applyContext(context); });
+    d->post([context = std::move(context)](CmdMgrImpl &impl) { impl.applyContext(context); });
 }
 
 void CmdMgr::applyContext(const CommandContext &context)
 {
-    d->applyContext(context);
+    // Of a copy, since what the walk sets off may change the argument.
+    d->applyContext(CommandContext(context));
 }
 
 void CmdMgr::pushContext(CommandContext context)

@@ -37,6 +37,7 @@ namespace {
 template<typename Visit>
 void forEachChild(const std::shared_ptr<CommandGroupImpl> &shared, const Visit &visit)
 {
+    // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): a visit may end the group.
     const std::shared_ptr<CommandGroupImpl> impl = shared;
     for (std::size_t i = 0; i < impl->commandBag.size(); ++i) {
         if (const std::shared_ptr<CommandBase> child = impl->commandBag[i].second)
@@ -155,9 +156,8 @@ bool CommandGroup::removeCommand(const QString &id)
     int index = 0;
     if (!d->commandBag.hasCommand(id, index))
         return removeFromSubGroup(id);
-    // The id may be the one in the bag.
-    const QString leavingId = id;
-    const std::shared_ptr<CommandBase> child = d->commandBag[std::size_t(index)].second;
+    // A copy of both: the argument may be the id in the bag.
+    const auto [leavingId, child] = CommandBag::value_type(d->commandBag[std::size_t(index)]);
     child->setCommandGroup(nullptr);
     disconnect(child.get(), &CommandBase::toBeTriggered, this, &CommandGroup::onChildToBeTriggered);
     disconnect(child.get(), &CommandBase::toBeToggled, this, &CommandGroup::onChildToBeTriggered);

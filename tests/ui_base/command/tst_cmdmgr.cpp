@@ -144,6 +144,7 @@ CommandContext statesOf(const CommandBag &bag)
 class RunRecordingManager : public CmdMgr
 {
 public:
+    using CmdMgr::applyContext;
     using CmdMgr::commandBag;
 
     void commandBeganExecuting(CommandBase *command, bool) override
@@ -226,6 +227,7 @@ private Q_SLOTS:
     void commandsThatFindOthersAreAskedInOrder();
     void commandThatDiesInPlaceWhileAGroupIsAppliedIsLeftOut();
     void contextAppliedWhileAGroupIsAppliedLeavesTheOuterOneGoing();
+    void contextMayChangeWhileItIsApplied();
     void commandsAreNotKeptAliveByWhatWasFound();
     void memoryOfARemovedCommandIsGivenBack();
 
@@ -1126,6 +1128,21 @@ void TestCmdMgr::contextAppliedWhileAGroupIsAppliedLeavesTheOuterOneGoing()
     QVERIFY(!plain->isEnabled());
     QVERIFY(m_manager->findCommand(QStringLiteral("later"))->commandState()
             == CommandState(Off, On));
+}
+
+void TestCmdMgr::contextMayChangeWhileItIsApplied()
+{
+    const auto group = makeGroup({cut});
+    m_manager->addCommand(group.get());
+    TestCommand *const plain = add(QStringLiteral("late"));
+    CommandContext context =
+        contextOf({{groupId, {Off, Keep}}, {QStringLiteral("late"), {Off, Keep}}});
+    connect(group->getCommand(cut), &QAction::changed, this, [&context] {
+        context = contextOf({{paste, {On, On}}});
+    });
+    m_manager->applyContext(context);
+    QVERIFY(!group->getCommand(cut)->isEnabled());
+    QVERIFY(!plain->isEnabled());
 }
 
 void TestCmdMgr::commandsAreNotKeptAliveByWhatWasFound()
