@@ -12,6 +12,7 @@
 
 #include <tessel/dispatch.h>
 
+#include <algorithm>
 #include <atomic>
 #include <stdexcept>
 #include <vector>
@@ -111,6 +112,7 @@ public:
     template<typename Write>
     CommandContext queryBag(const CommandBag *bag, const Write &write) const;
 
+    bool holds(const CommandBase *command) const;
     CommandBase *take(CommandBase *command);
     CommandBase *takeGroup(CommandGroup *group);
     void removeFromGroups(const QString &id);
@@ -164,6 +166,13 @@ CommandContext CmdMgr::CmdMgrImpl::queryBag(const CommandBag *bag, const Write &
     // Keeps the commands alive while another thread waits for its turn.
     const CommandBag copy(*bag);
     return query([&] { return contextOf(copy, write); });
+}
+
+/// Whether the command is at the top level. Looks from the back, where the latest one is.
+bool CmdMgr::CmdMgrImpl::holds(const CommandBase *command) const
+{
+    return std::any_of(rootBag.rbegin(), rootBag.rend(),
+                       [command](const auto &entry) { return entry.second.get() == command; });
 }
 
 /// Puts the command where it belongs. @return what holds it now, or null when it was refused
@@ -293,11 +302,15 @@ CommandBase *CmdMgr::addCommand(CommandBase *command)
         return nullptr;
     if (command->commandId().isEmpty())
         throw std::runtime_error("A command id must be defined (with the COMMAND_ID macro)!");
+    // Observers may let go of this manager, and take the command out again.
+    const std::shared_ptr<CmdMgr> self = d->self();
     CommandBase *const result = d->take(command);
+    const auto owner = result ? result->weak_from_this().lock() : nullptr;
     command->setAddedToCmdsVC(true);
     broadcast(&CmdMgrProtocol::commandAdded, this, result);
-    if (result)
-        d->listen(result);
+    if (!result || !d->holds(result))
+        return nullptr;
+    d->listen(result);
     return result;
 }
 
@@ -305,6 +318,7 @@ bool CmdMgr::removeCommand(CommandBase *command)
 {
     if (!command)
         return false;
+    const std::shared_ptr<CmdMgr> self = d->self();
     const auto owner = command->weak_from_this().lock();
     const QString id = command->commandId();
     d->stopListening(command);
@@ -323,9 +337,14 @@ bool CmdMgr::removeCommand(const QString &id)
 
 void CmdMgr::removeAllCommands()
 {
-    const CommandBag commands(d->rootBag);
-    for (const auto &[id, command] : commands)
-        removeCommand(command.get());
+    const std::shared_ptr<CmdMgr> self = d->self();
+    const CommandBag &present = d->rootBag;
+    const CommandBag commands(present);
+    for (const auto &entry : commands) {
+        // One that an observer has removed meanwhile is announced already.
+        if (std::find(present.begin(), present.end(), entry) != present.end())
+            removeCommand(entry.second.get());
+    }
 }
 
 CommandBase *CmdMgr::findCommand(const QString &id) const

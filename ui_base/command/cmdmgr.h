@@ -35,7 +35,8 @@ class CommandBase;
 /// The manager lives by shared pointers; what it posts is dropped when it dies first, and one that
 /// no shared pointer owns hears of no run and applies no context. It hears on the executing thread
 /// of the commands that it holds. Main thread only, except for the queries, which other threads may
-/// ask and then wait for the main thread.
+/// ask and then wait for the main thread. Observers may add and remove commands, push and pop
+/// contexts, and let go of the manager from within their calls.
 class LUMO_UI_BASE_EXPORT CmdMgr : public Tessel::Delegator<CmdMgrProtocol>,
                                    public CommandStateProtocol,
                                    public virtual Tessel::SharedObject<CmdMgr>
@@ -47,8 +48,12 @@ public:
 
     /// Takes in @p command, which is adopted when nobody owns it yet, marks it as added and
     /// announces it with commandAdded().
-    /// @return the command; null for null, and for a command that is held already, which is then
-    ///         announced as null
+    ///
+    /// A group whose id is taken is merged into the group that has it, which is announced and
+    /// returned in its place; the one handed in stays with the caller. Commands of the top level
+    /// whose ids a new group knows leave the top level.
+    /// @return the command; null for null, for a command that is held already, which is then
+    ///         announced as null, and for one that an observer has removed again
     /// @throw std::runtime_error when the command's id is empty; the command stays with the caller
     CommandBase *addCommand(CommandBase *command);
     /// Announces with commandRemoved() that @p command leaves, and lets go of it, which can end its
@@ -59,7 +64,7 @@ public:
     /// Removes the command that findCommand() gives for @p id.
     /// @return whether there was one
     bool removeCommand(const QString &id);
-    /// Removes each top-level command. The remembered contexts stay.
+    /// Removes each top-level command that is there at the call. The remembered contexts stay.
     void removeAllCommands();
 
     /// The first command with this id, or null.

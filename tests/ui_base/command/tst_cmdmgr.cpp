@@ -141,6 +141,38 @@ CommandContext statesOf(const CommandBag &bag)
     return context;
 }
 
+/// Answers what a manager announces with functions.
+class ManagerReaction : public Vela::UiBase::CmdMgrProtocol
+{
+public:
+    void commandAdded(CmdMgr *, CommandBase *command) override
+    {
+        if (added)
+            added(command);
+    }
+    void commandRemoved(CmdMgr *, QString id) override
+    {
+        if (removed)
+            removed(id);
+    }
+
+    std::function<void(CommandBase *)> added;
+    std::function<void(const QString &)> removed;
+};
+
+/// Answers the begin of a run with a function.
+class RunReaction : public Vela::UiBase::CommandStateProtocol
+{
+public:
+    explicit RunReaction(std::function<void()> reaction)
+        : m_reaction(std::move(reaction))
+    { }
+    void commandBeganExecuting(CommandBase *, bool) override { m_reaction(); }
+
+private:
+    std::function<void()> m_reaction;
+};
+
 class RunRecordingManager : public CmdMgr
 {
 public:
@@ -159,6 +191,8 @@ using Change = std::function<void(RunRecordingManager &manager)>;
 } // namespace
 
 Q_DECLARE_METATYPE(Change)
+using ManagerCall = std::function<void(Vela::UiBase::CmdMgr &)>;
+Q_DECLARE_METATYPE(ManagerCall)
 
 class TestCmdMgr : public Lumo::Test::TestCase
 {
@@ -180,6 +214,12 @@ private Q_SLOTS:
     void findsCommandsByTagInOrder();
     void runningCommandIsTheOneBetweenBeginAndEnd();
     void destructionLetsGoOfTheCommands();
+
+    void whatWasAddedMayBeRemovedWhenItIsAnnounced();
+    void othersMayBeRemovedWhenOneLeaves();
+    void managerMayDieInWhatItAnnounces_data();
+    void managerMayDieInWhatItAnnounces();
+    void controllerMayDieInWhatItAnnounces();
 
     void contextsTellTheStateOfAllCommands();
     void contextsByTagTellTheStateOfTheTagged();
@@ -425,6 +465,93 @@ void TestCmdMgr::destructionLetsGoOfTheCommands()
     add(cut)->ended = [&isDead] { isDead = true; };
     m_manager.reset();
     QVERIFY(isDead);
+}
+
+void TestCmdMgr::whatWasAddedMayBeRemovedWhenItIsAnnounced()
+{
+    const auto reaction = std::make_shared<ManagerReaction>();
+    reaction->added = [this](CommandBase *command) { m_manager->removeCommand(command); };
+    m_manager->addObserver(reaction, false);
+    bool isDead = false;
+    auto *const command = new TestCommand(cut);
+    command->ended = [&isDead] { isDead = true; };
+    QCOMPARE(m_manager->addCommand(command), nullptr);
+    QVERIFY(isDead);
+
+    const auto owned = std::make_shared<TestCommand>(copy);
+    QCOMPARE(m_manager->addCommand(owned.get()), nullptr);
+    owned->onExecute();
+    QVERIFY(m_manager->runs.isEmpty());
+    QVERIFY(!owned->addedToCmdsVC());
+}
+
+void TestCmdMgr::othersMayBeRemovedWhenOneLeaves()
+{
+    for (const QString &id : {cut, copy, paste})
+        add(id);
+    m_log.take();
+    const auto reaction = std::make_shared<ManagerReaction>();
+    reaction->removed = [this](const QString &id) {
+        if (id == cut)
+            m_manager->removeCommand(copy);
+    };
+    m_manager->addObserver(reaction, false);
+    m_manager->removeAllCommands();
+    QCOMPARE(m_log.take(),
+             QStringList({QStringLiteral("removed(cut)"), QStringLiteral("removed(copy)"),
+                          QStringLiteral("removed(paste)")}));
+    QVERIFY(std::as_const(*m_manager).commandBag().empty());
+}
+
+void TestCmdMgr::managerMayDieInWhatItAnnounces_data()
+{
+    QTest::addColumn<ManagerCall>("act");
+    const auto row = [](const char *name, const ManagerCall &act) { QTest::newRow(name) << act; };
+    row("adding", [](CmdMgr &manager) { manager.addCommand(new TestCommand(paste)); });
+    row("adding a group",
+        [](CmdMgr &manager) { manager.addCommand(new CommandGroup(QString(), QString(), paste)); });
+    row("removing", [](CmdMgr &manager) { manager.removeCommand(copy); });
+    row("removing the last child of a group", [](CmdMgr &manager) { manager.removeCommand(cut); });
+    row("removing all", [](CmdMgr &manager) { manager.removeAllCommands(); });
+}
+
+void TestCmdMgr::managerMayDieInWhatItAnnounces()
+{
+    QFETCH(const ManagerCall, act);
+    int living = 0;
+    const auto group = makeGroup({cut});
+    for (TestCommand *const command :
+         {add(copy), static_cast<TestCommand *>(group->getCommand(cut))}) {
+        ++living;
+        command->ended = [&living] { --living; };
+    }
+    m_manager->addCommand(group.get());
+    const auto reaction = std::make_shared<ManagerReaction>();
+    reaction->added = [this](CommandBase *) { m_manager.reset(); };
+    reaction->removed = [this](const QString &) { m_manager.reset(); };
+    m_manager->addObserver(reaction, false);
+    const std::weak_ptr<CmdMgr> guard = m_manager;
+    act(*m_manager);
+    QVERIFY(guard.expired());
+    QCOMPARE(living, group->commandBag().empty() ? 0 : 1);
+}
+
+void TestCmdMgr::controllerMayDieInWhatItAnnounces()
+{
+    for (const bool isAdding : {true, false}) {
+        Lumo::Test::ControllerFixture fixture;
+        fixture.add(cut);
+        const QPointer<Vela::UiBase::CmdsViewController> controller = fixture.controller();
+        const auto reaction = std::make_shared<ManagerReaction>();
+        controller->addObserver(reaction, false);
+        reaction->added = [&fixture](CommandBase *) { fixture.end(); };
+        reaction->removed = [&fixture](const QString &) { fixture.end(); };
+        if (isAdding)
+            fixture.add(copy);
+        else
+            controller->removeAllCommands();
+        QVERIFY(!controller);
+    }
 }
 
 void TestCmdMgr::contextsTellTheStateOfAllCommands()
