@@ -5,6 +5,7 @@
 
 #include "ui_base/command/cmdmgr.h"
 #include "ui_base/command/commandcontext.h"
+#include "ui_base/command/commandgroup.h"
 #include "ui_base/command/commandlinks_p.h"
 #include "ui_base/command/waypointtexts_p.h"
 #include "ui_base/qtui/qtuitoolkit.h"
@@ -78,7 +79,7 @@ public:
     QString baseGroupName;
     bool attached = false;
     QStringList attachedCommandGroupNames;
-    CommandGroup *commandGroup = nullptr;
+    QPointer<CommandGroup> commandGroup;
     Tessel::EQualityOfService executionQoS = Tessel::EQualityOfService::Main;
     ToolButton *toolButton = nullptr;
     QPointer<QObject> toolButtonGuard;

@@ -165,7 +165,7 @@ public:
     /// This command or one that it holds, by id; null when there is none.
     virtual CommandBase *getCommand(const QString &id);
 
-    /// The group that holds the command; null when there is none. Not owned.
+    /// The group that holds the command; null when there is none or it has died. Not owned.
     virtual CommandGroup *commandGroup() const;
     /// Called by groups that take the command in or let it go.
     virtual void setCommandGroup(CommandGroup *group);

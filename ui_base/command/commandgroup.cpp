@@ -11,6 +11,8 @@
 #include <QMap>
 #include <QPointer>
 
+#include <algorithm>
+
 namespace Vela::UiBase {
 
 class CommandGroupImpl
@@ -43,6 +45,19 @@ void forEachChild(const std::shared_ptr<CommandGroupImpl> &shared, const Visit &
         if (const std::shared_ptr<CommandBase> child = impl->commandBag[i].second)
             visit(*child);
     }
+}
+
+/// Whether @p command is @p group or, at any depth, holds it.
+bool isOrHolds(const CommandBase *command, const CommandGroup *group)
+{
+    if (command == group)
+        return true;
+    const auto *const holder = qobject_cast<const CommandGroup *>(command);
+    if (!holder)
+        return false;
+    const CommandBag &children = holder->commandBag();
+    return std::any_of(children.begin(), children.end(),
+                       [group](const auto &entry) { return isOrHolds(entry.second.get(), group); });
 }
 
 } // namespace
@@ -125,7 +140,8 @@ CommandBag &CommandGroup::commandBag()
 
 CommandBase *CommandGroup::addCommand(const std::shared_ptr<CommandBase> &command, int rank)
 {
-    if (!command)
+    // Groups that held each other would never be searched through, and never die.
+    if (!command || isOrHolds(command.get(), this))
         return nullptr;
     const QString id = command->commandId();
     CommandBase *const child = command.get();
@@ -148,11 +164,16 @@ CommandBase *CommandGroup::addCommand(const std::shared_ptr<CommandBase> &comman
 
 CommandBase *CommandGroup::addCommand(CommandBase *command, int rank)
 {
-    return command ? addCommand(command->shared_from_this(), rank) : nullptr;
+    // Adopting this group here would end it.
+    if (!command || command == this)
+        return nullptr;
+    return addCommand(command->shared_from_this(), rank);
 }
 
 bool CommandGroup::removeCommand(const QString &id)
 {
+    // What the end of the command sets off can let go of this group.
+    const auto owner = weak_from_this().lock();
     int index = 0;
     if (!d->commandBag.hasCommand(id, index))
         return removeFromSubGroup(id);
@@ -239,7 +260,7 @@ void CommandGroup::absorbCommandGroup(CommandGroup *other)
 void CommandGroup::mergeIntoEntry(const QString &id, CommandGroup *child)
 {
     auto *const entry = qobject_cast<CommandGroup *>(d->commandBag.getCommand(id));
-    if (!entry || !child || entry == child)
+    if (!entry || !child || isOrHolds(child, entry))
         return;
     entry->absorbCommandGroup(child);
     entry->d = child->d;

@@ -64,7 +64,8 @@ public:
     /// Adds a child.
     /// @param command the child, which the group owns from now on with its other owners
     /// @param rank its place on a tool bar, ascending
-    /// @return the child; null for null and when a child has this id, which changes nothing
+    /// @return the child; null for null, when a child has this id, and for this group or one that
+    ///         holds it, which changes nothing
     virtual CommandBase *addCommand(const std::shared_ptr<CommandBase> &command, int rank = 0);
     /// The same for a plain pointer. A command that nobody owns yet is adopted: it is deleted with its
     /// last owner, which is at once if the group refuses it. One that is owned is shared.

@@ -10,6 +10,7 @@
 #include "ui_base/command/testcommand.h"
 #include "ui_base/qtui/defaulticonprovider.h"
 #include "ui_base/qtui/qtuitoolkit.h"
+#include "ui_base/tool/virtualslot.h"
 
 #include <QActionGroup>
 #include <QSignalSpy>
@@ -40,7 +41,9 @@ class OpenGroup : public CommandGroup
 {
 public:
     using CommandGroup::CommandGroup;
+    using CommandGroup::onChildChanged;
     using CommandGroup::onChildToBeTriggered;
+    using CommandGroup::onChildTriggered;
 };
 
 template<typename Group = CommandGroup>
@@ -115,6 +118,9 @@ private Q_SLOTS:
     void removalReachesSubGroups();
     void removalOfAnUnknownIdDoesNothing();
     void groupThatEndsFreesItsChildren();
+    void commandNeverKnowsAGroupThatEnded();
+    void groupNeverHoldsItself();
+    void groupMayEndWithTheCommandThatIsRemoved();
 
     void groupIsFoundByItselfAndThroughItsChildren();
     void subGroupIsFoundByName();
@@ -141,11 +147,15 @@ private Q_SLOTS:
     void attachedNamesGoToTheChildrenOnly();
     void observersAreAlwaysDirectAndReachTheChildren();
     void qobjectObserversReachTheChildren();
+    void removingAllObserversLeavesThoseOfTheChildren();
 
     void absorbingTakesTheChildrenIn();
     void absorbingMergesEntriesOfTheSameGroup();
     void absorbingItselfOrNullDoesNothing();
+    void absorbingAGroupThatHoldsThisOneTakesTheOthersIn();
     void wrappedCommandGetsAGroupOfItsOwn();
+
+    void orderOfTheOperationsStays();
 };
 
 void TestCommandGroup::newGroupHasItsDefaults()
@@ -307,6 +317,48 @@ void TestCommandGroup::groupThatEndsFreesItsChildren()
     QCOMPARE(command->commandGroup(), nullptr);
     QCOMPARE(command->actionGroup(), nullptr);
     command->trigger();
+}
+
+void TestCommandGroup::commandNeverKnowsAGroupThatEnded()
+{
+    auto group = makeGroup();
+    const auto command = std::make_shared<TestCommand>(cut);
+    group->addCommand(command);
+    group->commandBag().clear();
+    QCOMPARE(command->commandGroup(), group.get());
+    group.reset();
+    QCOMPARE(command->commandGroup(), nullptr);
+}
+
+void TestCommandGroup::groupNeverHoldsItself()
+{
+    const auto group = makeGroup();
+    CommandGroup *const sub = addSubGroup(*group, QStringLiteral("Sub"));
+    CommandGroup *const deep = addSubGroup(*sub, QStringLiteral("Deep"));
+    for (CommandGroup *const holder : {group.get(), sub, deep})
+        QCOMPARE(holder->addCommand(group), nullptr);
+    QCOMPARE(deep->addCommand(sub), nullptr);
+    QVERIFY(deep->commandBag().empty());
+    QCOMPARE(sub->commandGroup(), group.get());
+    QCOMPARE(group->commandGroup(), nullptr);
+    QVERIFY(!group->hasCommand(cut));
+
+    CommandGroup unowned;
+    QCOMPARE(unowned.addCommand(&unowned), nullptr);
+    QVERIFY(unowned.commandBag().empty());
+}
+
+void TestCommandGroup::groupMayEndWithTheCommandThatIsRemoved()
+{
+    for (const bool isInSubGroup : {false, true}) {
+        auto group = makeGroup();
+        CommandGroup *const bare = group.get();
+        CommandGroup *const holder =
+            isInSubGroup ? addSubGroup(*group, QStringLiteral("Sub")) : bare;
+        addTo(*holder, cut)->ended = [&group] { group.reset(); };
+        QVERIFY(bare->removeCommand(cut));
+        QCOMPARE(group, nullptr);
+    }
 }
 
 void TestCommandGroup::groupIsFoundByItselfAndThroughItsChildren()
@@ -621,6 +673,20 @@ void TestCommandGroup::qobjectObserversReachTheChildren()
     QCOMPARE(observer->heard.size(), 1);
 }
 
+void TestCommandGroup::removingAllObserversLeavesThoseOfTheChildren()
+{
+    EventLog log;
+    const auto group = makeGroup();
+    TestCommand *const command = addTo(*group, cut);
+    const auto recorder = std::make_shared<CommandRecorder>(log);
+    group->addObserver(recorder, false);
+    group->removeAllObservers();
+    group->broadcast(&Vela::UiBase::CommandStateProtocol::commandBegan, group.get());
+    QVERIFY(log.events().isEmpty());
+    command->onExecute();
+    QCOMPARE(log.take().value(0), QStringLiteral("began(cut,false)"));
+}
+
 void TestCommandGroup::absorbingTakesTheChildrenIn()
 {
     const auto group = makeGroup();
@@ -678,6 +744,28 @@ void TestCommandGroup::absorbingItselfOrNullDoesNothing()
     QCOMPARE(group->getCommand(cut)->commandGroup(), group.get());
 }
 
+void TestCommandGroup::absorbingAGroupThatHoldsThisOneTakesTheOthersIn()
+{
+    const auto group = makeGroup();
+    const auto other = makeGroup(QStringLiteral("Other"));
+    other->addCommand(group);
+    addTo(*other, cut);
+    group->absorbCommandGroup(other.get());
+    QCOMPARE(idsOf(*group), QStringList(cut));
+    QVERIFY(!group->hasCommand(copy));
+    QCOMPARE(group->commandGroup(), other.get());
+
+    // The same where entries are merged: the one would share all with a group that holds it.
+    const auto same = makeGroup(QStringLiteral("Same"));
+    CommandGroup *const holding = addSubGroup(*same, QStringLiteral("Sub"));
+    holding->addCommand(group);
+    group->addCommand(makeGroup(QStringLiteral("Same")));
+    CommandGroup *const entry = addSubGroup(*group, QStringLiteral("Sub"));
+    group->absorbCommandGroup(same.get());
+    QVERIFY(entry->commandBag().empty());
+    QVERIFY(!group->hasCommand(copy));
+}
+
 void TestCommandGroup::wrappedCommandGetsAGroupOfItsOwn()
 {
     auto *const command = new TestCommand(cut);
@@ -692,6 +780,27 @@ void TestCommandGroup::wrappedCommandGetsAGroupOfItsOwn()
     QCOMPARE(group->weak_from_this().use_count(), 0L);
     QCOMPARE(CommandGroup::WrapSingleCmdIntoVirtualCmdGroup(nullptr, 0, QString(), QString()),
              nullptr);
+}
+
+void TestCommandGroup::orderOfTheOperationsStays()
+{
+    using namespace Lumo::Test;
+    using G = OpenGroup;
+    using Bag = Vela::UiBase::CommandBag;
+    using Shared = std::shared_ptr<CommandBase>;
+    using Change = void (G::*)(bool);
+    QVERIFY(areInFollowingSlots(
+        static_cast<const Bag &(G::*)() const>(&G::commandBag),
+        static_cast<Bag &(G::*)()>(&G::commandBag),
+        static_cast<CommandBase *(G::*)(const Shared &, int)>(&G::addCommand),
+        static_cast<CommandBase *(G::*)(CommandBase *, int)>(&G::addCommand), &G::removeCommand,
+        &G::getCommandGroup, &G::absorbCommandGroup, static_cast<Change>(&G::setEnabled),
+        static_cast<Change>(&G::setChecked), &G::getCommandRank, &G::setCommandRank,
+        &G::isVirtualGroup, &G::setVirtualGroup, &G::commandContext));
+    // The broadcaster's operations stand between the two.
+    QVERIFY(virtualSlot(&G::uncheckChildren) > virtualSlot(&G::commandContext));
+    QVERIFY(areInFollowingSlots(&G::uncheckChildren, &G::onChildTriggered, &G::onChildToBeTriggered,
+                                &G::onChildChanged));
 }
 
 LUMO_TEST_MAIN(TestCommandGroup)
