@@ -479,6 +479,8 @@ void CmdMgr::applyContext(const CommandContext &context)
 {
     // Of a copy, since what the walk sets off may change the argument.
     d->applyContext(CommandContext(context));
+    const std::shared_ptr<CmdMgr> self = d->self();
+    d->applyContext(context);
 }
 
 void CmdMgr::pushContext(CommandContext context)

@@ -211,6 +211,9 @@ private Q_SLOTS:
     void removedCommandIsNotHeard();
     void removingAnUnknownCommand();
     void removingAllAnnouncesEach();
+    void strangerOfAKnownIdTakesTheIdAway();
+    void commandsOfOneIdAreBothHeld();
+    void emptyAndUnknownIdsAreIgnored();
     void findsCommandsByTagInOrder();
     void runningCommandIsTheOneBetweenBeginAndEnd();
     void destructionLetsGoOfTheCommands();
@@ -229,6 +232,12 @@ private Q_SLOTS:
     void queriesFromAnotherThreadWaitForTheMainThread();
 
     void setContextAppliesLater();
+    void contextIsNeverAppliedInsideTheCall_data();
+    void contextIsNeverAppliedInsideTheCall();
+    void observersMayPushAndPopDuringARun();
+    void managerMayDieWhileAContextIsApplied();
+    void managerMayDieInAContextThatIsAppliedWithinTheCall();
+    void queriesOfManyThreadsWhileContextsAreApplied();
     void setContextSkipsUnknownIds();
     void setContextAppliesInOrderOfIds();
     void queryWhileAContextIsAppliedIsEmpty();
@@ -239,6 +248,7 @@ private Q_SLOTS:
     void contextsNest();
     void popWithoutAPushDoesNothing();
     void resetForgetsTheStackAndAppliesDefaults();
+    void resetAsksTheCommandsForTheirDefaults();
     void updateInTheStackSurvivesThePop();
     void updateInTheStackStopsAtAMissingId();
     void saveAndRestoreReachTheCommandsLater();
@@ -420,6 +430,57 @@ void TestCmdMgr::removingAllAnnouncesEach()
     QCOMPARE(m_log.take(),
              QStringList({QStringLiteral("removed(cut)"), QStringLiteral("removed(copy)")}));
     QVERIFY(std::as_const(*m_manager).commandBag().empty());
+}
+
+void TestCmdMgr::strangerOfAKnownIdTakesTheIdAway()
+{
+    bool isDead = false;
+    add(cut)->ended = [&isDead] { isDead = true; };
+    add(copy);
+    TestCommand stranger(cut);
+    QVERIFY(m_manager->removeCommand(&stranger));
+    QVERIFY(isDead);
+    QCOMPARE(m_manager->findCommand(cut), nullptr);
+    QVERIFY(m_manager->findCommand(copy));
+
+    const auto group = makeGroup({cut, paste});
+    m_manager->addCommand(group.get());
+    QVERIFY(m_manager->removeCommand(&stranger));
+    QCOMPARE(group->commandBag().size(), std::size_t(1));
+    QCOMPARE(m_manager->findCommand(groupId), group.get());
+}
+
+void TestCmdMgr::commandsOfOneIdAreBothHeld()
+{
+    TestCommand *const first = add(cut);
+    const auto second = std::make_shared<TestCommand>(cut);
+    QCOMPARE(m_manager->addCommand(second.get()), second.get());
+    QCOMPARE(m_manager->findCommand(cut), first);
+    QCOMPARE(std::as_const(*m_manager).commandBag().size(), std::size_t(2));
+    second->onExecute();
+    QCOMPARE(m_manager->runs, QStringList(cut));
+    QVERIFY(m_manager->removeCommand(first));
+    QCOMPARE(m_manager->findCommand(cut), second.get());
+    QVERIFY(m_manager->removeCommand(cut));
+    QVERIFY(std::as_const(*m_manager).commandBag().empty());
+}
+
+void TestCmdMgr::emptyAndUnknownIdsAreIgnored()
+{
+    const TestCommand *const command = add(cut);
+    m_log.take();
+    QCOMPARE(m_manager->findCommand(QString()), nullptr);
+    QVERIFY(!m_manager->removeCommand(QString()));
+    QVERIFY(m_manager->findCommands(QString()).isEmpty());
+    QVERIFY(m_manager->currentContext(QString()) == CommandContext());
+    m_manager->pushContext(CommandContext());
+    m_manager->updateContextInStack(paste, {Off, On});
+    m_manager->updateContextInStack(QString(), {Off, On});
+    m_manager->setContext(contextOf({{QString(), {Off, On}}, {paste, {Off, On}}}));
+    m_manager->popContext();
+    servePosted();
+    QVERIFY(command->commandState() == CommandState(On, Off));
+    QVERIFY(m_log.events().isEmpty());
 }
 
 void TestCmdMgr::findsCommandsByTagInOrder()
@@ -638,6 +699,124 @@ void TestCmdMgr::setContextAppliesLater()
     QVERIFY(command->commandState() == CommandState(Off, On));
 }
 
+void TestCmdMgr::contextIsNeverAppliedInsideTheCall_data()
+{
+    QTest::addColumn<ManagerCall>("act");
+    const auto row = [](const char *name, const ManagerCall &act) { QTest::newRow(name) << act; };
+    const CommandContext context = contextOf({{cut, {On, Off}}});
+    row("set", [context](CmdMgr &manager) { manager.setContext(context); });
+    row("push", [context](CmdMgr &manager) { manager.pushContext(context); });
+    row("pop", [](CmdMgr &manager) { manager.popContext(); });
+    row("reset", [](CmdMgr &manager) { manager.resetContext(); });
+}
+
+void TestCmdMgr::contextIsNeverAppliedInsideTheCall()
+{
+    QFETCH(const ManagerCall, act);
+    TestCommand *const command = add(cut);
+    const CommandState before(Off, On);
+    const CommandState after(On, Off);
+    m_manager->pushContext(CommandContext());
+    command->setCommandState(before);
+    act(*m_manager);
+    QVERIFY(command->commandState() == before);
+    servePosted();
+    QVERIFY(command->commandState() == after);
+
+    // Neither from within work on the main queue.
+    m_manager->pushContext(CommandContext());
+    CommandState seen;
+    Tessel::dispatchAsync(
+        [&] {
+            command->setCommandState(before);
+            act(*m_manager);
+            seen = command->commandState();
+        },
+        Tessel::EQualityOfService::Main);
+    servePosted();
+    QVERIFY(seen == before);
+    servePosted();
+    QVERIFY(command->commandState() == after);
+}
+
+void TestCmdMgr::observersMayPushAndPopDuringARun()
+{
+    TestCommand *const command = add(cut);
+    TestCommand *const other = add(copy);
+    const auto popping = std::make_shared<RunReaction>([this] { m_manager->popContext(); });
+    command->addObserver(popping, false);
+    m_manager->pushContext(contextOf({{copy, {Off, Keep}}}));
+    servePosted();
+    QVERIFY(!other->isEnabled());
+    command->onExecute();
+    servePosted();
+    QVERIFY(other->isEnabled());
+
+    // In the walk of a context too; the pop comes after it.
+    m_manager->pushContext(contextOf({{cut, {Keep, On}}, {copy, {Off, Keep}}}));
+    servePosted();
+    servePosted();
+    QVERIFY(other->isEnabled());
+    QVERIFY(!command->isChecked());
+}
+
+void TestCmdMgr::managerMayDieWhileAContextIsApplied()
+{
+    const auto last = std::make_shared<TestCommand>(paste);
+    m_manager->addCommand(last.get());
+    add(copy)->work = [this](bool) {
+        m_manager.reset();
+        return true;
+    };
+    m_manager->addCommand(makeGroup({cut}).get());
+    const std::weak_ptr<CmdMgr> guard = m_manager;
+    m_manager->setContext(
+        contextOf({{groupId, {On, Keep}}, {copy, {Keep, On}}, {paste, {Off, Keep}}}));
+    m_manager->setContext(contextOf({{paste, {On, Keep}}}));
+    servePosted();
+    QVERIFY(guard.expired());
+    QVERIFY(!last->isEnabled());
+}
+
+void TestCmdMgr::managerMayDieInAContextThatIsAppliedWithinTheCall()
+{
+    add(cut)->work = [this](bool) {
+        m_manager.reset();
+        return true;
+    };
+    const std::weak_ptr<CmdMgr> guard = m_manager;
+    m_manager->applyContext(contextOf({{cut, {Keep, On}}}));
+    QVERIFY(guard.expired());
+}
+
+void TestCmdMgr::queriesOfManyThreadsWhileContextsAreApplied()
+{
+    TestCommand *const command = add(cut);
+    command->addTag(tag);
+    std::atomic<int> running {4};
+    std::atomic<int> wrong {0};
+    std::vector<std::thread> threads;
+    for (int i = running; i > 0; --i) {
+        threads.emplace_back([&] {
+            for (int round = 0; round < 50; ++round) {
+                const CommandContext all = m_manager->currentContext(nullptr);
+                const CommandContext tagged = m_manager->disabledContext(tag);
+                wrong += !all.get().isEmpty() && all.get().keys() != QStringList(cut);
+                wrong += !tagged.get().isEmpty() && tagged.get().keys() != QStringList(cut);
+            }
+            --running;
+        });
+    }
+    const bool ended = runLoopUntil([&] {
+        m_manager->setContext(contextOf({{cut, {Keep, !command->isChecked()}}}));
+        return running == 0;
+    });
+    for (std::thread &thread : threads)
+        thread.join();
+    QVERIFY(ended);
+    QCOMPARE(wrong.load(), 0);
+}
+
 void TestCmdMgr::setContextSkipsUnknownIds()
 {
     TestCommand *const command = add(cut);
@@ -777,6 +956,22 @@ void TestCmdMgr::resetForgetsTheStackAndAppliesDefaults()
     m_manager->popContext();
     servePosted();
     QVERIFY(!command->isEnabled());
+}
+
+void TestCmdMgr::resetAsksTheCommandsForTheirDefaults()
+{
+    class Modest : public TestCommand
+    {
+    public:
+        using TestCommand::TestCommand;
+        CommandState defaultCommandState() const override { return {Off, On}; }
+    };
+    auto *const command = new Modest(cut);
+    command->setCheckable(true);
+    m_manager->addCommand(command);
+    m_manager->resetContext();
+    servePosted();
+    QVERIFY(command->commandState() == CommandState(Off, On));
 }
 
 void TestCmdMgr::updateInTheStackSurvivesThePop()
