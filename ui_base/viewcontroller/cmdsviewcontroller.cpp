@@ -310,11 +310,12 @@ void CmdsViewController::toolDeactivated(InteractiveTool *tool)
 
 void CmdsViewController::toolBeganOperating(InteractiveTool *tool)
 {
-    if (isResetting())
+    if (isResetting() || !tool)
         return;
+    // What the hand-over sets off can end the tool.
+    const QCursor cursor = tool->getOperatingCursor();
     ToolStack::toolBeganOperating(tool);
-    if (tool)
-        d->pushCursor(tool->getOperatingCursor());
+    d->pushCursor(cursor);
 }
 
 void CmdsViewController::toolEndedOperating(InteractiveTool *tool)

@@ -419,6 +419,19 @@ TEST_F(ToolStackTest, aToolOnTwoButtonsComesOffEachOnce)
     EXPECT_EQ(stack->popTool(eToolButtonRight), nullptr);
 }
 
+TEST_F(ToolStackTest, aToolThatIsPushedOverItselfComesOffTwice)
+{
+    const Tool tool = push(eToolButtonLeft, "t");
+    stack->pushTool(eToolButtonLeft, tool);
+    EXPECT_EQ(stack->takeEvents(), QLatin1String("activated(t) suspended(t)"));
+    EXPECT_EQ(stack->popTool(eToolButtonLeft), tool);
+    EXPECT_TRUE(tool->isActive());
+    EXPECT_EQ(stack->getTool(eToolButtonLeft), tool);
+    EXPECT_EQ(stack->popTool(eToolButtonLeft), tool);
+    EXPECT_TRUE(stack->isEmpty(eToolButtonLeft));
+    EXPECT_EQ(tool->state(), QLatin1String("inactive"));
+}
+
 TEST_F(ToolStackTest, aToolMayPopItselfWhenItIsActivated)
 {
     stack->react("activated(t)", [this] { stack->popTool(eToolButtonLeft); });

@@ -791,6 +791,43 @@ private Q_SLOTS:
         QCOMPARE(scene.cursor(), Qt::CrossCursor);
     }
 
+    void toolsThatAreClearedLeaveTheirOperatingCursor()
+    {
+        Scene scene;
+        scene.push(eToolButtonLeft, "left");
+        const auto right = scene.push(eToolButtonRight, "right", Qt::WaitCursor, Qt::SizeVerCursor);
+        right->startOperation();
+        scene.controller->clearTools();
+        QCOMPARE(scene.cursor(), Qt::SizeVerCursor);
+        QVERIFY(right->isOperating());
+    }
+
+    void toolMayDieWhenItsOperationSuspendsTheLeftTool()
+    {
+        class Watcher : public ToolStateProtocol
+        {
+        public:
+            explicit Watcher(CmdsViewController *controller)
+                : m_controller(controller)
+            { }
+            void toolSuspended(InteractiveTool *) override
+            {
+                m_controller->popTool(eToolButtonRight);
+            }
+
+        private:
+            CmdsViewController *m_controller;
+        };
+        Scene scene;
+        const auto left = scene.push(eToolButtonLeft, "left");
+        const auto watcher = std::make_shared<Watcher>(scene.controller);
+        left->addObserver(watcher, false);
+        RecordingTool *const right = scene.push(eToolButtonRight, "right").get();
+        right->startOperation();
+        QVERIFY(scene.controller->isEmpty(eToolButtonRight));
+        QVERIFY(left->isSuspended());
+    }
+
     void emptyCursorStackGivesTheArrow()
     {
         Scene scene;
