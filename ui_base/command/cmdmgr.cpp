@@ -196,6 +196,7 @@ CommandBase *CmdMgr::CmdMgrImpl::takeGroup(CommandGroup *group)
     for (const auto &[id, command] : topLevel) {
         if (command && group->hasCommand(id)) {
             stopListening(command.get());
+            command->setAddedToCmdsVC(false);
             rootBag.removeCommand(id);
         }
     }

@@ -15,6 +15,8 @@
 #include <QSignalBlocker>
 
 #include <algorithm>
+#include <QDeadlineTimer>
+
 #include <atomic>
 #include <functional>
 #include <new>
@@ -230,6 +232,7 @@ private Q_SLOTS:
     void currentContextOfAContextTellsItsIds();
     void activeContextsHoldCheckedCommandsOnly();
     void queriesFromAnotherThreadWaitForTheMainThread();
+    void bagThatAThreadAsksAboutIsKeptAlive();
 
     void setContextAppliesLater();
     void contextIsNeverAppliedInsideTheCall_data();
@@ -283,6 +286,7 @@ private Q_SLOTS:
 
     void groupIsHeardWithItsChildren();
     void groupTakesOverTopLevelCommands();
+    void commandWhoseIdAGroupTakesIsLetGo();
     void groupOfATakenIdIsMerged();
     void sameGroupTwiceAnnouncesNull();
     void removedChildLeavesItsGroup();
@@ -677,17 +681,57 @@ void TestCmdMgr::activeContextsHoldCheckedCommandsOnly()
 
 void TestCmdMgr::queriesFromAnotherThreadWaitForTheMainThread()
 {
-    add(cut)->setEnabled(false);
-    CommandContext answer;
+    class Placed : public TestCommand
+    {
+    public:
+        using TestCommand::TestCommand;
+        const QString commandId() const override
+        {
+            wasAskedElsewhere = wasAskedElsewhere || !Lumo::Test::isMainThread();
+            return TestCommand::commandId();
+        }
+        mutable std::atomic<bool> wasAskedElsewhere {false};
+    };
+    auto *const command = new Placed(cut);
+    command->addTag(tag);
+    command->setEnabled(false);
+    m_manager->addCommand(command);
+    CommandBag bag;
+    bag.addCommand(command);
+    QVector<CommandContext> answers;
     std::atomic<bool> isAnswered {false};
     std::thread asking([&] {
-        answer = m_manager->currentContext(nullptr);
+        const CommandContext known = contextOf({{cut, {Keep, Keep}}});
+        answers << m_manager->currentContext(nullptr) << m_manager->currentContext(&bag)
+                << m_manager->currentContext(known) << m_manager->currentContext(tag);
         isAnswered = true;
     });
     const bool served = runLoopUntil([&] { return isAnswered.load(); });
     asking.join();
     QVERIFY(served);
-    QVERIFY(answer == contextOf({{cut, {Off, Off}}}));
+    QVERIFY(!command->wasAskedElsewhere);
+    QCOMPARE(answers.count(contextOf({{cut, {Off, Off}}})), 4);
+}
+
+void TestCmdMgr::bagThatAThreadAsksAboutIsKeptAlive()
+{
+    CommandBag bag;
+    const auto command = std::make_shared<TestCommand>(cut);
+    bag.addCommand(command);
+    std::atomic<bool> isAnswered {false};
+    std::thread asking([&] {
+        m_manager->currentContext(&bag);
+        isAnswered = true;
+    });
+    // The main thread serves nobody meanwhile, so the thread waits with what it holds.
+    const QDeadlineTimer limit(20'000);
+    while (command.use_count() < 3 && !limit.hasExpired())
+        std::this_thread::yield();
+    const bool wasHeld = !limit.hasExpired();
+    runLoopUntil([&] { return isAnswered.load(); });
+    asking.join();
+    QVERIFY(wasHeld);
+    QCOMPARE(command.use_count(), 2L);
 }
 
 void TestCmdMgr::setContextAppliesLater()
@@ -1529,6 +1573,19 @@ void TestCmdMgr::groupTakesOverTopLevelCommands()
     QCOMPARE(m_log.take(), QStringList(QStringLiteral("added(%1)").arg(groupId)));
     command->onExecute();
     QCOMPARE(m_manager->runs, QStringList(cut));
+}
+
+void TestCmdMgr::commandWhoseIdAGroupTakesIsLetGo()
+{
+    const auto command = std::make_shared<TestCommand>(cut);
+    m_manager->addCommand(command.get());
+    const auto group = makeGroup({cut});
+    m_manager->addCommand(group.get());
+    QCOMPARE(m_manager->findCommand(cut), group->getCommand(cut));
+    QVERIFY(!command->addedToCmdsVC());
+    QVERIFY(group->getCommand(cut)->addedToCmdsVC());
+    command->onExecute();
+    QVERIFY(m_manager->runs.isEmpty());
 }
 
 void TestCmdMgr::groupOfATakenIdIsMerged()

@@ -154,11 +154,17 @@ private Q_SLOTS:
         CommandBag bag;
         auto *const command = new TestCommand(cut);
         bool wasFound = true;
-        command->ended = [&] { wasFound = bag.hasCommand(cut); };
+        std::size_t sizeAtTheEnd = 0;
+        command->ended = [&] {
+            wasFound = bag.hasCommand(cut);
+            sizeAtTheEnd = bag.size();
+        };
         bag.addCommand(command);
+        bag.addCommand(new TestCommand(copy));
         const QString &idInTheBag = bag.front().first;
         QVERIFY(bag.removeCommand(idInTheBag));
         QVERIFY(!wasFound);
+        QCOMPARE(sizeAtTheEnd, std::size_t(1));
     }
 };
 

@@ -66,6 +66,12 @@ CommandGroup *addSubGroup(CommandGroup &group, const QString &name)
     return static_cast<CommandGroup *>(group.addCommand(child));
 }
 
+/// Has the group itself, which is never run, tell its observers of a run.
+void announceOf(CommandGroup &group)
+{
+    group.broadcast(&Vela::UiBase::CommandStateProtocol::commandBeganExecuting, &group, true);
+}
+
 QStringList idsOf(const CommandGroup &group)
 {
     QStringList ids;
@@ -130,6 +136,7 @@ private Q_SLOTS:
     void groupFollowsTheChildThatRan();
     void groupThatIsNotCheckableStaysUnchecked();
     void groupIsEnabledWhileAChildIs();
+    void childrenSetTheGroupByItsOwnOperations();
     void enabledChildIsFoundWhereverItStands();
     void settingTheGroupLeavesItsChildrenAlone();
     void stateEnablesAndDisablesTheChildren_data();
@@ -283,6 +290,15 @@ void TestCommandGroup::removedCommandLeavesEverything()
     QVERIFY(announced.isEmpty());
     command->setEnabled(false);
     QVERIFY(group->isEnabled());
+
+    const auto plain = std::make_shared<TestCommand>(copy);
+    group->addCommand(plain);
+    QVERIFY(group->removeCommand(copy));
+    group->setChecked(true);
+    plain->trigger();
+    Q_EMIT plain->toBeTriggered(true);
+    QVERIFY(group->isChecked());
+    QVERIFY(announced.isEmpty());
 }
 
 void TestCommandGroup::removalReachesSubGroups()
@@ -457,6 +473,36 @@ void TestCommandGroup::groupIsEnabledWhileAChildIs()
     QVERIFY(group->isEnabled());
 }
 
+void TestCommandGroup::childrenSetTheGroupByItsOwnOperations()
+{
+    class Noting : public CommandGroup
+    {
+    public:
+        void setEnabled(bool enabled) override
+        {
+            calls << QStringLiteral("enabled ") + textOf(enabled);
+            CommandGroup::setEnabled(enabled);
+        }
+        void setChecked(bool checked) override
+        {
+            calls << QStringLiteral("checked ") + textOf(checked);
+            CommandGroup::setChecked(checked);
+        }
+        QStringList calls;
+    };
+    Noting group;
+    TestCommand *const command = addTo(group, cut);
+    group.calls.clear();
+    command->setEnabled(false);
+    QCOMPARE(group.calls, QStringList(QStringLiteral("enabled false")));
+    group.calls.clear();
+    command->setChecked(true);
+    QVERIFY(group.calls.contains(QStringLiteral("checked true")));
+    group.calls.clear();
+    group.uncheckChildren(true);
+    QVERIFY(group.calls.contains(QStringLiteral("checked false")));
+}
+
 void TestCommandGroup::enabledChildIsFoundWhereverItStands()
 {
     const auto group = makeGroup();
@@ -563,6 +609,10 @@ void TestCommandGroup::childOnItsWayToBeingCheckedIsAnnounced()
     command->setChecked(false);
     group->onChildToBeTriggered(false);
     QCOMPARE(announced.count(), 1);
+    Q_EMIT command->toBeTriggered(false);
+    QCOMPARE(announced.count(), 1);
+    Q_EMIT command->toBeTriggered(true);
+    QCOMPARE(announced.count(), 2);
 }
 
 void TestCommandGroup::groupsThatListenExcludeEachOther()
@@ -653,8 +703,11 @@ void TestCommandGroup::observersAreAlwaysDirectAndReachTheChildren()
     QCOMPARE(log.take().value(0), QStringLiteral("began(cut,false)"));
     late->onExecute();
     QVERIFY(log.events().isEmpty());
+    announceOf(*group);
+    QCOMPARE(log.take(), QStringList(QStringLiteral("began(Edit,true)")));
     group->removeObserver(recorder);
     command->onExecute();
+    announceOf(*group);
     QVERIFY(log.events().isEmpty());
 }
 
@@ -667,10 +720,13 @@ void TestCommandGroup::qobjectObserversReachTheChildren()
     group->addObserver(observer);
     command->onExecute();
     QTRY_COMPARE(observer->heard, QStringList(cut));
+    announceOf(*group);
+    QTRY_COMPARE(observer->heard, QStringList({cut, QStringLiteral("Edit")}));
     group->removeObserver(observer);
     command->onExecute();
+    announceOf(*group);
     QCoreApplication::processEvents();
-    QCOMPARE(observer->heard.size(), 1);
+    QCOMPARE(observer->heard.size(), 2);
 }
 
 void TestCommandGroup::removingAllObserversLeavesThoseOfTheChildren()
@@ -681,7 +737,7 @@ void TestCommandGroup::removingAllObserversLeavesThoseOfTheChildren()
     const auto recorder = std::make_shared<CommandRecorder>(log);
     group->addObserver(recorder, false);
     group->removeAllObservers();
-    group->broadcast(&Vela::UiBase::CommandStateProtocol::commandBegan, group.get());
+    announceOf(*group);
     QVERIFY(log.events().isEmpty());
     command->onExecute();
     QCOMPARE(log.take().value(0), QStringLiteral("began(cut,false)"));
