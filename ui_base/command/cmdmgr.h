@@ -74,7 +74,8 @@ public:
     /// @param tag the tag that CommandBase::hasTag() is asked for
     /// @param bag where to look; null stands for the commands of the manager
     QVector<CommandBase *> findCommands(const QString &tag, CommandBag *bag = nullptr) const;
-    /// The top-level commands in the order of adding.
+    /// The top-level commands in the order of adding. Call it on a const manager, with std::as_const()
+    /// say: the form for one that is not const is for subclasses.
     const CommandBag &commandBag() const;
     /// The command between its commandBegan() and commandEnded(); null when there is none or it has
     /// died.

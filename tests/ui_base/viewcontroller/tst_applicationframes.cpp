@@ -153,6 +153,26 @@ private Q_SLOTS:
         QTRY_VERIFY(!tab.getVC());
     }
 
+    void tabMayEndInTheEndOfItsController()
+    {
+        struct Ending : RecordingController
+        {
+            using RecordingController::RecordingController;
+            ~Ending() override { tab.reset(); }
+            std::unique_ptr<Tab> tab;
+        };
+        const QPointer<Ending> withView = new Ending;
+        withView->tab = std::make_unique<Tab>(withView);
+        delete withView->getQtWidget();
+        QVERIFY(!withView);
+
+        auto viewless = std::make_shared<Ending>(nullptr);
+        const QPointer<Ending> guard = viewless.get();
+        viewless->tab = std::make_unique<Tab>(viewless.get());
+        viewless.reset();
+        QVERIFY(!guard);
+    }
+
     void tabMayEndInTheCloseOfItsView()
     {
         auto *const controller = new RecordingController;
