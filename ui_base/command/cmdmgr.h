@@ -57,8 +57,8 @@ public:
     /// @throw std::runtime_error when the command's id is empty; the command stays with the caller
     CommandBase *addCommand(CommandBase *command);
     /// Announces with commandRemoved() that @p command leaves, and lets go of it, which can end its
-    /// life. A command that stands in a group is removed there; a top-level group that becomes empty by
-    /// it is removed and announced too.
+    /// life. A command that stands in a group is removed there; a top-level group that becomes empty
+    /// by it is removed and announced too. What leaves is the first command with the id of @p command.
     /// @return false for null only
     bool removeCommand(CommandBase *command);
     /// Removes the command that findCommand() gives for @p id.
@@ -69,13 +69,13 @@ public:
 
     /// The first command with this id, or null.
     CommandBase *findCommand(const QString &id) const;
-    /// The commands that have @p tag, in any case of its letters, in the order of the bag; a group is
-    /// followed by the commands in it.
+    /// The commands that have @p tag, in any case of its letters, in the order of the bag; a group
+    /// is followed by the commands in it.
     /// @param tag the tag that CommandBase::hasTag() is asked for
     /// @param bag where to look; null stands for the commands of the manager
     QVector<CommandBase *> findCommands(const QString &tag, CommandBag *bag = nullptr) const;
-    /// The top-level commands in the order of adding. Call it on a const manager, with std::as_const()
-    /// say: the form for one that is not const is for subclasses.
+    /// The top-level commands in the order of adding. Call it on a const manager, with
+    /// std::as_const() say: the form for one that is not const is for subclasses.
     const CommandBag &commandBag() const;
     /// The command between its commandBegan() and commandEnded(); null when there is none or it has
     /// died.
@@ -86,8 +86,8 @@ public:
     /// The present state of each command; both facts are stated.
     /// @param bag null stands for the commands of the manager
     CommandContext currentContext(CommandBag *bag) const;
-    /// The present state of the commands that @p context has entries for, and of all commands in the
-    /// groups among them. Unknown ids are left out.
+    /// The present state of the commands that @p context has entries for, and of all commands in
+    /// the groups among them. Unknown ids are left out.
     CommandContext currentContext(const CommandContext &context) const;
     /// The present state of the commands with this tag.
     CommandContext currentContext(const QString &tag) const;

@@ -6,11 +6,11 @@
 #include "support/recordingobservers.h"
 #include "support/testcase.h"
 #include "support/testmain.h"
+#include "support/virtualorder.h"
 #include "ui_base/command/commandbag.h"
 #include "ui_base/command/testcommand.h"
 #include "ui_base/qtui/defaulticonprovider.h"
 #include "ui_base/qtui/qtuitoolkit.h"
-#include "ui_base/tool/virtualslot.h"
 
 #include <QActionGroup>
 #include <QSignalSpy>
@@ -840,23 +840,19 @@ void TestCommandGroup::wrappedCommandGetsAGroupOfItsOwn()
 
 void TestCommandGroup::orderOfTheOperationsStays()
 {
-    using namespace Lumo::Test;
     using G = OpenGroup;
     using Bag = Vela::UiBase::CommandBag;
     using Shared = std::shared_ptr<CommandBase>;
     using Change = void (G::*)(bool);
-    QVERIFY(areInFollowingSlots(
+    QVERIFY(Lumo::Test::standInThisOrder(
         static_cast<const Bag &(G::*)() const>(&G::commandBag),
         static_cast<Bag &(G::*)()>(&G::commandBag),
         static_cast<CommandBase *(G::*)(const Shared &, int)>(&G::addCommand),
         static_cast<CommandBase *(G::*)(CommandBase *, int)>(&G::addCommand), &G::removeCommand,
         &G::getCommandGroup, &G::absorbCommandGroup, static_cast<Change>(&G::setEnabled),
         static_cast<Change>(&G::setChecked), &G::getCommandRank, &G::setCommandRank,
-        &G::isVirtualGroup, &G::setVirtualGroup, &G::commandContext));
-    // The broadcaster's operations stand between the two.
-    QVERIFY(virtualSlot(&G::uncheckChildren) > virtualSlot(&G::commandContext));
-    QVERIFY(areInFollowingSlots(&G::uncheckChildren, &G::onChildTriggered, &G::onChildToBeTriggered,
-                                &G::onChildChanged));
+        &G::isVirtualGroup, &G::setVirtualGroup, &G::commandContext, &G::uncheckChildren,
+        &G::onChildTriggered, &G::onChildToBeTriggered, &G::onChildChanged));
 }
 
 LUMO_TEST_MAIN(TestCommandGroup)
