@@ -57,8 +57,9 @@ public:
     /// @throw std::runtime_error when the command's id is empty; the command stays with the caller
     CommandBase *addCommand(CommandBase *command);
     /// Announces with commandRemoved() that @p command leaves, and lets go of it, which can end its
-    /// life. A command that stands in a group is removed there; a top-level group that becomes empty
-    /// by it is removed and announced too. What leaves is the first command with the id of @p command.
+    /// life. A command that stands in a group is removed there; a top-level group that becomes
+    /// empty by it is removed and announced too. What leaves is the first command with the id of
+    /// @p command.
     /// @return false for null only
     bool removeCommand(CommandBase *command);
     /// Removes the command that findCommand() gives for @p id.

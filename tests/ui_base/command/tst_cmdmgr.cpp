@@ -555,8 +555,11 @@ void TestCmdMgr::othersMayBeRemovedWhenOneLeaves()
     for (const QString &id : {cut, copy, paste})
         add(id);
     m_log.take();
+    QStringList presentAtTheEnd;
     const auto reaction = std::make_shared<ManagerReaction>();
-    reaction->removed = [this](const QString &id) {
+    reaction->removed = [&](const QString &id) {
+        if (m_manager->findCommand(id))
+            presentAtTheEnd << id;
         if (id == cut)
             m_manager->removeCommand(copy);
     };
@@ -565,6 +568,7 @@ void TestCmdMgr::othersMayBeRemovedWhenOneLeaves()
     QCOMPARE(m_log.take(),
              QStringList({QStringLiteral("removed(cut)"), QStringLiteral("removed(copy)"),
                           QStringLiteral("removed(paste)")}));
+    QCOMPARE(presentAtTheEnd, QStringList({cut, copy, paste}));
     QVERIFY(std::as_const(*m_manager).commandBag().empty());
 }
 
