@@ -478,10 +478,9 @@ void CmdMgr::setContext(CommandContext context)
 
 void CmdMgr::applyContext(const CommandContext &context)
 {
+    const std::shared_ptr<CmdMgr> self = d->self();
     // Of a copy, since what the walk sets off may change the argument.
     d->applyContext(CommandContext(context));
-    const std::shared_ptr<CmdMgr> self = d->self();
-    d->applyContext(context);
 }
 
 void CmdMgr::pushContext(CommandContext context)

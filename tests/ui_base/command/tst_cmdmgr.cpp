@@ -12,11 +12,10 @@
 #include "ui_base/command/testcommand.h"
 
 #include <QActionGroup>
+#include <QDeadlineTimer>
 #include <QSignalBlocker>
 
 #include <algorithm>
-#include <QDeadlineTimer>
-
 #include <atomic>
 #include <functional>
 #include <new>
