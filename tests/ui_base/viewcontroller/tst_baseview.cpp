@@ -981,8 +981,13 @@ private Q_SLOTS:
     {
         QFETCH(QString, call);
         Scene scene;
-        scene.controller->onCall[call] = [&] { delete scene.window.data(); };
+        bool heldForItsCall = false;
+        scene.controller->onCall[call] = [&] {
+            delete scene.window.data();
+            heldForItsCall = scene.controller;
+        };
         provoke(scene.window);
+        QVERIFY(heldForItsCall);
         QVERIFY(!scene.window && !scene.view && !scene.controller);
     }
 
@@ -992,8 +997,13 @@ private Q_SLOTS:
     {
         QFETCH(QString, call);
         const Scene scene;
-        scene.controller->onCall[call] = [&] { delete scene.view.data(); };
+        bool heldForItsCall = false;
+        scene.controller->onCall[call] = [&] {
+            delete scene.view.data();
+            heldForItsCall = scene.controller;
+        };
         provoke(scene.window);
+        QVERIFY(heldForItsCall);
         QVERIFY(!scene.view && !scene.controller);
     }
 
