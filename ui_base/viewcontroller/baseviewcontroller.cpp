@@ -36,6 +36,19 @@ bool canBePresented(const BaseViewController &controller, const BaseViewControll
     return widget && !around;
 }
 
+/// Puts the view of @p controller over that of @p presenter, which hooks of it may end.
+/// @return whether there is a view still
+bool putOver(BaseViewController &controller, BaseViewController &presenter)
+{
+    controller.setParentViewController(&presenter);
+    const QPointer<BaseView> view = controller.getView();
+    if (view && presenter.getQtWidget())
+        view->setGeometry(presenter.getView()->getGeometry());
+    if (view)
+        view->raise();
+    return view;
+}
+
 /// Who is called when a message is clicked. Made on any thread, used on the main one.
 struct ClickTarget
 {
@@ -298,14 +311,8 @@ bool BaseViewController::presentViewController(BaseViewController *controller,
         delegate(&PresentViewProtocol::presentViewController, controller, direction);
     if (!answers.empty() && answers.front())
         return true;
-    if (!presented || !canBePresented(*presented, *this))
+    if (!presented || !canBePresented(*presented, *this) || !putOver(*presented, *this))
         return false;
-    presented->setParentViewController(this);
-    if (BaseView *const view = presented->getView()) {
-        if (getQtWidget())
-            view->setGeometry(d->view->getGeometry());
-        view->raise();
-    }
     presented->d->presentingController = self;
     presented->d->transition = direction;
     d->presentedController = presented;

@@ -129,8 +129,8 @@ public:
     /// underneath. The presented controller lives through its own view, and neither keeps the other
     /// alive.
     /// @param direction kept with the presented controller for who wants to animate it
-    /// @return false for null, this controller, and one that has no view or whose view is around
-    ///         this one; else true
+    /// @return false for null, this controller, one whose view is around this one, and one that has
+    ///         no view or loses it before it is shown; else true
     virtual bool presentViewController(BaseViewController *controller,
                                        ETransitionDirection direction);
     /// Ends the presentation of this controller: its delegates are asked first and may take it

@@ -22,6 +22,7 @@
 #include <QWidget>
 
 #include <atomic>
+#include <limits>
 #include <stdexcept>
 #include <thread>
 
@@ -509,6 +510,21 @@ private Q_SLOTS:
         QVERIFY(!stage.presented);
     }
 
+    void viewMayEndWhileItIsPutInItsPlace()
+    {
+        const Stage stage;
+        stage.presented->setParentViewController(stage.presenter);
+        stage.presented->show();
+        stage.presented->onCall[QStringLiteral("viewDidMove")] = [&] {
+            stage.presented->onCall.clear();
+            delete stage.presented->getView();
+        };
+        QVERIFY(!stage.presenter->presentViewController(stage.presented, eTransitionFromLeft));
+        QVERIFY(!stage.presented);
+        QCOMPARE(stage.presenter->presentedViewController(), nullptr);
+        QCOMPARE(stage.presenter->log.take(), QStringList());
+    }
+
     void notificationIsMadeOnFirstUseAndLater()
     {
         const Stage stage;
@@ -576,6 +592,37 @@ private Q_SLOTS:
         delete content;
         QCoreApplication::processEvents();
         QVERIFY(!barOf(stage.window));
+    }
+
+    void notificationTakesAnyTime_data()
+    {
+        QTest::addColumn<int>("milliseconds");
+        QTest::addColumn<int>("interval");
+        QTest::newRow("the least") << std::numeric_limits<int>::min() << 0;
+        QTest::newRow("negative") << -1 << 0;
+        QTest::newRow("none") << 0 << 0;
+        QTest::newRow("the most") << std::numeric_limits<int>::max()
+                                  << std::numeric_limits<int>::max();
+    }
+
+    void notificationTakesAnyTime()
+    {
+        QFETCH(int, milliseconds);
+        QFETCH(int, interval);
+        const Stage stage;
+        stage.presenter->showNotification(QStringLiteral("text"), eNotificationNoFade, milliseconds,
+                                          true, nullptr, nullptr);
+        QTRY_VERIFY(barOf(stage.window));
+        NotificationBar *const bar = barOf(stage.window);
+        QCOMPARE(dataOf(bar).text, QStringLiteral("text"));
+        QCOMPARE(dataOf(bar).dismissTimer->interval(), interval);
+        if (interval == 0)
+            QTRY_VERIFY(!stage.presenter->isNotificationShowing());
+        stage.presenter->showNotification(new QWidget, eNotificationPulse, milliseconds, true,
+                                          nullptr, nullptr);
+        QTRY_VERIFY(dataOf(bar).control);
+        QCOMPARE(dataOf(bar).dismissTimer->interval(), interval);
+        QTRY_VERIFY(stage.presenter->isNotificationShowing());
     }
 
     void hiddenNotificationGoes()
