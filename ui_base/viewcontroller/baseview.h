@@ -71,11 +71,6 @@ public:
     QWidget *getQtWidget() const;
     /// The same, so that what has no forwarder can be called; mind the null.
     QWidget *operator->() const;
-    /// Moves the view to @p widget, which takes over the parent of the present one and is deleted
-    /// when it is closed. The present one is closed as by the user, so a loaded controller hears
-    /// viewWillClose(), but can't hold it back, and is loaded again when the new widget is shown.
-    /// Null, the present widget and a widget around it are ignored.
-    virtual void setQtWidget(QWidget *widget);
 
     /// Takes over @p controller, which is adopted when nobody owns it yet. A controller that has
     /// another view leaves that, and its widget is closed, which the controller can't refuse. The
@@ -92,6 +87,12 @@ public:
     /// null, or a view whose widget has gone, makes a window of it. A view inside this one is
     /// ignored.
     virtual void setParentView(BaseView *parent);
+
+    /// Moves the view to @p widget, which takes over the parent of the present one and is deleted
+    /// when it is closed. The present one is closed as by the user, so a loaded controller hears
+    /// viewWillClose(), but can't hold it back, and is loaded again when the new widget is shown.
+    /// Null, the present widget and a widget around it are ignored.
+    virtual void setQtWidget(QWidget *widget);
 
     /// Whether the widget and all widgets below it, at any depth, are deleted when they are closed.
     void setDeleteOnCloseAttribute(bool on);

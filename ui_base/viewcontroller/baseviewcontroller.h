@@ -57,6 +57,10 @@ public:
     explicit BaseViewController(BaseView *view);
     ~BaseViewController() override;
 
+    /// Makes the view of @p parent the parent of the view; null, or a controller without a view,
+    /// makes a window of it. Nothing else is linked by that. \sa BaseView::setParentView
+    virtual void setParentViewController(BaseViewController *parent);
+
     /// Moves the controller to @p view; null and the present view are ignored. The widget of the
     /// earlier view is closed. \sa BaseView::setViewController
     virtual void setView(BaseView *view);
@@ -64,10 +68,6 @@ public:
     BaseView *getView() const;
     /// The view's widget, or null when it has gone.
     QWidget *getQtWidget() const;
-
-    /// Makes the view of @p parent the parent of the view; null, or a controller without a view,
-    /// makes a window of it. Nothing else is linked by that. \sa BaseView::setParentView
-    virtual void setParentViewController(BaseViewController *parent);
 
     /// Shows the view.
     void show();
