@@ -328,6 +328,7 @@ bool CmdMgr::removeCommand(CommandBase *command)
     d->forget();
     if (!d->rootBag.removeCommand(id))
         d->removeFromGroups(id);
+    letGoOf(command);
     return true;
 }
 
@@ -335,6 +336,8 @@ bool CmdMgr::removeCommand(const QString &id)
 {
     return removeCommand(findCommand(id));
 }
+
+void CmdMgr::letGoOf(CommandBase *) { }
 
 void CmdMgr::removeAllCommands()
 {

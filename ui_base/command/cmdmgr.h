@@ -138,6 +138,9 @@ protected:
     CommandBag &commandBag();
     /// Applies @p context as setContext() does, but within the call.
     void applyContext(const CommandContext &context);
+    /// removeCommand() has let go of @p command and, if it is a group, of those in it. They can be
+    /// running; the manager does not hear when that ends. Nothing by default.
+    virtual void letGoOf(CommandBase *command);
 
 private:
     class CmdMgrImpl;

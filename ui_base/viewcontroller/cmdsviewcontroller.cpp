@@ -29,16 +29,51 @@ namespace {
 
 constexpr int NotificationTime = 3000; // milliseconds
 
-void forgetController(const CommandBag &bag)
+/// Calls @p visit on each command of @p bag and of the groups in it.
+template<typename Visit>
+void forEachCommand(const CommandBag &bag, const Visit &visit)
 {
     for (const auto &[id, command] : bag) {
         if (!command)
             continue;
-        command->setViewController(nullptr);
+        visit(*command);
         if (const auto *const group = qobject_cast<const CommandGroup *>(command.get()))
-            forgetController(group->commandBag());
+            forEachCommand(group->commandBag(), visit);
     }
 }
+
+void forgetController(const CommandBag &bag)
+{
+    forEachCommand(bag, [](CommandBase &command) { command.setViewController(nullptr); });
+}
+
+/// A run that has put the busy cursor on the application. The manager hears of its end, or the run
+/// itself when the manager does not hold the command, such as one that was removed meanwhile.
+class BusyRun : public CommandStateProtocol
+{
+public:
+    BusyRun(CmdsViewController *controller, const CommandBase *command)
+        : m_controller(controller)
+        , m_owner(controller->weak_from_this())
+        , m_command(command)
+    { }
+
+    bool isOf(const CommandBase *command) const { return m_command == command; }
+    void commandEndedExecuting(CommandBase *command, bool checked) override
+    {
+        // A group shares its observers with its children.
+        const auto living = isOf(command) ? m_owner.lock() : nullptr;
+        if (living)
+            m_controller->commandEndedExecuting(command, checked);
+    }
+
+    bool hearsItsEnd = false;
+
+private:
+    CmdsViewController *const m_controller;
+    const std::weak_ptr<Tessel::SharedObjectInternal> m_owner;
+    const CommandBase *const m_command; // only compared
+};
 
 std::shared_ptr<CommandGroup> makeGroup(const QString &text, const QString &name)
 {
@@ -67,8 +102,11 @@ public:
     void pushCursor(const QCursor &cursor);
     void popCursor();
     void add(CommandBase *command);
-    void endBusyCursor(const CommandBase *command);
+    void beginBusyCursor(CommandBase *command);
+    void endBusyCursor(CommandBase *command);
     void endBusyCursors();
+    void hearEndOf(CommandBase &command);
+    std::vector<std::shared_ptr<BusyRun>>::iterator busyRunOf(const CommandBase *command);
 
     /// Offers the event to the running command. @return whether that consumed it
     template<typename Event>
@@ -84,8 +122,7 @@ public:
     std::shared_ptr<CommandGroup> actionPanelGroup;
     std::shared_ptr<CommandGroup> toolPanelGroup;
     std::shared_ptr<CommandGroup> dynamicToolPanelGroup;
-    // One entry for each run that has put the busy cursor on the application; only compared.
-    std::vector<const CommandBase *> busyRuns;
+    std::vector<std::shared_ptr<BusyRun>> busyRuns;
 };
 
 void CmdsViewControllerPrivate::makeGroups()
@@ -132,19 +169,45 @@ void CmdsViewControllerPrivate::add(CommandBase *command)
     }
 }
 
-void CmdsViewControllerPrivate::endBusyCursor(const CommandBase *command)
+std::vector<std::shared_ptr<BusyRun>>::iterator CmdsViewControllerPrivate::busyRunOf(
+    const CommandBase *command)
 {
-    const auto run = std::find(busyRuns.begin(), busyRuns.end(), command);
+    return std::find_if(busyRuns.begin(), busyRuns.end(),
+                        [command](const auto &run) { return run->isOf(command); });
+}
+
+void CmdsViewControllerPrivate::beginBusyCursor(CommandBase *command)
+{
+    QGuiApplication::setOverrideCursor(Qt::BusyCursor);
+    busyRuns.push_back(std::make_shared<BusyRun>(q, command));
+    if (!command->addedToCmdsVC())
+        hearEndOf(*command);
+}
+
+void CmdsViewControllerPrivate::endBusyCursor(CommandBase *command)
+{
+    const auto run = busyRunOf(command);
     if (run == busyRuns.end())
         return;
+    const bool heardItsEnd = (*run)->hearsItsEnd;
     busyRuns.erase(run);
     QGuiApplication::restoreOverrideCursor();
+    if (heardItsEnd)
+        hearEndOf(*command);
 }
 
 void CmdsViewControllerPrivate::endBusyCursors()
 {
-    while (!busyRuns.empty())
-        endBusyCursor(busyRuns.back());
+    for (; !busyRuns.empty(); busyRuns.pop_back())
+        QGuiApplication::restoreOverrideCursor();
+}
+
+/// Lets the first run of the command hear of its end; when runs overlap, each end is one of them.
+void CmdsViewControllerPrivate::hearEndOf(CommandBase &command)
+{
+    const auto run = busyRunOf(&command);
+    if (run != busyRuns.end() && !std::exchange((*run)->hearsItsEnd, true))
+        command.addObserver(*run, false);
 }
 
 CmdsViewController::CmdsViewController()
@@ -370,8 +433,7 @@ void CmdsViewController::commandBeganExecuting(CommandBase *command, bool)
 {
     if (!command || !command->isExecutionNotificationEnabled())
         return;
-    QGuiApplication::setOverrideCursor(Qt::BusyCursor);
-    d->busyRuns.push_back(command);
+    d->beginBusyCursor(command);
     const QString message =
         command->getExecutionNotificationMessage(CommandBase::ENotification::ExecutionBegan);
     if (!message.isEmpty())
@@ -380,7 +442,8 @@ void CmdsViewController::commandBeganExecuting(CommandBase *command, bool)
 
 void CmdsViewController::commandEndedExecuting(CommandBase *command, bool)
 {
-    d->endBusyCursor(command);
+    if (command)
+        d->endBusyCursor(command);
     if (!command || !command->isExecutionNotificationEnabled())
         return;
     const auto messageOf = [command](CommandBase::ENotification notification) {
@@ -393,6 +456,16 @@ void CmdsViewController::commandEndedExecuting(CommandBase *command, bool)
         showNotification(message, fade, NotificationTime, false, nullptr, nullptr);
     else if (hadBeginMessage)
         hideNotification();
+}
+
+void CmdsViewController::letGoOf(CommandBase *command)
+{
+    const std::shared_ptr<CommandBase> running = runningCommand();
+    if (running && command->getCommand(running->commandId()) == running.get())
+        commandEnded(running.get());
+    d->hearEndOf(*command);
+    if (const auto *const group = qobject_cast<const CommandGroup *>(command))
+        forEachCommand(group->commandBag(), [this](CommandBase &child) { d->hearEndOf(child); });
 }
 
 } // namespace Vela::UiBase

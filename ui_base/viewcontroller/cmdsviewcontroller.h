@@ -129,6 +129,10 @@ public:
     /// message for the end in place of the one for the begin; without one that is hidden.
     void commandEndedExecuting(CommandBase *command, bool checked) override;
 
+protected:
+    /// Sends no input to the command any more. What is shown for a run of it stays until that ends.
+    void letGoOf(CommandBase *command) override;
+
 private:
     std::shared_ptr<InteractiveTool> handOver(Qt::MouseButton button);
 

@@ -6,6 +6,7 @@
 #include <ui_base/CommandBag>
 #include <ui_base/CommandBase>
 #include <ui_base/CommandGroup>
+#include <ui_base/CommandStateProtocol>
 #include <ui_base/InteractiveTool>
 #include <ui_base/ToolStack>
 #include <ui_base/ViewResponder>
@@ -28,12 +29,14 @@
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QPointer>
+#include <QSemaphore>
 #include <QTest>
 #include <QTimer>
 #include <QWheelEvent>
 #include <QWidget>
 
 #include <atomic>
+#include <functional>
 
 using namespace Vela::UiBase;
 using Lumo::Test::EventLog;
@@ -163,6 +166,51 @@ public:
     std::function<QList<CommandBase *>(CmdsViewController *)> make;
     CmdsViewController *lastController = nullptr;
     int asked = 0;
+};
+
+/// Calls what a test puts into it for the begin and the end of a run.
+class RunObserver : public CommandStateProtocol
+{
+public:
+    void commandBeganExecuting(CommandBase *, bool) override { call(began); }
+    void commandEndedExecuting(CommandBase *, bool) override { call(ended); }
+
+    std::function<void()> began;
+    std::function<void()> ended;
+
+private:
+    static void call(const std::function<void()> &function)
+    {
+        if (const std::function<void()> copy = function)
+            copy();
+    }
+};
+
+/// Work that holds its worker until it is let go, which it is in the end of this object at last.
+class HeldWork
+{
+public:
+    ~HeldWork() { m_shared->released.release(100); }
+
+    std::function<bool(bool)> work() const
+    {
+        return [shared = m_shared](bool) {
+            ++shared->started;
+            shared->released.acquire();
+            return true;
+        };
+    }
+    int started() const { return m_shared->started; }
+    void letGo() { m_shared->released.release(); }
+
+private:
+    struct Shared
+    {
+        std::atomic<int> started {0};
+        QSemaphore released;
+    };
+
+    std::shared_ptr<Shared> m_shared = std::make_shared<Shared>();
 };
 
 /// A view with its controller, tools named by their button, and a running command on demand.
@@ -1078,6 +1126,178 @@ private Q_SLOTS:
             delete scene.view->getQtWidget();
         QVERIFY(!QGuiApplication::overrideCursor());
         QTRY_VERIFY(!scene.view);
+    }
+
+    void observerOfARunMayEndTheView_data()
+    {
+        QTest::addColumn<bool>("atTheBegin");
+        QTest::addColumn<bool>("heardBeforeTheController");
+        QTest::addColumn<int>("ending");
+        const char *const endings[] {"closed", "deleted", "let go of", "moved"};
+        for (const bool atTheBegin : {true, false}) {
+            for (const bool before : {true, false}) {
+                for (int ending = 0; ending < 4; ++ending)
+                    QTest::addRow("%s/%s/%s", atTheBegin ? "begin" : "end",
+                                  before ? "before the controller" : "after it", endings[ending])
+                        << atTheBegin << before << ending;
+            }
+        }
+    }
+
+    void observerOfARunMayEndTheView()
+    {
+        QFETCH(bool, atTheBegin);
+        QFETCH(bool, heardBeforeTheController);
+        QFETCH(int, ending);
+        Scene scene;
+        scene.view->show();
+        const QPointer<QWidget> widget = scene.view->getQtWidget();
+        auto *const later = new BaseView(static_cast<QWidget *>(nullptr), Qt::WindowFlags());
+        const auto observer = std::make_shared<RunObserver>();
+        (atTheBegin ? observer->began : observer->ended) = [&] {
+            if (ending == 0)
+                widget->close();
+            else if (ending == 1)
+                delete widget.data();
+            else if (ending == 2)
+                scene.view->setViewController(nullptr);
+            else
+                scene.controller->setView(later);
+        };
+        auto command = notifyingCommand(QStringLiteral("begun"), QStringLiteral("done"));
+        if (heardBeforeTheController)
+            command->addObserver(observer, false);
+        scene.controller->addCommand(command.get());
+        if (!heardBeforeTheController)
+            command->addObserver(observer, false);
+        command->trigger();
+        const std::weak_ptr<TestCommand> gone = command;
+        command.reset();
+        if (ending == 2)
+            delete widget.data();
+        QTRY_VERIFY(!widget);
+        QVERIFY(!QGuiApplication::overrideCursor());
+        delete later->getQtWidget();
+        QVERIFY(!scene.controller && gone.expired());
+    }
+
+    void runOfARemovedCommandIsShownUntilItsEnd_data()
+    {
+        QTest::addColumn<bool>("inAGroup");
+        QTest::addColumn<bool>("isHeldBack");
+        QTest::newRow("alone") << false << false;
+        QTest::newRow("in a group") << true << false;
+        QTest::newRow("alone, in the background") << false << true;
+        QTest::newRow("in a group, in the background") << true << true;
+    }
+
+    void runOfARemovedCommandIsShownUntilItsEnd()
+    {
+        QFETCH(bool, inAGroup);
+        QFETCH(bool, isHeldBack);
+        const Scene scene;
+        scene.view->show();
+        HeldWork held;
+        const auto command = notifyingCommand(QStringLiteral("begun"), QStringLiteral("done"));
+        CommandBase *top = command.get();
+        if (inAGroup) {
+            scene.controller->ToolPanelGroup()->addCommand(command);
+            top = scene.controller->ToolPanelGroup();
+        }
+        scene.controller->addCommand(top);
+        bool wasBusy = false;
+        const auto remove = [&] {
+            scene.controller->removeCommand(top);
+            wasBusy = QGuiApplication::overrideCursor();
+        };
+        if (isHeldBack) {
+            command->setExecutionQoS(Tessel::EQualityOfService::Utility);
+            command->work = held.work();
+            command->onExecute();
+            QTRY_COMPARE(held.started(), 1);
+            remove();
+            held.letGo();
+        } else {
+            command->work = [&](bool) {
+                remove();
+                return true;
+            };
+            command->onExecute();
+        }
+        QVERIFY(wasBusy);
+        QTRY_VERIFY(!QGuiApplication::overrideCursor());
+        QTRY_VERIFY(scene.bar() && dataOf(scene.bar()).text == QStringLiteral("done"));
+        command->work = nullptr;
+        command->onExecute();
+        QVERIFY(!QGuiApplication::overrideCursor());
+    }
+
+    void overlappingRunsOfARemovedCommandEndOneByOne()
+    {
+        const Scene scene;
+        HeldWork held;
+        int ends = 0;
+        const auto command = notifyingCommand(QString(), QString());
+        command->setExecutionQoS(Tessel::EQualityOfService::Utility);
+        command->work = held.work();
+        const auto observer = std::make_shared<RunObserver>();
+        observer->ended = [&ends] { ++ends; };
+        scene.controller->addCommand(command.get());
+        command->addObserver(observer, false);
+        command->onExecute();
+        command->onExecute();
+        scene.controller->removeCommand(command.get());
+        held.letGo();
+        QTRY_COMPARE(ends, 1);
+        QVERIFY(QGuiApplication::overrideCursor());
+        held.letGo();
+        QTRY_COMPARE(ends, 2);
+        QTRY_VERIFY(!QGuiApplication::overrideCursor());
+    }
+
+    void runOfARemovedGroupDoesNotHearItsChildren()
+    {
+        const Scene scene;
+        CommandGroup *const group = scene.controller->ToolPanelGroup();
+        const auto child = notifyingCommand(QString(), QStringLiteral("done"));
+        group->addCommand(child);
+        group->enableExecutionNotification(true);
+        scene.controller->addCommand(group);
+        scene.controller->commandBeganExecuting(group, false);
+        scene.controller->removeCommand(group);
+        child->onExecute();
+        QCoreApplication::processEvents();
+        QVERIFY(QGuiApplication::overrideCursor() && !scene.bar());
+        group->broadcast(&CommandStateProtocol::commandEndedExecuting, group, false);
+        QVERIFY(!QGuiApplication::overrideCursor());
+    }
+
+    void removedCommandGetsNoInput_data()
+    {
+        QTest::addColumn<bool>("inAGroup");
+        QTest::newRow("alone") << false;
+        QTest::newRow("in a group") << true;
+    }
+
+    void removedCommandGetsNoInput()
+    {
+        QFETCH(bool, inAGroup);
+        Scene scene;
+        const auto command = std::make_shared<InputCommand>(scene.log);
+        const auto other = std::make_shared<TestCommand>(QStringLiteral("other"));
+        CommandGroup *const group = scene.controller->ToolPanelGroup();
+        if (inAGroup)
+            group->addCommand(command);
+        CommandBase *const top = inAGroup ? static_cast<CommandBase *>(group) : command.get();
+        scene.controller->addCommand(top);
+        scene.controller->addCommand(other.get());
+        command->broadcast(&CommandStateProtocol::commandBegan, command.get());
+        scene.controller->removeCommand(other.get());
+        scene.key(QEvent::KeyPress);
+        QCOMPARE(scene.calls(), names({"command keyPress"}));
+        scene.controller->removeCommand(top);
+        scene.key(QEvent::KeyPress);
+        QCOMPARE(scene.calls(), QStringList());
     }
 
     void messagesOfARun_data()
