@@ -156,12 +156,15 @@ void CmdsViewControllerPrivate::popCursor()
         view->setCursor(before);
 }
 
-/// Adds a command of the application manager; one that is refused and that nobody owns ends here.
+/// Adds a command of the application manager; one that is refused and that nobody owns ends here. So
+/// do those that are left when an observer of the ones before has closed the view.
 void CmdsViewControllerPrivate::add(CommandBase *command)
 {
     if (!command)
         return;
     const auto adopted = command->shared_from_this();
+    if (!q->isLoaded())
+        return;
     try {
         q->addCommand(command);
     } catch (const std::runtime_error &error) {

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include <ui_base/BaseView>
+#include <ui_base/CmdMgrProtocol>
 #include <ui_base/CmdsViewController>
 #include <ui_base/CommandBag>
 #include <ui_base/CommandBase>
@@ -1064,6 +1065,41 @@ private Q_SLOTS:
         command->called = [&] { delete scene.view->getQtWidget(); };
         QTest::mousePress(scene.view->getQtWidget(), Qt::LeftButton);
         QVERIFY(!scene.view && !scene.controller);
+    }
+
+    void viewMayBeClosedWhileItsCommandsAreAdded()
+    {
+        class Closing : public CmdMgrProtocol
+        {
+        public:
+            void commandAdded(CmdMgr *, CommandBase *command) override
+            {
+                if (command && command->commandId() == QStringLiteral("first"))
+                    close();
+            }
+            std::function<void()> close;
+        };
+        Manager manager;
+        ApplicationService::GetInstance().setAppManager(&manager);
+        bool ended = false;
+        manager.make = [&](CmdsViewController *controller) {
+            auto *const second = new TestCommand(QStringLiteral("second"), controller);
+            second->ended = [&] { ended = true; };
+            return QList<CommandBase *> {new TestCommand(QStringLiteral("first"), controller),
+                                         second};
+        };
+        Scene scene;
+        scene.view->setDeleteOnCloseAttribute(false);
+        const auto observer = std::make_shared<Closing>();
+        observer->close = [&] { scene.view->close(); };
+        scene.controller->addObserver(observer, false);
+        scene.view->show();
+        QVERIFY(!scene.controller->isLoaded());
+        QVERIFY(std::as_const(*scene.controller).commandBag().empty());
+        QVERIFY(ended);
+        observer->close = [] {};
+        scene.view->show();
+        QCOMPARE(int(std::as_const(*scene.controller).commandBag().size()), 2);
     }
 
     void runThatAsksForItShowsTheBusyCursor()
