@@ -6,6 +6,7 @@
 #include <ui_base/CmdsViewController>
 #include <ui_base/CommandBag>
 #include <ui_base/CommandBase>
+#include <ui_base/CommandContext>
 #include <ui_base/CommandGroup>
 #include <ui_base/CommandStateProtocol>
 #include <ui_base/InteractiveTool>
@@ -26,6 +27,7 @@
 #include <QCursor>
 #include <QDragEnterEvent>
 #include <QGuiApplication>
+#include <QHash>
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QMouseEvent>
@@ -141,11 +143,15 @@ public:
 
     bool consumes = false;
     QPoint lastPress;
+    QHash<QString, std::function<void()>> onCall;
 
 private:
     bool record(const char *event)
     {
-        m_log.add(QStringLiteral("%1 %2").arg(m_name, QString::fromLatin1(event)));
+        const QString name = QString::fromLatin1(event);
+        m_log.add(QStringLiteral("%1 %2").arg(m_name, name));
+        if (const std::function<void()> call = onCall.take(name))
+            call();
         return consumes;
     }
 
@@ -1067,6 +1073,63 @@ private Q_SLOTS:
         QVERIFY(!scene.view && !scene.controller);
     }
 
+    void toolMayEndTheViewInItsInput_data()
+    {
+        QTest::addColumn<QString>("call");
+        QTest::addColumn<int>("ending");
+        const char *const endings[] {"closed", "deleted", "let go of"};
+        for (const char *const call : {"press", "move", "release", "end", "doubleClick", "wheel",
+                                       "keyPress", "keyRelease"}) {
+            for (int ending = 0; ending < 3; ++ending)
+                QTest::addRow("%s/%s", call, endings[ending])
+                    << QString::fromLatin1(call) << ending;
+        }
+    }
+
+    void toolMayEndTheViewInItsInput()
+    {
+        QFETCH(QString, call);
+        QFETCH(int, ending);
+        Scene scene;
+        const QPointer<QWidget> widget = scene.view->getQtWidget();
+        scene.view->show();
+        const auto end = [&] {
+            if (ending == 0)
+                scene.view->close();
+            else if (ending == 1)
+                delete widget.data();
+            else
+                scene.view->setViewController(nullptr);
+        };
+        for (const EToolActivationButton button :
+             {eToolButtonLeft, eToolButtonRight, eToolButtonNone})
+            scene.push(button, "tool")->onCall[call] = end;
+        sendAll(widget);
+        if (ending == 2)
+            delete widget.data();
+        QTRY_VERIFY(!widget);
+        QVERIFY(!scene.controller);
+    }
+
+    void viewClosedDuringADragLeavesItsToolsInPeace()
+    {
+        Scene scene;
+        scene.view->show();
+        const QPointer<QWidget> widget = scene.view->getQtWidget();
+        const auto left = scene.push(eToolButtonLeft, "left");
+        const auto right = scene.push(eToolButtonRight, "right");
+        QTest::mousePress(widget, Qt::RightButton);
+        scene.move(Qt::RightButton);
+        QVERIFY(right->isOperating() && left->isSuspended());
+        scene.view->close();
+        QTRY_VERIFY(!widget);
+        QVERIFY(!scene.controller);
+        right->endOperation();
+        left->resume();
+        QVERIFY(right->isActive() && left->isActive());
+        QVERIFY(!QGuiApplication::overrideCursor());
+    }
+
     void viewMayBeClosedWhileItsCommandsAreAdded()
     {
         class Closing : public CmdMgrProtocol
@@ -1336,6 +1399,68 @@ private Q_SLOTS:
         QCOMPARE(scene.calls(), QStringList());
     }
 
+    void observerOfARunMayPopAContext()
+    {
+        const Scene scene;
+        const auto command = std::make_shared<TestCommand>(QStringLiteral("pops"));
+        const auto other = std::make_shared<TestCommand>(QStringLiteral("other"));
+        scene.controller->addCommand(command.get());
+        scene.controller->addCommand(other.get());
+        CommandContext context;
+        context.overwrite(QStringLiteral("other"), {State::Off, State::Keep});
+        scene.controller->pushContext(context);
+        QTRY_VERIFY(!other->isEnabled());
+        const auto observer = std::make_shared<RunObserver>();
+        observer->began = observer->ended = [&] { scene.controller->popContext(); };
+        command->addObserver(observer, false);
+        command->trigger();
+        QTRY_VERIFY(other->isEnabled());
+    }
+
+    void backgroundRunOutlivesItsView_data()
+    {
+        QTest::addColumn<bool>("closes");
+        QTest::newRow("closed") << true;
+        QTest::newRow("deleted") << false;
+    }
+
+    void backgroundRunOutlivesItsView()
+    {
+        QFETCH(bool, closes);
+        ApplicationService &service = ApplicationService::GetInstance();
+        HeldWork held;
+        Scene scene;
+        scene.view->show();
+        const QPointer<QWidget> widget = scene.view->getQtWidget();
+        const QPointer<TestCommand> command =
+            new TestCommand(QStringLiteral("busy"), scene.controller);
+        command->setExecutionQoS(Tessel::EQualityOfService::Utility);
+        command->enableExecutionNotification(true);
+        command->setExecutionNotificationMessage(CommandBase::ENotification::ExecutionBegan,
+                                                 QStringLiteral("begun"));
+        command->executionContext.overwrite(QStringLiteral("busy"), {State::Off, State::Keep});
+        command->work = held.work();
+        bool endedOnMainThread = false;
+        command->ended = [&] { endedOnMainThread = Lumo::Test::isMainThread(); };
+        scene.controller->addCommand(command);
+        QVERIFY(command->onExecute());
+        QTRY_COMPARE(held.started(), 1);
+        QTRY_VERIFY(!service.isWorkspaceSwitchingEnabled());
+        QVERIFY(QGuiApplication::overrideCursor());
+        if (closes)
+            scene.view->close();
+        else
+            delete widget.data();
+        QTRY_VERIFY(!widget);
+        QVERIFY(!scene.controller && command);
+        QVERIFY(!QGuiApplication::overrideCursor());
+        held.letGo();
+        QTRY_VERIFY(!command);
+        QVERIFY(endedOnMainThread);
+        QVERIFY(service.isWorkspaceSwitchingEnabled());
+        QVERIFY(!QGuiApplication::overrideCursor());
+    }
+
     void messagesOfARun_data()
     {
         QTest::addColumn<QString>("began");
@@ -1419,6 +1544,34 @@ private Q_SLOTS:
         QCOMPARE(command->getViewController(), scene.controller.data());
         QCOMPARE(command->getView(), scene.view.data());
         QVERIFY(scene.view->getQtWidget()->actions().contains(command));
+    }
+
+private:
+    /// Sends a widget what its tools hear of, as long as it lives.
+    static void sendAll(const QPointer<QWidget> &widget)
+    {
+        const auto send = [&widget](QEvent &&event) {
+            if (widget)
+                QCoreApplication::sendEvent(widget, &event);
+        };
+        const auto mouse = [&send](QEvent::Type type, Qt::MouseButton button,
+                                   Qt::MouseButtons buttons) {
+            send(QMouseEvent(type, {5, 5}, {5, 5}, {5, 5}, button, buttons, Qt::NoModifier));
+        };
+        send(QKeyEvent(QEvent::KeyPress, Qt::Key_A, Qt::NoModifier));
+        send(QKeyEvent(QEvent::KeyRelease, Qt::Key_A, Qt::NoModifier));
+        send(QWheelEvent({5, 5}, {5, 5}, {}, {0, 120}, Qt::NoButton, Qt::NoModifier,
+                         Qt::NoScrollPhase, false));
+        mouse(QEvent::MouseButtonPress, Qt::LeftButton, Qt::LeftButton);
+        mouse(QEvent::MouseMove, Qt::NoButton, Qt::LeftButton);
+        mouse(QEvent::MouseButtonPress, Qt::RightButton, Qt::LeftButton | Qt::RightButton);
+        mouse(QEvent::MouseMove, Qt::NoButton, Qt::LeftButton | Qt::RightButton);
+        mouse(QEvent::MouseButtonRelease, Qt::RightButton, Qt::LeftButton);
+        mouse(QEvent::MouseButtonRelease, Qt::LeftButton, Qt::NoButton);
+        mouse(QEvent::MouseButtonPress, Qt::LeftButton, Qt::LeftButton);
+        mouse(QEvent::MouseButtonRelease, Qt::LeftButton, Qt::NoButton);
+        mouse(QEvent::MouseButtonDblClick, Qt::LeftButton, Qt::LeftButton);
+        mouse(QEvent::MouseButtonRelease, Qt::LeftButton, Qt::NoButton);
     }
 };
 
