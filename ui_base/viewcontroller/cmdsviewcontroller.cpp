@@ -80,6 +80,16 @@ std::shared_ptr<CommandGroup> makeGroup(const QString &text, const QString &name
     return std::make_shared<CommandGroup>(QString(), text, name);
 }
 
+std::vector<std::shared_ptr<CommandBase>> adopted(const QList<CommandBase *> &commands)
+{
+    std::vector<std::shared_ptr<CommandBase>> result;
+    for (CommandBase *const command : commands) {
+        if (command)
+            result.push_back(command->shared_from_this());
+    }
+    return result;
+}
+
 EToolActivationButton highestButton(Qt::MouseButtons buttons)
 {
     if (buttons.testFlag(Qt::RightButton))
@@ -156,15 +166,8 @@ void CmdsViewControllerPrivate::popCursor()
         view->setCursor(before);
 }
 
-/// Adds a command of the application manager; one that is refused and that nobody owns ends here. So
-/// do those that are left when an observer of the ones before has closed the view.
 void CmdsViewControllerPrivate::add(CommandBase *command)
 {
-    if (!command)
-        return;
-    const auto adopted = command->shared_from_this();
-    if (!q->isLoaded())
-        return;
     try {
         q->addCommand(command);
     } catch (const std::runtime_error &error) {
@@ -415,9 +418,13 @@ void CmdsViewController::viewDidLoad()
         Services::ApplicationService::GetInstance().GetAppManager();
     if (!manager)
         return;
-    const QList<CommandBase *> commands = manager->commands(this);
-    for (CommandBase *const command : commands)
-        d->add(command);
+    // All are held before the first is added: observers may make the application let go of them, and
+    // close the view. Those that are refused or left then end here, unless somebody owns them.
+    const std::vector<std::shared_ptr<CommandBase>> commands = adopted(manager->commands(this));
+    for (const std::shared_ptr<CommandBase> &command : commands) {
+        if (isLoaded())
+            d->add(command.get());
+    }
 }
 
 bool CmdsViewController::viewWillClose()

@@ -40,6 +40,8 @@
 
 #include <atomic>
 #include <functional>
+#include <memory>
+#include <vector>
 
 using namespace Vela::UiBase;
 using Lumo::Test::EventLog;
@@ -191,6 +193,19 @@ private:
         if (const std::function<void()> copy = function)
             copy();
     }
+};
+
+/// Calls what a test puts into it when a command "first" is added.
+class AddObserver : public CmdMgrProtocol
+{
+public:
+    void commandAdded(CmdMgr *, CommandBase *command) override
+    {
+        if (command && command->commandId() == QStringLiteral("first"))
+            firstAdded();
+    }
+
+    std::function<void()> firstAdded;
 };
 
 /// Work that holds its worker until it is let go, which it is in the end of this object at last.
@@ -1132,16 +1147,6 @@ private Q_SLOTS:
 
     void viewMayBeClosedWhileItsCommandsAreAdded()
     {
-        class Closing : public CmdMgrProtocol
-        {
-        public:
-            void commandAdded(CmdMgr *, CommandBase *command) override
-            {
-                if (command && command->commandId() == QStringLiteral("first"))
-                    close();
-            }
-            std::function<void()> close;
-        };
         Manager manager;
         ApplicationService::GetInstance().setAppManager(&manager);
         bool ended = false;
@@ -1153,16 +1158,34 @@ private Q_SLOTS:
         };
         Scene scene;
         scene.view->setDeleteOnCloseAttribute(false);
-        const auto observer = std::make_shared<Closing>();
-        observer->close = [&] { scene.view->close(); };
+        const auto observer = std::make_shared<AddObserver>();
+        observer->firstAdded = [&] { scene.view->close(); };
         scene.controller->addObserver(observer, false);
         scene.view->show();
         QVERIFY(!scene.controller->isLoaded());
         QVERIFY(std::as_const(*scene.controller).commandBag().empty());
         QVERIFY(ended);
-        observer->close = [] {};
+        observer->firstAdded = [] {};
         scene.view->show();
         QCOMPARE(int(std::as_const(*scene.controller).commandBag().size()), 2);
+    }
+
+    void applicationMayLetGoOfItsCommandsWhileTheyAreAdded()
+    {
+        std::vector<std::shared_ptr<TestCommand>> owned;
+        for (const char *const id : {"first", "second", "third"})
+            owned.push_back(std::make_shared<TestCommand>(QString::fromLatin1(id)));
+        Manager manager;
+        ApplicationService::GetInstance().setAppManager(&manager);
+        manager.make = [&](CmdsViewController *) {
+            return QList<CommandBase *> {owned[0].get(), owned[1].get(), owned[2].get()};
+        };
+        const Scene scene;
+        const auto observer = std::make_shared<AddObserver>();
+        observer->firstAdded = [&] { owned.clear(); };
+        scene.controller->addObserver(observer, false);
+        scene.view->show();
+        QCOMPARE(int(std::as_const(*scene.controller).commandBag().size()), 3);
     }
 
     void runThatAsksForItShowsTheBusyCursor()
