@@ -22,6 +22,7 @@
 #include <QWidget>
 
 #include <atomic>
+#include <functional>
 #include <limits>
 #include <stdexcept>
 #include <thread>
@@ -61,13 +62,19 @@ public:
         lastController = controller;
         lastDirection = direction;
         ++presented;
+        if (asked)
+            asked();
         return m_takesOver;
     }
     bool dismissViewController() override
     {
         ++dismissed;
+        if (asked)
+            asked();
         return m_takesOver;
     }
+
+    std::function<void()> asked;
 
     BaseViewController *lastController = nullptr;
     ETransitionDirection lastDirection = eTransitionNone;
@@ -492,6 +499,34 @@ private Q_SLOTS:
         stage.presenter->presentViewController(stage.presented, eTransitionFromLeft);
         QCOMPARE(stage.presenter.isNull(), presenterDies);
         QVERIFY(!stage.presented);
+    }
+
+    void delegateMayEndTheViews_data()
+    {
+        QTest::addColumn<bool>("takesOver");
+        QTest::newRow("takes over") << true;
+        QTest::newRow("declines") << false;
+    }
+
+    void delegateMayEndTheViews()
+    {
+        QFETCH(bool, takesOver);
+        const Stage stage;
+        const auto delegate = std::make_shared<Presenter>(takesOver);
+        delegate->asked = [&] {
+            delete stage.window.data();
+            delete stage.overlay.data();
+        };
+        stage.presenter->setDelegate(delegate, false);
+        QCOMPARE(stage.presenter->presentViewController(stage.presented, eTransitionFromLeft),
+                 takesOver);
+        QVERIFY(!stage.presenter && !stage.presented);
+        const Stage another;
+        another.presenter->presentViewController(another.presented, eTransitionFromLeft);
+        another.presented->setDelegate(delegate, false);
+        delegate->asked = [&] { delete another.window.data(); };
+        QVERIFY(another.presented->dismissViewController());
+        QVERIFY(!another.presenter && !another.presented);
     }
 
     void dismissalSurvivesTheDeathOfEither_data() { presentationSurvivesTheDeathOfEither_data(); }
