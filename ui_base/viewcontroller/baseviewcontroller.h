@@ -38,7 +38,16 @@ class BaseViewControllerPrivate;
 /// controller without a view, or one whose view has gone, is legal: nothing happens to it, and its
 /// operations answer as of a view that was closed. Main thread only, apart from showNotification()
 /// and hideNotification(). A thread that calls these has to keep the controller alive meanwhile,
-/// and to let go of it on the main thread.
+/// and to let go of it on the main thread. Without that it posts the call there, with a weak pointer
+/// that was taken on the main thread:
+///
+/// @code
+/// const std::weak_ptr<BaseViewController> controller = this->controller;
+/// Tessel::dispatchAsync([controller, text] {
+///     if (const auto living = controller.lock())
+///         living->showNotification(text, eNotificationFadeInOut, 3000, false, nullptr, nullptr);
+/// }, Tessel::EQualityOfService::Main);
+/// @endcode
 /// \sa BaseView, docs/views.md
 class LUMO_UI_BASE_EXPORT BaseViewController
     : public QObject,
@@ -91,7 +100,8 @@ public:
     /// The view has appeared, or was uncovered by a dismissal. Brings a notification back that is
     /// still showing. Overrides have to call it.
     virtual void viewDidAppear();
-    /// The view is about to be closed. Ends what viewDidLoad() began. Overrides have to call it.
+    /// The view is about to be closed. Ends what viewDidLoad() began. Overrides that agree have to
+    /// call it; one that refuses returns false without it, and stays loaded.
     /// @return false to keep the view open, which a caller may overrule where it says so
     virtual bool viewWillClose();
     /// The view's widget has another size. Gives a presented view the same. Overrides have to call

@@ -272,6 +272,8 @@ std::shared_ptr<InteractiveTool> CmdsViewController::handOver(Qt::MouseButton bu
 
 bool CmdsViewController::mousePress(QMouseEvent *event)
 {
+    if (!event)
+        return false;
     if (d->offer(&ViewResponder::mousePress, event))
         return true;
     const std::shared_ptr<InteractiveTool> tool = handOver(event->button());
@@ -283,6 +285,8 @@ bool CmdsViewController::mousePress(QMouseEvent *event)
 
 bool CmdsViewController::mouseMove(QMouseEvent *event)
 {
+    if (!event)
+        return false;
     if (d->offer(&ViewResponder::mouseMove, event))
         return true;
     if (const std::shared_ptr<InteractiveTool> operating = getOperatingTool())
@@ -307,6 +311,8 @@ bool CmdsViewController::mouseRelease(QMouseEvent *event)
 
 bool CmdsViewController::mouseDoubleClick(QMouseEvent *event)
 {
+    if (!event)
+        return false;
     if (d->offer(&ViewResponder::mouseDoubleClick, event))
         return true;
     return handOver(event->button())->mouseDoubleClick(event);

@@ -119,7 +119,21 @@ public:
     /// command without an id is skipped with a warning. Overrides have to call it.
     void viewDidLoad() override;
     /// Takes every command to its inactive state, within the call, and removes them all. Overrides
-    /// have to call it. @return true
+    /// that agree to the close have to call it, and those that refuse must not: the commands come
+    /// back with the next show only.
+    ///
+    /// A command that runs in the background goes on with its run, of which nothing is shown any
+    /// more, and ends with it. Its work must not ask for getViewController(), which may die
+    /// meanwhile. A host that wants to hear of the end holds the command until then:
+    ///
+    /// @code
+    /// auto *const command = new ExportCommand(controller); // with a background quality of service
+    /// controller->addCommand(command);
+    /// m_export = command->shared_from_this(); // a std::shared_ptr<CommandBase> of the host
+    /// command->addObserver(m_exportObserver, true); // lets go of m_export when the run has ended
+    /// command->trigger();
+    /// @endcode
+    /// @return true
     bool viewWillClose() override;
 
     /// If @p command asks for notification, shows the busy cursor while it runs, and its message

@@ -515,6 +515,19 @@ private Q_SLOTS:
         }
     }
 
+    void nullEventsAreNotConsumed()
+    {
+        Scene scene;
+        const auto left = scene.push(eToolButtonLeft, "left");
+        const auto command = scene.run();
+        QVERIFY(!scene.controller->mousePress(nullptr));
+        QVERIFY(!scene.controller->mouseMove(nullptr));
+        QVERIFY(!scene.controller->mouseDoubleClick(nullptr));
+        QVERIFY(!scene.controller->mouseRelease(nullptr));
+        QVERIFY(!scene.controller->mouseWheel(nullptr));
+        QVERIFY(!scene.controller->keyPress(nullptr));
+    }
+
     void runningCommandGoesFirst()
     {
         Scene scene;
@@ -1451,6 +1464,7 @@ private Q_SLOTS:
     {
         QFETCH(bool, closes);
         ApplicationService &service = ApplicationService::GetInstance();
+        bool endedOnMainThread = false;
         HeldWork held;
         Scene scene;
         scene.view->show();
@@ -1463,7 +1477,6 @@ private Q_SLOTS:
                                                  QStringLiteral("begun"));
         command->executionContext.overwrite(QStringLiteral("busy"), {State::Off, State::Keep});
         command->work = held.work();
-        bool endedOnMainThread = false;
         command->ended = [&] { endedOnMainThread = Lumo::Test::isMainThread(); };
         scene.controller->addCommand(command);
         QVERIFY(command->onExecute());
@@ -1482,6 +1495,71 @@ private Q_SLOTS:
         QVERIFY(endedOnMainThread);
         QVERIFY(service.isWorkspaceSwitchingEnabled());
         QVERIFY(!QGuiApplication::overrideCursor());
+    }
+
+    void hostThatHoldsItsCommandHearsTheEndOfARun()
+    {
+        bool ended = false;
+        HeldWork held;
+        Scene scene;
+        auto *const command = new TestCommand(QStringLiteral("export"), scene.controller);
+        command->setExecutionQoS(Tessel::EQualityOfService::Utility);
+        command->work = held.work();
+        scene.controller->addCommand(command);
+        std::shared_ptr<CommandBase> holder = command->shared_from_this();
+        command->ended = [&] { ended = true; };
+        const auto observer = std::make_shared<RunObserver>();
+        observer->ended = [&] { holder.reset(); };
+        command->addObserver(observer, true);
+        command->trigger();
+        QTRY_COMPARE(held.started(), 1);
+        delete scene.view->getQtWidget();
+        QCOMPARE(command->getViewController(), nullptr);
+        held.letGo();
+        QTRY_VERIFY(!holder);
+        QTRY_VERIFY(ended);
+    }
+
+    void workTellsTheUserByTheMainQueue_data()
+    {
+        QTest::addColumn<bool>("viewDies");
+        QTest::newRow("view lives") << false;
+        QTest::newRow("view dies") << true;
+    }
+
+    void workTellsTheUserByTheMainQueue()
+    {
+        QFETCH(bool, viewDies);
+        bool ended = false;
+        HeldWork held;
+        Scene scene;
+        auto *const command = new TestCommand(QStringLiteral("tells"), scene.controller);
+        const std::weak_ptr<BaseViewController> weak =
+            scene.controller->BaseViewController::shared_from_this();
+        const auto wait = held.work();
+        command->setExecutionQoS(Tessel::EQualityOfService::Utility);
+        command->work = [wait, weak](bool checked) {
+            wait(checked);
+            const auto tell = [weak] {
+                if (const auto living = weak.lock())
+                    living->showNotification(QStringLiteral("half"), eNotificationNoFade, 3000,
+                                             false, nullptr, nullptr);
+            };
+            return Tessel::dispatchAsync(tell, Tessel::EQualityOfService::Main);
+        };
+        command->ended = [&ended] { ended = true; };
+        scene.controller->addCommand(command);
+        command->trigger();
+        QTRY_COMPARE(held.started(), 1);
+        if (viewDies)
+            delete scene.view->getQtWidget();
+        held.letGo();
+        if (viewDies) {
+            QTRY_VERIFY(ended);
+            QVERIFY(!scene.controller);
+        } else {
+            QTRY_VERIFY(scene.bar() && dataOf(scene.bar()).text == QStringLiteral("half"));
+        }
     }
 
     void messagesOfARun_data()
