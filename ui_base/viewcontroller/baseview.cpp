@@ -317,7 +317,8 @@ void BaseView::setQtWidget(QWidget *widget)
     setParent(widget);
     const QPointer<QWidget> parent = earlier ? earlier->parentWidget() : widget->parentWidget();
     closeRegardless();
-    if (!living || !later)
+    // What hears of the close may end the new widget, and give the view another one.
+    if (!living || this->parent() != later)
         return;
     if (earlier)
         earlier->removeEventFilter(this);
@@ -359,10 +360,10 @@ void BaseView::setViewController(BaseViewController *controller)
 void BaseView::closeRegardless()
 {
     const QPointer<BaseView> living(this);
-    d->ignoresVeto = true;
+    const bool wasIgnored = std::exchange(d->ignoresVeto, true);
     close();
     if (living)
-        d->ignoresVeto = false;
+        d->ignoresVeto = wasIgnored;
 }
 
 /// Closes the widget and lets go of the controller, which is about to get another view.
