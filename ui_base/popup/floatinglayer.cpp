@@ -58,7 +58,10 @@ class FloatingLayerPrivate
 public:
     explicit FloatingLayerPrivate(FloatingLayer *layer)
         : q(layer)
-    { }
+    {
+        followTimer.setSingleShot(true);
+        QObject::connect(&followTimer, &QTimer::timeout, q, [this] { followIntoOtherWindow(); });
+    }
 
     void handleWidgetEvent(QEvent *event);
     void handleParentEvent(QObject *watched, QEvent *event);
@@ -76,6 +79,7 @@ public:
     QMargins margins;
     // The parent and what it stands in, up to its window: each of them can carry it along.
     QVector<QPointer<QWidget>> watchedParents;
+    QTimer followTimer;
 };
 
 void FloatingLayerPrivate::handleWidgetEvent(QEvent *event)
@@ -118,7 +122,7 @@ void FloatingLayerPrivate::handleParentEvent(QObject *watched, QEvent *event)
         q->setEventFilterForParentWidget(true);
         onParentWidgetMove(parent->pos());
         // Later: the other window has to be on the screen before what stands above it.
-        QTimer::singleShot(0, q, [this] { followIntoOtherWindow(); });
+        followTimer.start();
     }
 }
 
@@ -336,7 +340,7 @@ bool FloatingLayer::eventFilter(QObject *watched, QEvent *event)
         d->handleParentEvent(watched, event);
     if (!receiver)
         return true;
-    return self && QObject::eventFilter(watched, event);
+    return self && QDialog::eventFilter(watched, event);
 }
 
 void FloatingLayer::keyPressEvent(QKeyEvent *event)

@@ -110,7 +110,7 @@ protected:
 private:
     void prepare()
     {
-        const qreal ratio = devicePixelRatioF();
+        const qreal ratio = Internal::devicePixelRatioFor(*this);
         if (LumoMath::equals(ratio, m_ratio, Tolerance))
             return;
         m_ratio = ratio;
@@ -527,7 +527,7 @@ void NotificationBarPrivate::ShowInCorrectStackOrder()
 void NotificationBarPrivate::preparePictures()
 {
     Q_Q(NotificationBar);
-    const qreal ratio = q->devicePixelRatioF();
+    const qreal ratio = Internal::devicePixelRatioFor(*q);
     const bool isReady = LumoMath::equals(ratio, preparedRatio, Tolerance)
         && Internal::logicalSize(preparedPixmap) == pixmapRect.size();
     if (isReady)
@@ -638,6 +638,7 @@ void NotificationBar::SetDismissInterval(int milliseconds)
     d->dismissTimer->setInterval(d->dismissInterval);
 }
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): the signature is the interface.
 void NotificationBar::SetBackColor(QColor color)
 {
     Q_D(NotificationBar);
@@ -655,6 +656,7 @@ QColor NotificationBar::BackColor() const
     return d->lastBackColor;
 }
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): the signature is the interface.
 void NotificationBar::SetTextColor(QColor)
 {
     Q_D(NotificationBar);
