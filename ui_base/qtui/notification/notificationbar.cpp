@@ -31,6 +31,8 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <cmath>
+#include <limits>
 
 namespace Vela::UiBase {
 namespace {
@@ -40,6 +42,7 @@ constexpr int DefaultDismissInterval = 3000;
 constexpr int DistanceFromBottom = 56;
 constexpr int CloseButtonSize = 20;
 constexpr int CloseButtonGap = 4;
+constexpr int LargestSpinner = 4096;
 constexpr double LastAngle = -359.0;
 constexpr double Tolerance = 1e-5;
 
@@ -134,11 +137,6 @@ bool canShapeWindows()
 {
     const QString platform = QGuiApplication::platformName();
     return platform != QLatin1String("offscreen") && platform != QLatin1String("minimal");
-}
-
-bool canHold(const QWidget &bar, const QWidget *control)
-{
-    return control && control != &bar && !control->isAncestorOf(&bar);
 }
 
 // What has no size of its own yet would count with the size that Qt gives to every new widget.
@@ -262,6 +260,12 @@ bool NotificationBarPrivate::isOpaqueAtAll() const
 bool NotificationBarPrivate::hasContent() const
 {
     return label || control;
+}
+
+bool NotificationBarPrivate::canHold(const QWidget *content) const
+{
+    const bool isPart = content == holder || content == closeButton || content == label;
+    return content && content != q_ptr && !isPart && !content->isAncestorOf(q_ptr);
 }
 
 void NotificationBarPrivate::startMessage(ENotificationFadeOption fade, int milliseconds,
@@ -465,8 +469,8 @@ void NotificationBarPrivate::animateAppearance()
 
 QAbstractAnimation *NotificationBarPrivate::makePulse()
 {
-    // Qt can't loop for ever over what takes no time.
-    const int halfPeriod = std::max(dismissInterval, 1);
+    // Qt can't loop for ever over what takes no time, and both halves are added up.
+    const int halfPeriod = std::clamp(dismissInterval, 1, std::numeric_limits<int>::max() / 4);
     auto *const pulse = new QSequentialAnimationGroup;
     pulse->addAnimation(makeAnimation(q_ptr, "BackColor", backColor, pulseBackColor, halfPeriod));
     pulse->addAnimation(makeAnimation(q_ptr, "BackColor", pulseBackColor, backColor, halfPeriod));
@@ -603,7 +607,7 @@ void NotificationBar::ShowControl(QWidget *control, ENotificationFadeOption fade
                                   bool showCloseButton)
 {
     Q_D(NotificationBar);
-    const bool isNew = canHold(*this, control);
+    const bool isNew = d->canHold(control);
     if (!isNew && !d->hasContent())
         return;
     if (isNew)
@@ -683,12 +687,14 @@ void NotificationBar::SetSimpleText(QString text)
 void NotificationBar::SetControl(QWidget *control)
 {
     Q_D(NotificationBar);
-    if (!canHold(*this, control))
+    if (!d->canHold(control))
         return;
-    if (d->control == control)
+    if (d->control == control) {
         d->holder->layout()->removeWidget(control);
-    else
+    } else {
+        control->setParent(this); // may stand in the present one
         d->takeOutControl();
+    }
     d->takeOutLabel();
     d->control = control;
     d->holder->layout()->addWidget(control);
@@ -725,7 +731,7 @@ void NotificationBar::SetDeterministicSpinner(bool on)
 void NotificationBar::SetSpinnerSize(int size)
 {
     Q_D(NotificationBar);
-    d->spinnerSize = std::max(size, 0);
+    d->spinnerSize = std::clamp(size, 0, LargestSpinner);
     d->spinnerDiscSize = d->spinnerSize * 40 / 48;
     d->spinnerCentreSize = d->spinnerSize * 28 / 48;
     d->pixmapSize = d->spinnerSize * 18 / 48;
@@ -735,6 +741,8 @@ void NotificationBar::SetSpinnerSize(int size)
 void NotificationBar::SetSpinnerAngle(double degrees)
 {
     Q_D(NotificationBar);
+    if (!std::isfinite(degrees))
+        return;
     d->spinnerAngle = degrees;
     update();
 }

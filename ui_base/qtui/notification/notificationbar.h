@@ -108,11 +108,12 @@ public:
     void SetDeterministicSpinner(bool on);
 
     /// Sets the diameter of the spinner in logical pixels, 48 by default; its parts keep their
-    /// proportions. Less than 0 counts as 0.
+    /// proportions. Less than 0 counts as 0, more than 4096 as 4096.
     void SetSpinnerSize(int size);
 
     /// Turns the sector of the spinner, or with SetDeterministicSpinner() sets its length.
-    /// @param degrees clockwise from three o'clock as a length of progress, anticlockwise as a turn
+    /// @param degrees clockwise from three o'clock as a length of progress, anticlockwise as a turn;
+    ///                infinity and what is no number are ignored
     void SetSpinnerAngle(double degrees);
     /// The angle that was set last, 0 at first.
     double SpinnerAngle() const;
@@ -135,8 +136,8 @@ protected:
     NotificationBar(NotificationBarPrivate &dd, QWidget *parent);
 
     /// Replaces the content by @p control, which belongs to the bar from now on, and fits the size,
-    /// without showing or hiding anything. Null, the bar itself and a widget that the bar stands in
-    /// are ignored.
+    /// without showing or hiding anything. Null, the bar itself, its own parts and a widget that the
+    /// bar stands in are ignored.
     void SetControl(QWidget *control);
 
     void enterEvent(QEvent *event) override;

@@ -103,6 +103,7 @@ private:
 
     bool isOpaqueAtAll() const;
     bool hasContent() const;
+    bool canHold(const QWidget *content) const;
     void startMessage(ENotificationFadeOption fade, int milliseconds, bool showCloseButton);
     void clearAnimations();
     void stopAnimations();

@@ -490,6 +490,19 @@ private Q_SLOTS:
         QCOMPARE(qRed(pulsed), 234);
     }
 
+    void longestIntervalIsNoDangerToThePulse()
+    {
+        const Scene scene;
+        scene.bar->SetDismissInterval(std::numeric_limits<int>::max());
+        scene.bar->ShowSimpleText(QStringLiteral("Saving"), eNotificationPulse, 10, false);
+        scene.bar->appear();
+        const auto *const pulse = child(child(scene.bar->data().animationGroup, 0), 1);
+        // An overflow in Qt's sum of both halves would show here, and abort with the end of the bar.
+        QVERIFY(pulse->duration() > std::numeric_limits<int>::max() / 4);
+        scene.bar->goTo(Minute);
+        QVERIFY(scene.bar->isVisible());
+    }
+
     void spinnerTurnsOnceInAPeriodForEver()
     {
         const Scene scene;
@@ -566,6 +579,33 @@ private Q_SLOTS:
         QVERIFY(scene.bar->data().spinnerVisible);
     }
 
+    void messageThatWaitsOutlivesTheEndOfTheLast_data()
+    {
+        QTest::addColumn<int>("fade");
+        QTest::newRow("fade in and out") << int(eNotificationFadeInOut);
+        QTest::newRow("fade out only") << int(eNotificationFadeOutOnly);
+        QTest::newRow("no fade") << int(eNotificationNoFade);
+    }
+
+    void messageThatWaitsOutlivesTheEndOfTheLast()
+    {
+        QFETCH(int, fade);
+        const Scene scene;
+        scene.bar->showNow(eNotificationFadeOutOnly, true);
+        scene.bar->ShowSimpleText(QStringLiteral("Two"), ENotificationFadeOption(fade), Minute,
+                                  true);
+        scene.bar->data().closeButton->click();
+        scene.bar->goTo(10);
+        scene.bar->appear();
+        scene.bar->goTo(700);
+        QCOMPARE(scene.bar->opacity(), 1.0);
+        QVERIFY(scene.bar->isVisible());
+        QVERIFY(scene.bar->isShowing());
+        const QSignalSpy clicked(scene.bar, &NotificationBar::mouseClicked);
+        QTest::mousePress(scene.bar, Qt::LeftButton, Qt::NoModifier, QPoint(5, 70));
+        QCOMPARE(clicked.size(), 1);
+    }
+
     // Going
 
     void timeOutFadesOutAndHides()
@@ -634,6 +674,40 @@ private Q_SLOTS:
         QVERIFY(!scene.bar->data().closedByUser);
         QCOMPARE(scene.bar->data().animationGroup->state(), QAbstractAnimation::Stopped);
         QCOMPARE(scene.host.children().last(), sibling);
+    }
+
+    void whatCannotBeSeenIsNotInTheWay()
+    {
+        const Scene scene;
+        auto *const button = new QPushButton(QStringLiteral("Undo"));
+        scene.bar->ShowControl(button, eNotificationNoFade, Minute, true);
+        scene.bar->appear();
+        const QPoint onButton = button->mapTo(&scene.host, button->rect().center());
+        const QPoint onCross = scene.bar->data().closeButton->mapTo(&scene.host, QPoint(9, 9));
+        QCOMPARE(scene.host.childAt(onButton), button);
+        QCOMPARE(scene.host.childAt(onCross), scene.bar->data().closeButton);
+        scene.bar->expire();
+        QCOMPARE(scene.host.childAt(onButton), scene.bar.data());
+        QCOMPARE(scene.host.childAt(onCross), scene.bar.data());
+        scene.bar->ShowControl(button, eNotificationNoFade, Minute, true);
+        scene.bar->appear();
+        QTRY_COMPARE(scene.host.childAt(onButton), button);
+    }
+
+    void fadeOutIsNotBegunTwice()
+    {
+        const Scene scene;
+        scene.bar->showNow(eNotificationFadeInOut, true);
+        QVERIFY(scene.bar->data().dismissTimer->isActive());
+        scene.bar->DismissMe();
+        QVERIFY(!scene.bar->data().dismissTimer->isActive());
+        scene.bar->goTo(350);
+        scene.bar->send(QEvent::Leave);
+        scene.bar->expire();
+        scene.bar->DismissMe();
+        QCOMPARE(scene.bar->opacity(), 0.5);
+        scene.bar->goTo(700);
+        QVERIFY(scene.bar->isHidden());
     }
 
     void timeOutForgetsIntervalAndCloseButton()
@@ -728,6 +802,21 @@ private Q_SLOTS:
         QCOMPARE(group->state(), QAbstractAnimation::Paused);
         QVERIFY(scene.bar->isShowing());
         scene.bar->show();
+        QCOMPARE(group->state(), QAbstractAnimation::Running);
+    }
+
+    void endlessAnimationsWaitForAHiddenHost()
+    {
+        QWidget host;
+        const QPointer<DrivenBar> bar = new DrivenBar(&host);
+        bar->ShowSimpleText(QStringLiteral("Saving"), eNotificationPulse, 10, false);
+        bar->appear();
+        const QParallelAnimationGroup *const group = bar->data().animationGroup;
+        QCOMPARE(group->state(), QAbstractAnimation::Paused);
+        bar->SetShowSpinnerOnly(true);
+        for (const auto *animation : bar->findChildren<QPropertyAnimation *>())
+            QVERIFY(animation->state() != QAbstractAnimation::Running);
+        host.show();
         QCOMPARE(group->state(), QAbstractAnimation::Running);
     }
 
@@ -1037,6 +1126,35 @@ private Q_SLOTS:
         QVERIFY(!scene.host.parentWidget());
     }
 
+    void barDoesNotTakeInItsOwnParts()
+    {
+        const Scene scene;
+        scene.bar->showNow(eNotificationFadeOutOnly, true);
+        const NotificationBarPrivate &d = scene.bar->data();
+        for (QWidget *part :
+             {static_cast<QWidget *>(d.label), d.holder, static_cast<QWidget *>(d.closeButton)}) {
+            QWidget *const parent = part->parentWidget();
+            scene.bar->ShowControl(part, eNotificationFadeOutOnly, Minute, true);
+            scene.bar->SetControl(part);
+            QCOMPARE(part->parentWidget(), parent);
+        }
+        QVERIFY(!d.control);
+        QCOMPARE(d.label->text(), QStringLiteral("Saved."));
+    }
+
+    void partOfAControlCanTakeItsPlace()
+    {
+        const Scene scene;
+        const QPointer<QWidget> control = makeControl(50, 50);
+        const QPointer<QWidget> part = makeControl(20, 20);
+        part->setParent(control);
+        scene.bar->SetControl(control);
+        scene.bar->SetControl(part);
+        QVERIFY(!control);
+        QVERIFY(part);
+        QCOMPARE(scene.bar->data().control, part);
+    }
+
     void controlThatDiesLeavesAnEmptyBox()
     {
         const Scene scene;
@@ -1207,6 +1325,15 @@ private Q_SLOTS:
         QCOMPARE(picture(*scene.bar).height(), 50);
     }
 
+    void spinnerHasALargestSize()
+    {
+        const Scene scene;
+        scene.bar->SetControl(makeControl(10, 10));
+        scene.bar->SetSpinnerSize(std::numeric_limits<int>::max());
+        QCOMPARE(scene.bar->data().outerRect.size(), QSize(4096, 4096));
+        QCOMPARE(scene.bar->data().discRect.size(), QSize(3413, 3413));
+    }
+
     void spinnerIsPaintedInItsColours()
     {
         const Scene scene;
@@ -1273,6 +1400,15 @@ private Q_SLOTS:
              {QPoint(112, 36), QPoint(88, 36), QPoint(88, 12), QPoint(112, 12)})
             found += QLatin1Char(image.pixelColor(diagonal) == Sweep ? 'x' : '.');
         QCOMPARE(found, covered);
+    }
+
+    void angleThatIsNoNumberIsIgnored()
+    {
+        const Scene scene;
+        scene.bar->SetSpinnerAngle(12.5);
+        scene.bar->SetSpinnerAngle(std::numeric_limits<double>::quiet_NaN());
+        scene.bar->SetSpinnerAngle(std::numeric_limits<double>::infinity());
+        QCOMPARE(scene.bar->SpinnerAngle(), 12.5);
     }
 
     void spinnerIsSharpOnAScreenOfAHigherRatio()
