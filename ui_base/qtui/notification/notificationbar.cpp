@@ -433,6 +433,10 @@ void NotificationBarPrivate::ShowMe()
 {
     Q_Q(NotificationBar);
     dismissTimer->stop();
+    // The message before this one may have been sent away while this one waited.
+    stopAnimations();
+    closedByUser = false;
+    holder->setAttribute(Qt::WA_TransparentForMouseEvents, false);
     showing = true;
     const bool isPulse = fadeOption == eNotificationPulse;
     q->SetBackColor(isPulse ? backColor : fullBackColor);
@@ -772,11 +776,13 @@ void NotificationBar::OnDismissTimerTimeOut()
         d->opacityEffect->setOpacity(0.0);
         d->closedByUser = false;
         d->spinnerVisible = false;
+        // What cannot be seen any more is not in the way of the view below.
+        d->holder->setAttribute(Qt::WA_TransparentForMouseEvents);
         d->cutOutLayer(QRegion());
         update();
         lower();
-    } else if (!d->spinnerOnly) {
-        HideMe();
+    } else if (!d->spinnerOnly && !d->endOfFade) {
+        HideMe(); // one that is going already would flash
     }
     d->dismissInterval = DefaultDismissInterval;
     d->closeButtonVisible = false;
@@ -786,6 +792,7 @@ void NotificationBar::OnDismissTimerTimeOut()
 void NotificationBar::HideMe()
 {
     Q_D(NotificationBar);
+    d->dismissTimer->stop();
     d->clearAnimations();
     d->animationGroup->addAnimation(
         d->makeAnimation(d->opacityEffect, "opacity", 1.0, 0.0, d->fadeDuration));
