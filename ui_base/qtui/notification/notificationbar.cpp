@@ -449,8 +449,8 @@ void NotificationBarPrivate::ShowMe()
         animateAppearance();
     }
     cutOutLayer(seenRegion());
-    ShowInCorrectStackOrder();
     q->update();
+    ShowInCorrectStackOrder(); // last: who hears of it may end the bar
 }
 
 void NotificationBarPrivate::animateAppearance()
@@ -469,6 +469,8 @@ void NotificationBarPrivate::animateAppearance()
         animationGroup->addAnimation(turn);
     }
     animationGroup->start();
+    if (!q_ptr->isVisible())
+        holdEndlessAnimations(true);
 }
 
 QAbstractAnimation *NotificationBarPrivate::makePulse()
@@ -506,6 +508,8 @@ void NotificationBarPrivate::turnDynamicProperty()
     dynamicPropertyAnimation->setParent(q);
     dynamicPropertyAnimation->setLoopCount(-1);
     dynamicPropertyAnimation->start();
+    if (!q->isVisible())
+        holdEndlessAnimations(true);
 }
 
 // What never ends would wake the process for ever behind a hidden bar. A fade goes on: its end is
@@ -536,10 +540,12 @@ void NotificationBarPrivate::preparePictures()
 {
     Q_Q(NotificationBar);
     const qreal ratio = Internal::devicePixelRatioFor(*q);
-    const bool isReady = LumoMath::equals(ratio, preparedRatio, Tolerance)
-        && Internal::logicalSize(preparedPixmap) == pixmapRect.size();
+    const bool isReady = preparedFrom == spinnerPixmap.cacheKey()
+        && preparedSize == pixmapRect.size() && LumoMath::equals(ratio, preparedRatio, Tolerance);
     if (isReady)
         return;
+    preparedFrom = spinnerPixmap.cacheKey();
+    preparedSize = pixmapRect.size();
     preparedRatio = ratio;
     preparedPixmap = Internal::fitted(spinnerPixmap, pixmapRect.size(), ratio);
 }

@@ -131,8 +131,10 @@ private:
     QColor lastBackColor;
     QMetaObject::Connection endOfFade;
     QPointer<QPropertyAnimation> dynamicPropertyAnimation;
-    // The picture of the spinner in the pixels that it takes up on the screen, and for which.
+    // The picture of the spinner in the pixels that it takes up on the screen, and what it is for.
     QPixmap preparedPixmap;
+    qint64 preparedFrom = 0;
+    QSize preparedSize;
     qreal preparedRatio = 0;
 
     Q_DISABLE_COPY(NotificationBarPrivate)

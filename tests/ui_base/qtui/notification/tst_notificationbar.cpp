@@ -1366,6 +1366,9 @@ private Q_SLOTS:
         plain.fill(Outer);
         QVERIFY(with != plain);
         QCOMPARE(with.pixelColor(0, 0), Outer);
+        scene.bar->data().spinnerPixmap = QPixmap(48, 48);
+        scene.bar->data().spinnerPixmap.fill(Qt::red);
+        QCOMPARE(picture(*scene.bar).pixelColor(100, 24), QColor(Qt::red));
     }
 
     void sectorTurnsClockwiseFromThreeOClock_data()
