@@ -5,6 +5,7 @@
 
 #include <lumo_app_service/ApplicationService>
 
+#include <QCloseEvent>
 #include <QEvent>
 #include <QKeyEvent>
 #include <QMoveEvent>
@@ -49,6 +50,15 @@ void recordOriginalParent(QWidget *w, QWidget *parent)
         if (FloatingLayer::getWidgetOriginalParent(w) == parent)
             w->setProperty(OriginalParentProperty, QVariant::fromValue<QWidget *>(nullptr));
     });
+}
+
+// The window that a child of the widget would be closed with; layers in between only look like one.
+QWidget *windowOf(const QWidget &widget)
+{
+    QWidget *window = widget.window();
+    while (qobject_cast<FloatingLayer *>(window) && window->parentWidget())
+        window = window->parentWidget()->window();
+    return window;
 }
 
 } // namespace
@@ -354,6 +364,16 @@ void FloatingLayer::keyPressEvent(QKeyEvent *event)
     default:
         QDialog::keyPressEvent(event);
     }
+}
+
+void FloatingLayer::closeEvent(QCloseEvent *event)
+{
+    if (!event->spontaneous() || !parentWidget()) {
+        QDialog::closeEvent(event);
+        return;
+    }
+    event->ignore();
+    windowOf(*this)->close(); // last: the layer may go with it
 }
 
 } // namespace Vela::UiBase

@@ -88,8 +88,11 @@ public:
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
-    /// Escape, Return and Enter are passed on to the parent instead of closing the layer.
+    /// Ignores Escape, Return and Enter, which would close a dialog.
     void keyPressEvent(QKeyEvent *event) override;
+    /// What the user closes while the layer is active, as by Alt+F4, is the window that the old
+    /// parent stands in, as it would be with a child. close() closes the layer.
+    void closeEvent(QCloseEvent *event) override;
 
 private:
     FloatingLayer(QWidget *w, const QMargins &margins);

@@ -620,6 +620,60 @@ private Q_SLOTS:
         QVERIFY(!event.isAccepted());
     }
 
+    void userClosesTheWindowAndNotTheLayer()
+    {
+        Scene scene;
+        const QPointer<FloatingLayer> layer = scene.makeFloating();
+        scene.widget->show();
+        QCloseEvent event;
+        sendSpontaneous(layer, &event);
+        QVERIFY(!event.isAccepted());
+        QVERIFY(!scene.window.isVisible());
+        QVERIFY(layer->isVisible());
+        QVERIFY(scene.widget->isVisible());
+    }
+
+    void userClosesTheWindowBelowLayersInLayers()
+    {
+        Scene scene;
+        const FloatingLayer *const outer = scene.makeFloating();
+        auto *const inner = new QWidget(scene.widget);
+        FloatingLayer::makeWidgetFloating(inner, QMargins());
+        scene.widget->show();
+        inner->show();
+        QCloseEvent event;
+        sendSpontaneous(layerOf(inner), &event);
+        QVERIFY(!scene.window.isVisible());
+        QVERIFY(outer->isVisible());
+        QVERIFY(inner->isVisible());
+        delete inner;
+    }
+
+    void layerMayGoWithTheWindowThatTheUserCloses()
+    {
+        QPointer<QWidget> window = new QWidget;
+        window->setAttribute(Qt::WA_DeleteOnClose);
+        const std::unique_ptr<QWidget> widget(new QWidget(window));
+        window->show();
+        FloatingLayer::makeWidgetFloating(widget.get(), QMargins());
+        widget->show();
+        QCloseEvent event;
+        sendSpontaneous(layerOf(widget.get()), &event);
+        QTRY_VERIFY(!window);
+        QVERIFY(!widget->isVisible());
+    }
+
+    void layerWithoutParentIsClosedItself()
+    {
+        const std::unique_ptr<QWidget> widget(new QWidget);
+        FloatingLayer::makeWidgetFloating(widget.get(), QMargins());
+        widget->show();
+        QCloseEvent event;
+        sendSpontaneous(layerOf(widget.get()), &event);
+        QVERIFY(event.isAccepted());
+        QVERIFY(!layerOf(widget.get())->isVisible());
+    }
+
     void returnDoesNotPressADefaultButton()
     {
         Scene scene;
