@@ -528,6 +528,7 @@ private Q_SLOTS:
         const FloatingLayer *const layer = scene.makeFloating();
         scene.widget->show();
         scene.view->setParent(&other);
+        QCOMPARE(layer->pos(), originOf(other) + QPoint(40, 50) + QPoint(20, 30));
         scene.view->move(0, 0);
         scene.view->show();
         QCOMPARE(layer->pos(), QPoint(620, 530));
@@ -539,6 +540,10 @@ private Q_SLOTS:
         QTRY_COMPARE(layer->windowHandle()->transientParent(), other.windowHandle());
         QVERIFY(layer->isVisible());
         QVERIFY(scene.widget->isVisible());
+        const EventCounter timers(qApp, QEvent::Timer);
+        for (int i = 0; i < 3; ++i)
+            QCoreApplication::processEvents();
+        QCOMPARE(timers.count, 0);
         delete scene.view;
     }
 
