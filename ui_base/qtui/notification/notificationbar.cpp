@@ -139,10 +139,14 @@ bool canShapeWindows()
     return platform != QLatin1String("offscreen") && platform != QLatin1String("minimal");
 }
 
-// What has no size of its own yet would count with the size that Qt gives to every new widget.
+// A layout shows a widget in the size that it prefers, whichever it was given, and one without any
+// preference not at all. What has no size yet would count with the one that Qt gives to every new
+// widget.
 void giveSize(QWidget &control)
 {
-    if (!control.testAttribute(Qt::WA_Resized))
+    if (control.testAttribute(Qt::WA_Resized))
+        control.setFixedSize(control.size());
+    else
         control.adjustSize();
 }
 
@@ -704,13 +708,13 @@ void NotificationBar::SetControl(QWidget *control)
     } else {
         control->setParent(this); // may stand in the present one
         d->takeOutControl();
+        giveSize(*control);
     }
     d->takeOutLabel();
     d->control = control;
     d->holder->layout()->addWidget(control);
     d->holder->layout()->setAlignment(control, Qt::AlignHCenter | Qt::AlignVCenter);
     d->holder->layout()->setContentsMargins(0, 0, 0, 0);
-    giveSize(*control);
     d->ResizeMe(false);
 }
 

@@ -63,8 +63,8 @@ public:
     void ShowSimpleText(const QString &text, ENotificationFadeOption fade, int milliseconds,
                         bool showCloseButton);
 
-    /// Shows a widget in place of what is shown, in the size that it has; one that never got a size
-    /// gets the one it prefers.
+    /// Shows a widget in place of what is shown, in the size that it has, which becomes its fixed
+    /// one; one that never got a size is shown in the one it prefers.
     ///
     /// @param control belongs to the bar from now on, which deletes it when other content takes its
     ///                place; so nothing that the control itself is in the middle of sending may

@@ -1168,6 +1168,35 @@ private Q_SLOTS:
         QCOMPARE(scene.bar->data().holder->layout()->count(), 1);
     }
 
+    void controlKeepsTheSizeItHas_data()
+    {
+        QTest::addColumn<QString>("kind");
+        QTest::newRow("prefers none") << QStringLiteral("widget");
+        QTest::newRow("prefers a smaller one") << QStringLiteral("label");
+        QTest::newRow("prefers another one") << QStringLiteral("button");
+    }
+
+    void controlKeepsTheSizeItHas()
+    {
+        QFETCH(QString, kind);
+        const Scene scene;
+        QWidget *control = nullptr;
+        if (kind == QLatin1String("widget"))
+            control = new QWidget;
+        else if (kind == QLatin1String("label"))
+            control = new QLabel(QStringLiteral("Hi"));
+        else
+            control = new QPushButton(QStringLiteral("Hi"));
+        control->resize(300, 15);
+        for (int i = 0; i < 2; ++i) {
+            scene.bar->ShowControl(control, eNotificationFadeOutOnly, Minute, false);
+            scene.bar->appear();
+            QTRY_VERIFY(control->isVisible());
+            QCOMPARE(control->size(), QSize(300, 15));
+            QCOMPARE(scene.bar->data().holder->size(), QSize(390, 40));
+        }
+    }
+
     void controlWithoutASizeGetsTheOneItPrefers()
     {
         const Scene scene;
@@ -1176,6 +1205,7 @@ private Q_SLOTS:
         QVERIFY(button->size() != wanted);
         scene.bar->SetControl(button);
         QCOMPARE(scene.bar->data().holder->width(), std::max(200, int(wanted.width() * 1.3)));
+        QVERIFY(button->minimumSize() != button->maximumSize());
     }
 
     // Size and place
