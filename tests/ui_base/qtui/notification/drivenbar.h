@@ -5,11 +5,14 @@
 
 #include "ui_base/qtui/notification/notificationbar_p.h"
 
+#include <QCoreApplication>
+#include <QEvent>
 #include <QGraphicsOpacityEffect>
 #include <QLabel>
 #include <QParallelAnimationGroup>
 #include <QPropertyAnimation>
 #include <QSequentialAnimationGroup>
+#include <QTest>
 #include <QTimer>
 #include <QToolButton>
 

@@ -531,6 +531,14 @@ private Q_SLOTS:
         QVERIFY(!scene.bar->data().closeButton->isVisible());
     }
 
+    void closeButtonIsNotShownUnasked()
+    {
+        const Scene scene;
+        scene.bar->SetShowSpinnerOnly(false);
+        QVERIFY(scene.bar->data().holder->isVisible());
+        QVERIFY(!scene.bar->data().closeButton->isVisible());
+    }
+
     void barWithACloseButtonComesToTheFront()
     {
         const Scene scene;
@@ -640,6 +648,23 @@ private Q_SLOTS:
         QCOMPARE(fade.to.toDouble(), 0.0);
         QCOMPARE(fade.duration, 700);
         QCOMPARE(fade.loops, 1);
+    }
+
+    void fadeOutThatWasBegunAnewLeavesNothingBehind()
+    {
+        const Scene scene;
+        scene.bar->showNow(eNotificationFadeInOut);
+        scene.bar->HideMe();
+        scene.bar->goTo(350);
+        scene.bar->HideMe();
+        QCOMPARE(scene.bar->opacity(), 1.0);
+        QVERIFY(scene.bar->isVisible());
+        scene.bar->goTo(700);
+        QVERIFY(scene.bar->isHidden());
+        scene.bar->showNow(eNotificationPulse);
+        scene.bar->ShowSimpleText(QStringLiteral("Two"), eNotificationFadeOutOnly, Minute, false);
+        QVERIFY(scene.bar->isVisible());
+        QCOMPARE(scene.bar->opacity(), 1.0);
     }
 
     void fadeOutEndsTheMessage()
