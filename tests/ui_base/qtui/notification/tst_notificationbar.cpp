@@ -961,6 +961,9 @@ private Q_SLOTS:
         QTest::mousePress(scene.bar, Qt::LeftButton, Qt::NoModifier, QPoint(5, 70));
         QCOMPARE(clicked.size(), 1);
         scene.bar->data().closedByUser = true;
+        scene.bar->ShowSimpleText(QStringLiteral("Two"), eNotificationFadeOutOnly, Minute, false);
+        QVERIFY(!scene.bar->data().closedByUser);
+        scene.bar->data().closedByUser = true;
         scene.bar->ShowControl(makeControl(9, 9), eNotificationFadeOutOnly, Minute, false);
         QVERIFY(!scene.bar->data().closedByUser);
     }
@@ -1403,6 +1406,8 @@ private Q_SLOTS:
         for (const QPoint &inside : {QPoint(112, 36), QPoint(115, 26), QPoint(102, 39)})
             QCOMPARE(image.pixelColor(inside), Sweep);
         QCOMPARE(image.pixelColor(88, 12), Disc);
+        // The outline of the sector comes back to the centre.
+        QVERIFY(image.pixelColor(100, 41).red() < 150);
         // No outline around the whole.
         QVERIFY(image.pixelColor(76, 24).red() > 180);
         // Outlines darken the edges of the disc and of the centre.
@@ -1564,6 +1569,20 @@ private Q_SLOTS:
         QCOMPARE(scene.bar->opacity(), 1.0);
         QVERIFY(scene.bar->isVisible());
         QVERIFY(!scene.bar->isShowing());
+    }
+
+    void textShowsItsLabelUnlessTheSpinnerIsAlone()
+    {
+        const Scene scene;
+        scene.bar->SetSimpleText(QStringLiteral("One"));
+        QLabel *const label = scene.bar->data().label;
+        label->hide();
+        scene.bar->ShowSimpleText(QStringLiteral("Two"), eNotificationFadeOutOnly, Minute, false);
+        QVERIFY(!label->isHidden());
+        scene.bar->SetShowSpinnerOnly(true);
+        label->show();
+        scene.bar->ShowSimpleText(QStringLiteral("Two"), eNotificationFadeOutOnly, Minute, false);
+        QVERIFY(label->isHidden());
     }
 
     void spinnerAloneHidesAControl()
