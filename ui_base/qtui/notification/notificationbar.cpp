@@ -624,8 +624,6 @@ void NotificationBar::ShowControl(QWidget *control, ENotificationFadeOption fade
     const bool isNew = d->canHold(control);
     if (!isNew && !d->hasContent())
         return;
-    if (isNew)
-        control->setParent(this);
     d->startMessage(fade, milliseconds, showCloseButton);
     d->holder->setVisible(!d->spinnerOnly);
     d->closedByUser = false;

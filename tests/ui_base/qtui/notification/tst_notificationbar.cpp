@@ -1588,7 +1588,11 @@ private Q_SLOTS:
     void spinnerAloneHidesAControl()
     {
         const Scene scene;
+        scene.bar->data().holder->hide();
+        scene.bar->ShowControl(makeControl(20, 20), eNotificationPulse, 10, false);
+        QVERIFY(!scene.bar->data().holder->isHidden());
         scene.bar->SetShowSpinnerOnly(true);
+        scene.bar->data().holder->show();
         scene.bar->ShowControl(makeControl(20, 20), eNotificationPulse, 10, false);
         QVERIFY(scene.bar->data().holder->isHidden());
         QCOMPARE(scene.bar->size(), QSize(48, 48));
