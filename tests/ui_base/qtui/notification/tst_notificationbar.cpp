@@ -267,6 +267,8 @@ private Q_SLOTS:
         const Scene scene;
         scene.bar->setProperty("BackColor", QColor(Qt::red));
         QCOMPARE(scene.bar->BackColor(), QColor(Qt::red));
+        const QWidget *const holder = scene.bar->data().holder;
+        QCOMPARE(holder->palette().color(holder->backgroundRole()), QColor(Qt::red));
         scene.bar->setProperty("SpinnerAngle", 12.5);
         QCOMPARE(scene.bar->SpinnerAngle(), 12.5);
     }
