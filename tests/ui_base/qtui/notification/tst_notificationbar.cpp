@@ -93,6 +93,19 @@ struct Track
     }
 };
 
+class PaintCounter : public QObject
+{
+public:
+    explicit PaintCounter(QWidget *watched) { watched->installEventFilter(this); }
+    int count = 0;
+
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        count += event->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
+};
+
 QImage picture(QWidget &widget)
 {
     QImage image(widget.size(), QImage::Format_ARGB32_Premultiplied);
@@ -1502,10 +1515,24 @@ private Q_SLOTS:
         const Scene scene;
         scene.bar->showNow(eNotificationPulse);
         QVERIFY(QTest::qWaitForWindowExposed(scene.bar->window()));
+        QCoreApplication::processEvents();
         const QImage before = scene.bar->grab().toImage();
+        const PaintCounter paints(scene.bar);
         scene.bar->SetSpinnerAngle(-45);
+        QTRY_VERIFY(paints.count > 0);
         QVERIFY(scene.bar->grab().toImage() != before);
         QCOMPARE(scene.bar->SpinnerAngle(), -45.0);
+    }
+
+    void kindOfTheSpinnerRepaintsTheBar()
+    {
+        const Scene scene;
+        scene.bar->showNow(eNotificationPulse);
+        QVERIFY(QTest::qWaitForWindowExposed(scene.bar->window()));
+        QCoreApplication::processEvents();
+        const PaintCounter paints(scene.bar);
+        scene.bar->SetDeterministicSpinner(true);
+        QTRY_VERIFY(paints.count > 0);
     }
 
     void spinnerAloneIsSquareAndStands()
@@ -1518,7 +1545,6 @@ private Q_SLOTS:
         QCOMPARE(scene.bar->data().outerRect, QRect(0, 0, 48, 48));
         QVERIFY(scene.bar->data().holder->isHidden());
         QVERIFY(scene.bar->data().label->isHidden());
-        QVERIFY(!scene.bar->data().dismissTimer->isActive());
         const auto *const turn = scene.bar->findChild<QPropertyAnimation *>();
         const Track track(const_cast<QPropertyAnimation *>(turn));
         QCOMPARE(track.property, QByteArray("TimerAngle"));
@@ -1563,7 +1589,10 @@ private Q_SLOTS:
     void spinnerAloneDoesNotTimeOut()
     {
         const Scene scene;
+        scene.bar->showNow(eNotificationFadeOutOnly);
+        QVERIFY(scene.bar->data().dismissTimer->isActive());
         scene.bar->SetShowSpinnerOnly(true);
+        QVERIFY(!scene.bar->data().dismissTimer->isActive());
         scene.bar->ShowSimpleText(QStringLiteral("One"), eNotificationFadeOutOnly, Minute, false);
         QVERIFY(scene.bar->data().label->isHidden());
         scene.bar->appear();
