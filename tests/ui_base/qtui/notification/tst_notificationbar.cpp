@@ -93,17 +93,24 @@ struct Track
     }
 };
 
-class PaintCounter : public QObject
+class EventCounter : public QObject
 {
 public:
-    explicit PaintCounter(QWidget *watched) { watched->installEventFilter(this); }
+    EventCounter(QObject *watched, QEvent::Type type)
+        : m_type(type)
+    {
+        watched->installEventFilter(this);
+    }
     int count = 0;
 
     bool eventFilter(QObject *, QEvent *event) override
     {
-        count += event->type() == QEvent::Paint ? 1 : 0;
+        count += event->type() == m_type ? 1 : 0;
         return false;
     }
+
+private:
+    const QEvent::Type m_type;
 };
 
 QImage picture(QWidget &widget)
@@ -699,6 +706,16 @@ private Q_SLOTS:
         QCOMPARE(scene.host.children().last(), sibling);
     }
 
+    void endOfTheFadeEndsTheMessageFromAnyOpacity()
+    {
+        const Scene scene;
+        scene.bar->showNow(eNotificationFadeOutOnly);
+        scene.bar->OnAnimationFinished();
+        QCOMPARE(scene.bar->opacity(), 0.0);
+        QVERIFY(!scene.bar->isShowing());
+        QVERIFY(scene.bar->isHidden());
+    }
+
     void noFadeIsGoneAtOnceButNotHidden()
     {
         const Scene scene;
@@ -941,14 +958,16 @@ private Q_SLOTS:
         QCOMPARE(clicked.size(), 2);
     }
 
-    void pressOnWhatCannotBeSeenIsNotTold()
+    void pressOnWhatCannotBeSeenReachesTheView()
     {
         const Scene scene;
         scene.bar->showNow(eNotificationNoFade);
         scene.bar->expire();
+        const EventCounter reached(scene.bar->parentWidget(), QEvent::MouseButtonPress);
         const QSignalSpy clicked(scene.bar, &NotificationBar::mouseClicked);
         QTest::mousePress(scene.bar, Qt::LeftButton, Qt::NoModifier, QPoint(5, 70));
         QCOMPARE(clicked.size(), 0);
+        QCOMPARE(reached.count, 1);
     }
 
     void closeButtonClosesForGood()
@@ -1517,7 +1536,7 @@ private Q_SLOTS:
         QVERIFY(QTest::qWaitForWindowExposed(scene.bar->window()));
         QCoreApplication::processEvents();
         const QImage before = scene.bar->grab().toImage();
-        const PaintCounter paints(scene.bar);
+        const EventCounter paints(scene.bar, QEvent::Paint);
         scene.bar->SetSpinnerAngle(-45);
         QTRY_VERIFY(paints.count > 0);
         QVERIFY(scene.bar->grab().toImage() != before);
@@ -1530,7 +1549,7 @@ private Q_SLOTS:
         scene.bar->showNow(eNotificationPulse);
         QVERIFY(QTest::qWaitForWindowExposed(scene.bar->window()));
         QCoreApplication::processEvents();
-        const PaintCounter paints(scene.bar);
+        const EventCounter paints(scene.bar, QEvent::Paint);
         scene.bar->SetDeterministicSpinner(true);
         QTRY_VERIFY(paints.count > 0);
     }
