@@ -16,29 +16,11 @@ namespace Vela::UiBase {
 namespace {
 
 constexpr int TransparentBelow = 50;
-constexpr int NeverApplied = -1;
 
 QColor fillColor(const QColor &background)
 {
     return background.alpha() < TransparentBelow ? QColor(255, 255, 255, 128) : background;
 }
-
-// The layout of the window, which can tell whether anything has changed in it.
-class FrameLayout : public QVBoxLayout
-{
-public:
-    using QVBoxLayout::QVBoxLayout;
-
-    void invalidate() override
-    {
-        ++m_generation;
-        QVBoxLayout::invalidate();
-    }
-    int generation() const { return m_generation; }
-
-private:
-    int m_generation = 0;
-};
 
 } // namespace
 
@@ -56,66 +38,24 @@ QSize ArrowedWindowPrivate::CalculateLayout()
 {
     if (!internalWidget)
         return {0, 0};
-    layOut();
-    const QSize size = laidOut.size;
-    bringToLayout();
-    return size;
-}
-
-void ArrowedWindowPrivate::layOut()
-{
-    const Internal::ArrowLayoutInput input {currentArrow, internalWidget->rect(), contentMargin,
-                                            borderWidth, cornerRadius};
-    if (!hasLaidOut || !(input == laidOutFrom)) {
-        laidOutFrom = input;
-        laidOut = Internal::layOutArrow(input);
-        hasLaidOut = true;
-        if (laidOut.hasArrow) {
-            outlineShape = laidOut.shape;
-            outlineShift = laidOut.shift;
-            isOutlineDue = true;
-        }
-    }
-    bounds = laidOut.bounds;
-    arrowPoint = laidOut.arrowPoint;
-    sizeDelta = laidOut.size - input.content.size();
+    const Internal::ArrowLayout result = Internal::layOutArrow(
+        {currentArrow, internalWidget->rect(), contentMargin, borderWidth, cornerRadius});
+    bounds = result.bounds;
+    if (result.hasArrow)
+        path = result.path;
+    arrowPoint = result.arrowPoint;
     layoutDirty = true;
-}
-
-// Whether the window and its Qt layout stand as they were left.
-bool ArrowedWindowPrivate::isAtLayout() const
-{
-    const QSize size = laidOut.size;
-    return static_cast<const FrameLayout *>(layout)->generation() == appliedGeneration
-        && appliedMargins == laidOut.margins && q_ptr->size() == size
-        && q_ptr->minimumSize() == size && q_ptr->maximumSize() == size;
-}
-
-void ArrowedWindowPrivate::bringToLayout()
-{
-    if (isAtLayout())
-        return;
-    const QMargins margins = laidOut.margins;
-    q_ptr->setFixedSize(laidOut.size);
-    layout->setContentsMargins(margins);
+    q_ptr->setFixedSize(result.size);
+    q_ptr->resize(result.size);
+    sizeDelta = result.size - internalWidget->size();
+    layout->setContentsMargins(result.margins);
     q_ptr->adjustSize();
-    appliedMargins = margins;
-    appliedGeneration = static_cast<const FrameLayout *>(layout)->generation();
-}
-
-const QPainterPath &ArrowedWindowPrivate::Outline()
-{
-    if (isOutlineDue) {
-        path = Internal::arrowOutline(outlineShape).translated(outlineShift);
-        isOutlineDue = false;
-    }
-    return path;
+    return result.size;
 }
 
 void ArrowedWindowPrivate::makeLayout()
 {
-    layout = new FrameLayout(q_ptr);
-    appliedGeneration = NeverApplied;
+    layout = new QVBoxLayout(q_ptr);
     layout->setSizeConstraint(QLayout::SetFixedSize);
 }
 
@@ -345,29 +285,30 @@ QWidget *ArrowedWindow::InternalWidget() const
 bool ArrowedWindow::eventFilter(QObject *watched, QEvent *event)
 {
     Q_D(ArrowedWindow);
+    // Hiding the window runs code of others, which may end it.
+    const QPointer<ArrowedWindow> self(this);
     if (watched == d->internalWidget) {
         if (event->type() == QEvent::Resize)
             d->onContentResized();
         else if (event->type() == QEvent::Hide)
             hide();
     }
-    return QWidget::eventFilter(watched, event);
+    return self && QWidget::eventFilter(watched, event);
 }
 
 void ArrowedWindow::paintEvent(QPaintEvent *)
 {
     Q_D(ArrowedWindow);
-    const QPainterPath &outline = d->Outline();
     QPainter painter(this);
     painter.setRenderHints(QPainter::TextAntialiasing | QPainter::SmoothPixmapTransform);
     if (d->internalWidget) {
-        painter.fillPath(outline, QBrush(fillColor(d->backgroundColor), Qt::SolidPattern));
+        painter.fillPath(d->path, QBrush(fillColor(d->backgroundColor), Qt::SolidPattern));
         if (d->partialEnabled)
             painter.fillRect(d->partialRect, d->partialColor);
     }
     painter.setPen(
         QPen(d->borderColor, d->borderWidth, d->borderStyle, Qt::FlatCap, d->borderJoin));
-    painter.drawPath(outline);
+    painter.drawPath(d->path);
 }
 
 void ArrowedWindow::showEvent(QShowEvent *event)

@@ -6,6 +6,7 @@
 #include <lumo_math/LumoMath>
 
 #include <QLineF>
+#include <QPolygonF>
 #include <QTransform>
 
 #include <algorithm>
@@ -21,8 +22,6 @@ using SArrowParam = ArrowedWindow::SArrowParam;
 
 // Far longer than any window, so that a ray from the apex passes all of it.
 constexpr qreal RayLength = 1000000;
-// No measure needs more, and a few of it still make a widget that Qt can size.
-constexpr int LongestLength = 1000000;
 constexpr double Tolerance = 0.00001;
 constexpr int ApexStep = 10;
 // The openings repeat after two full turns, half of one being what the rays are turned by.
@@ -30,7 +29,7 @@ constexpr int ApexPeriod = 720;
 
 int limited(int length)
 {
-    return std::clamp(length, -LongestLength, LongestLength);
+    return std::clamp(length, -QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
 }
 
 QSize limited(const QSize &size)
@@ -109,35 +108,21 @@ QPointF turned(const QPointF &point, const QPointF &centre, qreal degrees)
         .map(point);
 }
 
-bool areEqual(const QPointF &a, const QPointF &b)
-{
-    return LumoMath::equals(a.x(), b.x(), Tolerance) && LumoMath::equals(a.y(), b.y(), Tolerance);
-}
-
-// The edges of a rectangle, a little longer than they are: a ray through a corner meets them, on
-// whichever side of it rounding has put the ray.
-std::array<QLineF, 4> edgesOf(const QRect &r)
-{
-    constexpr qreal more = 1e-9;
-    const QPointF x(more, 0);
-    const QPointF y(0, more);
-    return {QLineF(r.topLeft() - x, r.topRight() + x),
-            QLineF(r.topRight() - y, r.bottomRight() + y),
-            QLineF(r.bottomLeft() - x, r.bottomRight() + x),
-            QLineF(r.topLeft() - y, r.bottomLeft() + y)};
-}
-
 // Where the ray from the apex through another point meets the nearest edge of the content; the apex
 // when it meets none.
 QPointF nearestHit(const QPointF &apex, const QPointF &through, const QRect &content)
 {
-    if (areEqual(apex, through))
-        return apex;
+    const std::array edges {
+        QLineF(content.topLeft(), content.topRight()),
+        QLineF(content.topRight(), content.bottomRight()),
+        QLineF(content.bottomLeft(), content.bottomRight()),
+        QLineF(content.topLeft(), content.bottomLeft()),
+    };
     QLineF ray(apex, through);
     ray.setLength(RayLength);
     QPointF nearest = apex;
     qreal nearestDistance = std::numeric_limits<qreal>::max();
-    for (const QLineF &edge : edgesOf(content)) {
+    for (const QLineF &edge : edges) {
         QPointF hit;
         if (ray.intersects(edge, &hit) != QLineF::BoundedIntersection)
             continue;
@@ -150,29 +135,60 @@ QPointF nearestHit(const QPointF &apex, const QPointF &through, const QRect &con
     return nearest;
 }
 
-bool isDegenerate(const ArrowTriangle &triangle)
+bool areEqual(const QPointF &a, const QPointF &b)
 {
-    return areEqual(triangle.first, triangle.apex) || areEqual(triangle.second, triangle.apex)
-        || areEqual(triangle.first, triangle.second);
+    return LumoMath::equals(a.x(), b.x(), Tolerance) && LumoMath::equals(a.y(), b.y(), Tolerance);
 }
 
+struct Triangle
+{
+    QPointF apex;
+    QPointF first;
+    QPointF second;
+
+    bool isDegenerate() const
+    {
+        return areEqual(first, apex) || areEqual(second, apex) || areEqual(first, second);
+    }
+};
+
 // The triangle with the opening that is asked for, or the widest of the narrower ones that gives one.
-std::optional<ArrowTriangle> buildTriangle(const QPointF &apex, const ArrowLayoutInput &input)
+std::optional<Triangle> buildTriangle(const QPointF &apex, const ArrowLayoutInput &input)
 {
     const QPointF tip = input.arrow.tip;
     qint64 opening = input.arrow.apexAngle;
     for (int turn = 0; turn <= ApexPeriod / ApexStep; ++turn) {
         const qreal half = qreal(opening / 2);
-        const ArrowTriangle triangle {apex,
-                                      nearestHit(apex, turned(tip, apex, half), input.content),
-                                      nearestHit(apex, turned(tip, apex, -half), input.content)};
-        if (!isDegenerate(triangle))
+        const Triangle triangle {apex, nearestHit(apex, turned(tip, apex, half), input.content),
+                                 nearestHit(apex, turned(tip, apex, -half), input.content)};
+        if (!triangle.isDegenerate())
             return triangle;
         opening -= ApexStep;
         if (opening < 0)
             break;
     }
     return std::nullopt;
+}
+
+// Qt loses the rectangle when it unites it with a triangle whose base is off the edge by no more
+// than rounding.
+QPointF snapped(const QPointF &point)
+{
+    constexpr qreal steps = 65536;
+    return {std::round(point.x() * steps) / steps, std::round(point.y() * steps) / steps};
+}
+
+QPainterPath outline(const QRect &rounded, int radius, const Triangle &triangle)
+{
+    QPainterPath body;
+    if (radius == 0)
+        body.addRect(rounded);
+    else
+        body.addRoundedRect(rounded, radius, radius);
+    QPainterPath arrow;
+    arrow.addPolygon(
+        QPolygonF({snapped(triangle.apex), snapped(triangle.first), snapped(triangle.second)}));
+    return body.united(arrow).simplified();
 }
 
 QMargins grownMargins(int margin, const QRectF &outlined, const QRect &content)
@@ -216,7 +232,7 @@ ArrowLayout layOutArrow(const ArrowLayoutInput &input)
     ArrowLayout result;
     result.bounds = input.content;
     result.margins = QMargins(margin, margin, margin, margin);
-    const std::optional<ArrowTriangle> triangle = buildTriangle(apex, input);
+    const std::optional<Triangle> triangle = buildTriangle(apex, input);
     if (!triangle) {
         const int extra = 2 * contentMargin + border;
         result.size = limited(input.content.size() + QSize(extra, extra));
@@ -226,15 +242,16 @@ ArrowLayout layOutArrow(const ArrowLayoutInput &input)
     result.hasArrow = true;
     if (radius != 0)
         result.bounds.adjust(-radius, -radius, radius, radius);
-    result.shape = {result.bounds, radius, *triangle};
-    const QRectF outlined = arrowOutlineBounds(result.shape);
-    result.shift = -outlined.topLeft() + QPointF(margin, margin);
-    result.bounds.translate(result.shift.toPoint());
+    const QPainterPath path = outline(result.bounds, radius, *triangle);
+    const QRectF outlined = path.boundingRect();
+    const QPointF shift = -outlined.topLeft() + QPointF(margin, margin);
+    result.bounds.translate(shift.toPoint());
     result.margins = grownMargins(margin, outlined, input.content);
     result.size = limited(input.content.size()
                           + QSize(result.margins.left() + result.margins.right(),
                                   result.margins.top() + result.margins.bottom()));
-    result.arrowPoint = (apex + result.shift).toPoint();
+    result.arrowPoint = (apex + shift).toPoint();
+    result.path = path.translated(shift);
     return result;
 }
 

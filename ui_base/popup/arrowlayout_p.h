@@ -4,11 +4,10 @@
 #pragma once
 
 #include "ui_base/popup/arrowedwindow.h"
-#include "ui_base/popup/arrowoutline_p.h"
 
 #include <QMargins>
+#include <QPainterPath>
 #include <QPoint>
-#include <QPointF>
 #include <QRect>
 #include <QSize>
 
@@ -37,9 +36,8 @@ struct ArrowLayout
     QMargins margins; ///< around the content
     QPoint arrowPoint;
     QRect bounds;          ///< the rounded rectangle; the content's rectangle without an arrow
-    bool hasArrow = false; ///< whether a triangle could be built; only then there is an outline
-    ArrowShape shape;      ///< the outline, in coordinates of the content
-    QPointF shift;         ///< from there to coordinates of the window
+    bool hasArrow = false; ///< whether a triangle could be built; the path is empty if not
+    QPainterPath path;
 };
 
 /// Works out tip and angle of an arrow on the rectangle @p content. Does nothing for a position that
