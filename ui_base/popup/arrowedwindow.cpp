@@ -16,11 +16,29 @@ namespace Vela::UiBase {
 namespace {
 
 constexpr int TransparentBelow = 50;
+constexpr int NeverApplied = -1;
 
 QColor fillColor(const QColor &background)
 {
     return background.alpha() < TransparentBelow ? QColor(255, 255, 255, 128) : background;
 }
+
+// The layout of the window, which can tell whether anything has changed in it.
+class FrameLayout : public QVBoxLayout
+{
+public:
+    using QVBoxLayout::QVBoxLayout;
+
+    void invalidate() override
+    {
+        ++m_generation;
+        QVBoxLayout::invalidate();
+    }
+    int generation() const { return m_generation; }
+
+private:
+    int m_generation = 0;
+};
 
 } // namespace
 
@@ -38,24 +56,66 @@ QSize ArrowedWindowPrivate::CalculateLayout()
 {
     if (!internalWidget)
         return {0, 0};
-    const Internal::ArrowLayout result = Internal::layOutArrow(
-        {currentArrow, internalWidget->rect(), contentMargin, borderWidth, cornerRadius});
-    bounds = result.bounds;
-    if (result.hasArrow)
-        path = result.path;
-    arrowPoint = result.arrowPoint;
+    const Internal::ArrowLayoutInput input {currentArrow, internalWidget->rect(), contentMargin,
+                                            borderWidth, cornerRadius};
+    if (!hasLaidOut || !(input == laidOutFrom)) {
+        laidOutFrom = input;
+        laidOut = Internal::layOutArrow(input);
+        hasLaidOut = true;
+        if (laidOut.hasArrow) {
+            outlineShape = laidOut.shape;
+            outlineShift = laidOut.shift;
+            isOutlineDue = true;
+        }
+    }
+    bounds = laidOut.bounds;
+    arrowPoint = laidOut.arrowPoint;
+    sizeDelta = laidOut.size - input.content.size();
     layoutDirty = true;
-    q_ptr->setFixedSize(result.size);
-    q_ptr->resize(result.size);
-    sizeDelta = result.size - internalWidget->size();
-    layout->setContentsMargins(result.margins);
+    const QSize size = laidOut.size;
+    if (!isApplied())
+        apply();
+    return size;
+}
+
+// Whether the window and its layout stand as the last layout has left them.
+bool ArrowedWindowPrivate::isApplied() const
+{
+    const QSize size = laidOut.size;
+    return static_cast<const FrameLayout *>(layout)->generation() == appliedGeneration
+        && appliedMargins == laidOut.margins && q_ptr->size() == size
+        && q_ptr->minimumSize() == size && q_ptr->maximumSize() == size;
+}
+
+void ArrowedWindowPrivate::apply()
+{
+    // Resizing runs code of others, which may end the window.
+    const QPointer<ArrowedWindow> self(q_ptr);
+    const QMargins margins = laidOut.margins;
+    q_ptr->setFixedSize(laidOut.size);
+    if (!self)
+        return;
+    layout->setContentsMargins(margins);
     q_ptr->adjustSize();
-    return result.size;
+    if (!self)
+        return;
+    appliedMargins = margins;
+    appliedGeneration = static_cast<const FrameLayout *>(layout)->generation();
+}
+
+const QPainterPath &ArrowedWindowPrivate::Outline()
+{
+    if (isOutlineDue) {
+        path = Internal::arrowOutline(outlineShape).translated(outlineShift);
+        isOutlineDue = false;
+    }
+    return path;
 }
 
 void ArrowedWindowPrivate::makeLayout()
 {
-    layout = new QVBoxLayout(q_ptr);
+    layout = new FrameLayout(q_ptr);
+    appliedGeneration = NeverApplied;
     layout->setSizeConstraint(QLayout::SetFixedSize);
 }
 
@@ -299,16 +359,17 @@ bool ArrowedWindow::eventFilter(QObject *watched, QEvent *event)
 void ArrowedWindow::paintEvent(QPaintEvent *)
 {
     Q_D(ArrowedWindow);
+    const QPainterPath &outline = d->Outline();
     QPainter painter(this);
     painter.setRenderHints(QPainter::TextAntialiasing | QPainter::SmoothPixmapTransform);
     if (d->internalWidget) {
-        painter.fillPath(d->path, QBrush(fillColor(d->backgroundColor), Qt::SolidPattern));
+        painter.fillPath(outline, QBrush(fillColor(d->backgroundColor), Qt::SolidPattern));
         if (d->partialEnabled)
             painter.fillRect(d->partialRect, d->partialColor);
     }
     painter.setPen(
         QPen(d->borderColor, d->borderWidth, d->borderStyle, Qt::FlatCap, d->borderJoin));
-    painter.drawPath(d->path);
+    painter.drawPath(outline);
 }
 
 void ArrowedWindow::showEvent(QShowEvent *event)

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "ui_base/popup/arrowedwindow.h"
+#include "ui_base/popup/arrowlayout_p.h"
 
 #include <QColor>
 #include <QGraphicsDropShadowEffect>
@@ -31,10 +32,12 @@ public:
     /// Lays the window out for the current arrow.
     /// @return the size of the window; (0,0) without content, when nothing is done
     QSize CalculateLayout();
+    /// The outline in coordinates of the window, that of the last layout which had an arrow.
+    const QPainterPath &Outline();
 
     QVBoxLayout *layout = nullptr;
     QPointer<QWidget> internalWidget;
-    QPainterPath path; ///< the outline, in coordinates of the window
+    QPainterPath path; ///< what Outline() gave last
     int borderWidth = 1;
     QColor borderColor {Qt::gray};
     Qt::PenStyle borderStyle = Qt::SolidLine;
@@ -58,9 +61,25 @@ protected:
     ArrowedWindow *q_ptr = nullptr;
 
 private:
+    friend class ArrowedWindow;
+
     void makeLayout();
     void makeShadow();
     void onContentResized();
+    bool isApplied() const;
+    void apply();
+
+    // The last layout and what it came from, to do nothing when it comes again.
+    Internal::ArrowLayoutInput laidOutFrom;
+    Internal::ArrowLayout laidOut;
+    bool hasLaidOut = false;
+    // What the window and its Qt layout were brought to.
+    QMargins appliedMargins;
+    int appliedGeneration = -1;
+    // The outline is built when it is painted: for each showing several arrows may be laid out.
+    Internal::ArrowShape outlineShape;
+    QPointF outlineShift;
+    bool isOutlineDue = false;
 
     Q_DISABLE_COPY(ArrowedWindowPrivate)
 };

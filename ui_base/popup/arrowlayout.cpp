@@ -6,7 +6,6 @@
 #include <lumo_math/LumoMath>
 
 #include <QLineF>
-#include <QPolygonF>
 #include <QTransform>
 
 #include <algorithm>
@@ -140,55 +139,29 @@ bool areEqual(const QPointF &a, const QPointF &b)
     return LumoMath::equals(a.x(), b.x(), Tolerance) && LumoMath::equals(a.y(), b.y(), Tolerance);
 }
 
-struct Triangle
+bool isDegenerate(const ArrowTriangle &triangle)
 {
-    QPointF apex;
-    QPointF first;
-    QPointF second;
-
-    bool isDegenerate() const
-    {
-        return areEqual(first, apex) || areEqual(second, apex) || areEqual(first, second);
-    }
-};
+    return areEqual(triangle.first, triangle.apex) || areEqual(triangle.second, triangle.apex)
+        || areEqual(triangle.first, triangle.second);
+}
 
 // The triangle with the opening that is asked for, or the widest of the narrower ones that gives one.
-std::optional<Triangle> buildTriangle(const QPointF &apex, const ArrowLayoutInput &input)
+std::optional<ArrowTriangle> buildTriangle(const QPointF &apex, const ArrowLayoutInput &input)
 {
     const QPointF tip = input.arrow.tip;
     qint64 opening = input.arrow.apexAngle;
     for (int turn = 0; turn <= ApexPeriod / ApexStep; ++turn) {
         const qreal half = qreal(opening / 2);
-        const Triangle triangle {apex, nearestHit(apex, turned(tip, apex, half), input.content),
-                                 nearestHit(apex, turned(tip, apex, -half), input.content)};
-        if (!triangle.isDegenerate())
+        const ArrowTriangle triangle {apex,
+                                      nearestHit(apex, turned(tip, apex, half), input.content),
+                                      nearestHit(apex, turned(tip, apex, -half), input.content)};
+        if (!isDegenerate(triangle))
             return triangle;
         opening -= ApexStep;
         if (opening < 0)
             break;
     }
     return std::nullopt;
-}
-
-// Qt loses the rectangle when it unites it with a triangle whose base is off the edge by no more
-// than rounding.
-QPointF snapped(const QPointF &point)
-{
-    constexpr qreal steps = 65536;
-    return {std::round(point.x() * steps) / steps, std::round(point.y() * steps) / steps};
-}
-
-QPainterPath outline(const QRect &rounded, int radius, const Triangle &triangle)
-{
-    QPainterPath body;
-    if (radius == 0)
-        body.addRect(rounded);
-    else
-        body.addRoundedRect(rounded, radius, radius);
-    QPainterPath arrow;
-    arrow.addPolygon(
-        QPolygonF({snapped(triangle.apex), snapped(triangle.first), snapped(triangle.second)}));
-    return body.united(arrow).simplified();
 }
 
 QMargins grownMargins(int margin, const QRectF &outlined, const QRect &content)
@@ -232,7 +205,7 @@ ArrowLayout layOutArrow(const ArrowLayoutInput &input)
     ArrowLayout result;
     result.bounds = input.content;
     result.margins = QMargins(margin, margin, margin, margin);
-    const std::optional<Triangle> triangle = buildTriangle(apex, input);
+    const std::optional<ArrowTriangle> triangle = buildTriangle(apex, input);
     if (!triangle) {
         const int extra = 2 * contentMargin + border;
         result.size = limited(input.content.size() + QSize(extra, extra));
@@ -242,16 +215,15 @@ ArrowLayout layOutArrow(const ArrowLayoutInput &input)
     result.hasArrow = true;
     if (radius != 0)
         result.bounds.adjust(-radius, -radius, radius, radius);
-    const QPainterPath path = outline(result.bounds, radius, *triangle);
-    const QRectF outlined = path.boundingRect();
-    const QPointF shift = -outlined.topLeft() + QPointF(margin, margin);
-    result.bounds.translate(shift.toPoint());
+    result.shape = {result.bounds, radius, *triangle};
+    const QRectF outlined = arrowOutlineBounds(result.shape);
+    result.shift = -outlined.topLeft() + QPointF(margin, margin);
+    result.bounds.translate(result.shift.toPoint());
     result.margins = grownMargins(margin, outlined, input.content);
     result.size = limited(input.content.size()
                           + QSize(result.margins.left() + result.margins.right(),
                                   result.margins.top() + result.margins.bottom()));
-    result.arrowPoint = (apex + shift).toPoint();
-    result.path = path.translated(shift);
+    result.arrowPoint = (apex + result.shift).toPoint();
     return result;
 }
 

@@ -4,10 +4,11 @@
 #pragma once
 
 #include "ui_base/popup/arrowedwindow.h"
+#include "ui_base/popup/arrowoutline_p.h"
 
 #include <QMargins>
-#include <QPainterPath>
 #include <QPoint>
+#include <QPointF>
 #include <QRect>
 #include <QSize>
 
@@ -36,8 +37,9 @@ struct ArrowLayout
     QMargins margins; ///< around the content
     QPoint arrowPoint;
     QRect bounds;          ///< the rounded rectangle; the content's rectangle without an arrow
-    bool hasArrow = false; ///< whether a triangle could be built; the path is empty if not
-    QPainterPath path;
+    bool hasArrow = false; ///< whether a triangle could be built; only then there is an outline
+    ArrowShape shape;      ///< the outline, in coordinates of the content
+    QPointF shift;         ///< from there to coordinates of the window
 };
 
 /// Works out tip and angle of an arrow on the rectangle @p content. Does nothing for a position that
