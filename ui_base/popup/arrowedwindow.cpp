@@ -56,6 +56,14 @@ QSize ArrowedWindowPrivate::CalculateLayout()
 {
     if (!internalWidget)
         return {0, 0};
+    layOut();
+    const QSize size = laidOut.size;
+    bringToLayout();
+    return size;
+}
+
+void ArrowedWindowPrivate::layOut()
+{
     const Internal::ArrowLayoutInput input {currentArrow, internalWidget->rect(), contentMargin,
                                             borderWidth, cornerRadius};
     if (!hasLaidOut || !(input == laidOutFrom)) {
@@ -72,14 +80,10 @@ QSize ArrowedWindowPrivate::CalculateLayout()
     arrowPoint = laidOut.arrowPoint;
     sizeDelta = laidOut.size - input.content.size();
     layoutDirty = true;
-    const QSize size = laidOut.size;
-    if (!isApplied())
-        apply();
-    return size;
 }
 
-// Whether the window and its layout stand as the last layout has left them.
-bool ArrowedWindowPrivate::isApplied() const
+// Whether the window and its Qt layout stand as they were left.
+bool ArrowedWindowPrivate::isAtLayout() const
 {
     const QSize size = laidOut.size;
     return static_cast<const FrameLayout *>(layout)->generation() == appliedGeneration
@@ -87,18 +91,14 @@ bool ArrowedWindowPrivate::isApplied() const
         && q_ptr->minimumSize() == size && q_ptr->maximumSize() == size;
 }
 
-void ArrowedWindowPrivate::apply()
+void ArrowedWindowPrivate::bringToLayout()
 {
-    // Resizing runs code of others, which may end the window.
-    const QPointer<ArrowedWindow> self(q_ptr);
+    if (isAtLayout())
+        return;
     const QMargins margins = laidOut.margins;
     q_ptr->setFixedSize(laidOut.size);
-    if (!self)
-        return;
     layout->setContentsMargins(margins);
     q_ptr->adjustSize();
-    if (!self)
-        return;
     appliedMargins = margins;
     appliedGeneration = static_cast<const FrameLayout *>(layout)->generation();
 }
@@ -345,15 +345,13 @@ QWidget *ArrowedWindow::InternalWidget() const
 bool ArrowedWindow::eventFilter(QObject *watched, QEvent *event)
 {
     Q_D(ArrowedWindow);
-    // Hiding the window runs code of others, which may end it.
-    const QPointer<ArrowedWindow> self(this);
     if (watched == d->internalWidget) {
         if (event->type() == QEvent::Resize)
             d->onContentResized();
         else if (event->type() == QEvent::Hide)
             hide();
     }
-    return self && QWidget::eventFilter(watched, event);
+    return QWidget::eventFilter(watched, event);
 }
 
 void ArrowedWindow::paintEvent(QPaintEvent *)

@@ -66,8 +66,9 @@ private:
     void makeLayout();
     void makeShadow();
     void onContentResized();
-    bool isApplied() const;
-    void apply();
+    void layOut();
+    bool isAtLayout() const;
+    void bringToLayout();
 
     // The last layout and what it came from, to do nothing when it comes again.
     Internal::ArrowLayoutInput laidOutFrom;

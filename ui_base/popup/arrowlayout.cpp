@@ -21,6 +21,8 @@ using SArrowParam = ArrowedWindow::SArrowParam;
 
 // Far longer than any window, so that a ray from the apex passes all of it.
 constexpr qreal RayLength = 1000000;
+// No measure needs more, and a few of it still make a widget that Qt can size.
+constexpr int LongestLength = 1000000;
 constexpr double Tolerance = 0.00001;
 constexpr int ApexStep = 10;
 // The openings repeat after two full turns, half of one being what the rays are turned by.
@@ -28,7 +30,7 @@ constexpr int ApexPeriod = 720;
 
 int limited(int length)
 {
-    return std::clamp(length, -QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+    return std::clamp(length, -LongestLength, LongestLength);
 }
 
 QSize limited(const QSize &size)
@@ -107,21 +109,35 @@ QPointF turned(const QPointF &point, const QPointF &centre, qreal degrees)
         .map(point);
 }
 
+bool areEqual(const QPointF &a, const QPointF &b)
+{
+    return LumoMath::equals(a.x(), b.x(), Tolerance) && LumoMath::equals(a.y(), b.y(), Tolerance);
+}
+
+// The edges of a rectangle, a little longer than they are: a ray through a corner meets them, on
+// whichever side of it rounding has put the ray.
+std::array<QLineF, 4> edgesOf(const QRect &r)
+{
+    constexpr qreal more = 1e-9;
+    const QPointF x(more, 0);
+    const QPointF y(0, more);
+    return {QLineF(r.topLeft() - x, r.topRight() + x),
+            QLineF(r.topRight() - y, r.bottomRight() + y),
+            QLineF(r.bottomLeft() - x, r.bottomRight() + x),
+            QLineF(r.topLeft() - y, r.bottomLeft() + y)};
+}
+
 // Where the ray from the apex through another point meets the nearest edge of the content; the apex
 // when it meets none.
 QPointF nearestHit(const QPointF &apex, const QPointF &through, const QRect &content)
 {
-    const std::array edges {
-        QLineF(content.topLeft(), content.topRight()),
-        QLineF(content.topRight(), content.bottomRight()),
-        QLineF(content.bottomLeft(), content.bottomRight()),
-        QLineF(content.topLeft(), content.bottomLeft()),
-    };
+    if (areEqual(apex, through))
+        return apex;
     QLineF ray(apex, through);
     ray.setLength(RayLength);
     QPointF nearest = apex;
     qreal nearestDistance = std::numeric_limits<qreal>::max();
-    for (const QLineF &edge : edges) {
+    for (const QLineF &edge : edgesOf(content)) {
         QPointF hit;
         if (ray.intersects(edge, &hit) != QLineF::BoundedIntersection)
             continue;
@@ -132,11 +148,6 @@ QPointF nearestHit(const QPointF &apex, const QPointF &through, const QRect &con
         }
     }
     return nearest;
-}
-
-bool areEqual(const QPointF &a, const QPointF &b)
-{
-    return LumoMath::equals(a.x(), b.x(), Tolerance) && LumoMath::equals(a.y(), b.y(), Tolerance);
 }
 
 bool isDegenerate(const ArrowTriangle &triangle)
