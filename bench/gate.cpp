@@ -9,6 +9,8 @@
 #include "ui_base/command/cmdmgr.h"
 #include "ui_base/command/commandbase.h"
 #include "ui_base/command/commandcontext.h"
+#include "ui_base/popup/arrowedwindow.h"
+#include "ui_base/popup/widgetposcalculator.h"
 #include "ui_base/qtui/qtuitoolkit.h"
 
 #include "support/mainqueue.h"
@@ -261,6 +263,40 @@ Repetition resizeDrawnIcon()
     };
 }
 
+/// A hidden popup with an arrow and a content of this size.
+std::shared_ptr<ArrowedWindow> makePopup(int width, int height)
+{
+    auto popup = std::make_shared<ArrowedWindow>();
+    auto *const content = new QWidget;
+    content->setFixedSize(width, height);
+    popup->AttachWidget(content);
+    popup->SetArrow(EArrowPosition::Bottom, 10, false, 0, 90, true, 0);
+    return popup;
+}
+
+Repetition layOutArrow()
+{
+    return [popup = makePopup(320, 150), arrow = ArrowedWindow::SArrowParam()]() mutable {
+        QSize size;
+        QPoint apex;
+        arrow.offset = 1 - arrow.offset;
+        popup->GetArrowWindowSize(arrow, size, apex);
+    };
+}
+
+Repetition solveArrow()
+{
+    const auto popup = makePopup(200, 100);
+    const auto calculator = std::make_shared<WidgetPosCalculator>();
+    calculator->SetWidget(popup.get());
+    calculator->SetRefPoint(QPoint(730, 300));
+    calculator->setMaxAvailableRect(QRect(0, 0, 800, 600));
+    return [popup, calculator] {
+        QPoint result;
+        calculator->GetPosition(result, QRect(), true, QPoint());
+    };
+}
+
 const Scenario scenarios[] = {
     {"post-closures", 500, postClosures},
     {"broadcast-direct-1", 500, [] { return broadcastTo(1, false); }},
@@ -280,6 +316,8 @@ const Scenario scenarios[] = {
     {"context-read-100", 50, readContext},
     {"icon-make-bitmap", 100, makeBitmapIcon},
     {"icon-resize-drawing", 50, resizeDrawnIcon},
+    {"popup-layout-arrow", 300, layOutArrow},
+    {"popup-solve-arrow", 300, solveArrow},
 };
 
 int printAbout()

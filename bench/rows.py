@@ -142,11 +142,27 @@ def tool_rows():
                       f"resetBare/{stacks}", goal=goal)
 
 
+def popup_rows():
+    """A layout works the outline's numbers out and leaves the outline to the painting, since only
+    the last of several layouts is painted."""
+    def layout(name, ours, goal):
+        return compare("bench_popup", ONE_THREAD, name, "united and simplified", "layoutQt", ours,
+                       goal=goal)
+    yield layout("one arrow layout", "layOut/Window", 0.06)
+    yield layout("one arrow layout and its outline", "layOut/Outline", None)
+    yield layout("one arrow layout, repeated", "layoutRepeated", 0.002)
+    for kind, what, goal in (("Plain", "plain", 0.04), ("Arrow", "with arrow", 0.2)):
+        yield Row(f"popup solve, {what}", "floating-ui on node",
+                  Measure("floatingui.mjs", f"solve{kind}FloatingUi", ONE_THREAD),
+                  Measure("bench_popup", f"solve{kind}", ONE_THREAD), goal=goal)
+
+
 ROWS = [
     *dispatch_rows(),
     *broadcast_rows(),
     *command_rows(),
     *manager_rows(),
     *icon_rows(),
+    *popup_rows(),
     *tool_rows(),
 ]

@@ -13,6 +13,7 @@ import sys
 from pathlib import Path
 
 import gate
+import node
 from rows import ROWS
 
 NANOSECONDS = {"ns": 1, "us": 1e3, "ms": 1e6, "s": 1e9}
@@ -30,14 +31,21 @@ def environment(measure):
     return {**variables, "LUMO_BENCH_THREADS": "1"} if measure.threads else variables
 
 
-def run_program(build, measure, min_time):
+def command(build, measure):
+    """How to start a program: one of the build tree, or one for node."""
+    if measure.program.endswith(".mjs"):
+        return node.command(build, Path(measure.program).stem)
     program = build / "bench" / measure.program
     if not program.exists():
         raise Failure(f"{program} is missing; build the preset `release` first")
+    return [program]
+
+
+def run_program(build, measure, min_time):
     # Google Benchmark appends how it measured to the name, as in "post/4/manual_time".
     pattern = f"^{re.escape(measure.benchmark)}(/(real_time|manual_time|iterations:[0-9]+))*$"
     result = subprocess.run(
-        [program, f"--benchmark_filter={pattern}", f"--benchmark_min_time={min_time}",
+        [*command(build, measure), f"--benchmark_filter={pattern}", f"--benchmark_min_time={min_time}",
          "--benchmark_format=json"],
         env=environment(measure), capture_output=True, text=True, timeout=120, check=False)
     if result.returncode != 0:
@@ -62,19 +70,21 @@ def interleave(build, rows, rounds, min_time):
     """Takes every measure once per round, peer beside ours; every second round goes backwards."""
     measures = list(dict.fromkeys(m for row in rows for m in row.measures()))
     samples = {m: [] for m in measures}
-    failures = {}
+    failures, missing = {}, {}
     for number in range(rounds):
         for index, measure in enumerate(measures if number % 2 == 0 else reversed(measures)):
             progress(f"round {number + 1}/{rounds}, {index + 1}/{len(measures)} "
                      f"{measure.benchmark}")
-            if measure in failures:
+            if measure in failures or measure in missing:
                 continue
             try:
                 samples[measure].append(take(build, measure, min_time))
+            except node.Missing as reason:
+                missing[measure] = str(reason)
             except (Failure, OSError, ValueError, subprocess.TimeoutExpired) as failure:
                 failures[measure] = str(failure)
     progress("")
-    return samples, failures
+    return samples, failures, missing
 
 
 def progress(text):
@@ -158,14 +168,22 @@ def print_summary(outcomes, rounds):
         print(f"failed: {failure}")
 
 
+def print_left_out(rows, missing):
+    for row in rows:
+        reasons = dict.fromkeys(missing[m] for m in row.measures() if m in missing)
+        print(f"left out: {row.name}, since {', '.join(reasons)}")
+
+
 def measure_rows(options):
     rows = [row for row in ROWS if re.search(options.filter, f"{row.name}, {row.against}")]
     if not rows:
         print(f"no row's name matches `{options.filter}`", file=sys.stderr)
         return 1
-    samples, failures = interleave(options.build, rows, options.rounds, options.min_time)
-    outcomes = [evaluate(row, samples, failures) for row in rows]
+    samples, failures, missing = interleave(options.build, rows, options.rounds, options.min_time)
+    measured = [row for row in rows if not any(m in missing for m in row.measures())]
+    outcomes = [evaluate(row, samples, failures) for row in measured]
     print_table(outcomes)
+    print_left_out([row for row in rows if row not in measured], missing)
     print_summary(outcomes, options.rounds)
     if options.json:
         options.json.write_text(json.dumps({"rounds": options.rounds, "rows": outcomes}, indent=2)

@@ -106,7 +106,7 @@ void ArrowedWindowPrivate::bringToLayout()
 const QPainterPath &ArrowedWindowPrivate::Outline()
 {
     if (isOutlineDue) {
-        path = Internal::arrowOutline(outlineShape).translated(outlineShift);
+        Internal::setToArrowOutline(path, outlineShape, outlineShift);
         isOutlineDue = false;
     }
     return path;

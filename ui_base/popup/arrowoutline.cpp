@@ -4,11 +4,8 @@
 #include "ui_base/popup/arrowoutline_p.h"
 
 #include <QPolygonF>
-#include <QVarLengthArray>
 
 #include <algorithm>
-#include <cmath>
-#include <iterator>
 #include <optional>
 
 namespace Vela::UiBase::Internal {
@@ -17,8 +14,6 @@ namespace {
 // The general union of two paths costs many times what it takes to cut the arrow into the rectangle.
 // What is built here has the very points that the union would have, in its order, so that dashes
 // start at the same place; where that is in doubt the union is taken.
-
-using Corners = QVarLengthArray<QPointF, 64>;
 
 // Nearer than this to a corner of the polygon a crossing counts as doubtful.
 constexpr qreal Doubt = 1e-6;
@@ -33,7 +28,7 @@ qreal cross(const QPointF &a, const QPointF &b)
 QPointF snapped(const QPointF &point)
 {
     constexpr qreal steps = 65536;
-    return {std::round(point.x() * steps) / steps, std::round(point.y() * steps) / steps};
+    return {qreal(qRound64(point.x() * steps)) / steps, qreal(qRound64(point.y() * steps)) / steps};
 }
 
 ArrowShape snapped(const ArrowShape &shape)
@@ -92,7 +87,7 @@ struct Quarter
     }
 };
 
-void append(Corners &points, const Quarter &quarter, int lines)
+void append(QPolygonF &points, const Quarter &quarter, int lines)
 {
     const qreal step = qreal(1) / lines;
     points.append(quarter.start);
@@ -109,7 +104,7 @@ qreal diameter(qreal side, int radius)
 }
 
 // The rounded rectangle as a polygon, clockwise from the upper end of its left edge.
-Corners roundedPolygon(const QRectF &r, int radius)
+QPolygonF roundedPolygon(const QRectF &r, int radius)
 {
     constexpr qreal kappa = 0.5522847498;
     const QSizeF box(diameter(r.width(), radius), diameter(r.height(), radius));
@@ -125,7 +120,10 @@ Corners roundedPolygon(const QRectF &r, int radius)
     const qreal farRight = right + box.width();
     const qreal farBottom = bottom + box.height();
     const int lines = linesPerQuarter(radius);
-    Corners points;
+    // With room for the arrow, and for the first point once more.
+    constexpr int more = 4;
+    QPolygonF points;
+    points.reserve(4 * (lines + 1) + more);
     append(points, {{left, top + y}, {left, top + y - yk}, {left + x - xk, top}, {left + x, top}},
            lines);
     append(points,
@@ -153,7 +151,7 @@ enum class ESide {
 };
 
 // Where a point stands to the polygon, which is convex and runs clockwise.
-ESide sideOf(const QPointF &point, const Corners &polygon)
+ESide sideOf(const QPointF &point, const QPolygonF &polygon)
 {
     ESide side = ESide::Inside;
     QPointF from = polygon.last();
@@ -176,7 +174,7 @@ struct Crossing
 };
 
 std::optional<Crossing> crossing(const QPointF &outside, const QPointF &inside,
-                                 const Corners &polygon)
+                                 const QPolygonF &polygon)
 {
     const QPointF line = inside - outside;
     const int count = polygon.size();
@@ -198,74 +196,61 @@ std::optional<Crossing> crossing(const QPointF &outside, const QPointF &inside,
     return std::nullopt;
 }
 
-QPainterPath closed(QPolygonF &points)
+// Puts the arrow in between two crossings, in place of the corners that it covers.
+void cutIn(QPolygonF &polygon, const QPointF &apex, const Crossing &in, const Crossing &out)
 {
-    points.append(points.first());
-    QPainterPath path;
-    path.addPolygon(points);
-    return path;
-}
-
-QPainterPath cutIn(const Corners &polygon, const QPointF &apex, const Crossing &in,
-                   const Crossing &out)
-{
-    QPolygonF points;
-    points.reserve(polygon.size() + 4);
-    const bool isFirstCornerCutAway = in.edge > out.edge;
-    if (isFirstCornerCutAway) {
-        points.append(out.point);
-        for (int i = out.edge + 1; i <= in.edge; ++i)
-            points.append(polygon[i]);
-    } else {
-        for (int i = 0; i <= in.edge; ++i)
-            points.append(polygon[i]);
+    const bool isFirstCornerCovered = in.edge > out.edge;
+    if (isFirstCornerCovered) {
+        polygon.resize(in.edge + 1);
+        polygon << in.point << apex;
+        polygon.remove(0, out.edge);
+        polygon.first() = out.point;
+        return;
     }
-    points.append(in.point);
-    points.append(apex);
-    if (!isFirstCornerCutAway) {
-        points.append(out.point);
-        for (int i = out.edge + 1; i < polygon.size(); ++i)
-            points.append(polygon[i]);
-    }
-    return closed(points);
+    polygon.remove(in.edge + 1, out.edge - in.edge);
+    polygon.insert(in.edge + 1, 3, apex);
+    polygon[in.edge + 1] = in.point;
+    polygon[in.edge + 3] = out.point;
 }
 
-QPainterPath closed(const Corners &polygon)
-{
-    QPolygonF points;
-    points.reserve(polygon.size() + 1);
-    std::copy(polygon.begin(), polygon.end(), std::back_inserter(points));
-    return closed(points);
-}
-
-// The outline without a general union; nothing where that needs more care.
-std::optional<QPainterPath> built(const ArrowShape &shape)
+// The points of the outline without a general union; none where that needs more care.
+QPolygonF built(const ArrowShape &shape)
 {
     if (!isPlain(shape))
-        return std::nullopt;
-    const Corners polygon = roundedPolygon(shape.rect, shape.radius);
+        return {};
+    QPolygonF polygon = roundedPolygon(shape.rect, shape.radius);
     const auto &[apex, first, second] = shape.triangle;
-    const ESide side = sideOf(apex, polygon);
-    if (side == ESide::Doubtful)
-        return std::nullopt;
+    const bool isFarOutside = !QRectF(shape.rect).adjusted(-1, -1, 1, 1).contains(apex);
+    const ESide side = isFarOutside ? ESide::Outside : sideOf(apex, polygon);
     if (side == ESide::Inside)
-        return closed(polygon);
+        return polygon;
     const auto passFirst = crossing(apex, first, polygon);
     const auto passSecond = crossing(apex, second, polygon);
-    if (!passFirst || !passSecond)
-        return std::nullopt;
+    if (side == ESide::Doubtful || !passFirst || !passSecond)
+        return {};
     const bool isFirstAhead = cross(first - apex, second - apex) < 0;
-    return isFirstAhead ? cutIn(polygon, apex, *passFirst, *passSecond)
-                        : cutIn(polygon, apex, *passSecond, *passFirst);
+    if (isFirstAhead)
+        cutIn(polygon, apex, *passFirst, *passSecond);
+    else
+        cutIn(polygon, apex, *passSecond, *passFirst);
+    return polygon;
 }
 
 } // namespace
 
-QPainterPath arrowOutline(const ArrowShape &shape)
+void setToArrowOutline(QPainterPath &path, const ArrowShape &shape, const QPointF &shift)
 {
     const ArrowShape exact = snapped(shape);
-    const std::optional<QPainterPath> path = built(exact);
-    return path ? *path : united(exact);
+    QPolygonF points = built(exact);
+    if (points.isEmpty()) {
+        path = united(exact).translated(shift);
+        return;
+    }
+    points.append(points.first());
+    points.translate(shift);
+    path.clear();
+    path.reserve(points.size());
+    path.addPolygon(points);
 }
 
 QRectF arrowOutlineBounds(const ArrowShape &shape)

@@ -28,8 +28,9 @@ struct ArrowShape
     ArrowTriangle triangle;
 };
 
-/// The outline, with the points that QPainterPath::united() and simplified() give.
-QPainterPath arrowOutline(const ArrowShape &shape);
+/// Sets @p path to the outline moved by @p shift, with the points that QPainterPath::united() and
+/// simplified() give. The memory of the path is used again.
+void setToArrowOutline(QPainterPath &path, const ArrowShape &shape, const QPointF &shift);
 
 /// The bounding rectangle of the outline. Costs next to nothing when the corners are round.
 QRectF arrowOutlineBounds(const ArrowShape &shape);
