@@ -95,8 +95,8 @@ public:
     explicit ArrowedWindow(QWidget *parent = nullptr);
     ~ArrowedWindow() override;
 
-    /// Puts @p w into the window, in the size that it has, and takes the colour of its background
-    /// for all of the window. A former content is hidden and forgotten, and stays a child of the
+    /// Puts @p w into the window and takes the colour of its background for all of the window. It gets
+    /// the size that it prefers, or keeps the one that it is fixed to. A former content is hidden and forgotten, and stays a child of the
     /// window until its owner takes it away. Lays the window out for the current arrow.
     ///
     /// @param w becomes a child of the window and dies with it unless it is detached and given

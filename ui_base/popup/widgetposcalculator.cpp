@@ -46,7 +46,7 @@ void appendOpposite(QList<EDirection> &list, EDirection direction, EDirection op
 QMargins subWidgetRoom(const QWidget *popup)
 {
     QMargins room;
-    if (!popup)
+    if (!popup || !popup->dynamicPropertyNames().contains(SubWidgetsProperty))
         return room;
     const QVariantList entries = popup->property(SubWidgetsProperty).toList();
     for (const QVariant &entry : entries) {

@@ -134,8 +134,9 @@ protected:
 
     /// Completes the priority list, opposite sides first.
     void GetFullPriorityDirectionList();
-    /// The area less 30 pixels at each side, and less the visible sub-widgets of the popup, which its
-    /// property "sub_widgets" lists and whose property "direction_to" tells the side.
+    /// The area less 30 pixels at each side, and less the visible sub-widgets of the popup or of an
+    /// ArrowedWindow's content. Its dynamic property "sub_widgets" lists them, as a QVariantList of
+    /// QWidget*; the property "direction_to" of each tells the side.
     /// @return false, with @p area untouched, without a popup, and with neither area nor active window
     bool GetMaxAvailableMovingArea(QRect &area) const;
     /// The rectangle of the reference in the coordinates in which the position is wanted.
