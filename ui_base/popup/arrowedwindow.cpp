@@ -188,7 +188,7 @@ void ArrowedWindow::AttachWidget(QWidget *w)
 QWidget *ArrowedWindow::DetachWidget()
 {
     Q_D(ArrowedWindow);
-    const QPointer<QWidget> content = d->internalWidget;
+    QWidget *const content = d->internalWidget;
     if (!content)
         return nullptr;
     content->removeEventFilter(this);

@@ -162,10 +162,10 @@ std::optional<ArrowTriangle> buildTriangle(const QPointF &apex, const ArrowLayou
     const QPointF tip = input.arrow.tip;
     qint64 opening = input.arrow.apexAngle;
     for (int turn = 0; turn <= ApexPeriod / ApexStep; ++turn) {
-        const qreal half = qreal(opening / 2);
-        const ArrowTriangle triangle {apex,
-                                      nearestHit(apex, turned(tip, apex, half), input.content),
-                                      nearestHit(apex, turned(tip, apex, -half), input.content)};
+        const qint64 half = opening / 2;
+        const ArrowTriangle triangle {
+            apex, nearestHit(apex, turned(tip, apex, qreal(half)), input.content),
+            nearestHit(apex, turned(tip, apex, -qreal(half)), input.content)};
         if (!isDegenerate(triangle))
             return triangle;
         opening -= ApexStep;
@@ -220,7 +220,8 @@ ArrowLayout layOutArrow(const ArrowLayoutInput &input)
     if (!triangle) {
         const int extra = 2 * contentMargin + border;
         result.size = limited(input.content.size() + QSize(extra, extra));
-        result.arrowPoint = (apex + QPointF(border / 2, border / 2)).toPoint();
+        const int halfBorder = border / 2;
+        result.arrowPoint = (apex + QPointF(halfBorder, halfBorder)).toPoint();
         return result;
     }
     result.hasArrow = true;

@@ -161,8 +161,9 @@ inline ReferenceLayout referenceLayout(const SArrowParam &p, const QRect &r, int
     QPointF first;
     QPointF second;
     for (int a = p.apexAngle; !result.hasArrow; a -= 10) {
-        first = basePoint(apex, rotated(t, apex, a / 2), r);
-        second = basePoint(apex, rotated(t, apex, -(a / 2)), r);
+        const int half = a / 2;
+        first = basePoint(apex, rotated(t, apex, half), r);
+        second = basePoint(apex, rotated(t, apex, -half), r);
         result.hasArrow = !same(first, apex) && !same(second, apex) && !same(first, second);
         if (!result.hasArrow && a - 10 < 0)
             break;
@@ -170,7 +171,8 @@ inline ReferenceLayout referenceLayout(const SArrowParam &p, const QRect &r, int
     if (!result.hasArrow) {
         const int extra = 2 * contentMargin + borderWidth;
         result.size = r.size() + QSize(extra, extra);
-        result.arrowPoint = (apex + QPointF(borderWidth / 2, borderWidth / 2)).toPoint();
+        const int halfBorder = borderWidth / 2;
+        result.arrowPoint = (apex + QPointF(halfBorder, halfBorder)).toPoint();
         return result;
     }
     QPainterPath body;
