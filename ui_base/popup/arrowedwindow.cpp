@@ -12,6 +12,8 @@
 #include <QPen>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace Vela::UiBase {
 namespace {
 
@@ -21,6 +23,16 @@ constexpr int NeverApplied = -1;
 QColor fillColor(const QColor &background)
 {
     return background.alpha() < TransparentBelow ? QColor(255, 255, 255, 128) : background;
+}
+
+// What lies beyond the largest widget is cut off, so that the rest can be moved.
+QRect limited(const QRect &rect)
+{
+    const auto limit = [](int value) {
+        return std::clamp(value, -QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+    };
+    return {QPoint(limit(rect.left()), limit(rect.top())),
+            QPoint(limit(rect.right()), limit(rect.bottom()))};
 }
 
 // The layout of the window, which can tell whether anything has changed in it.
@@ -330,7 +342,8 @@ void ArrowedWindow::SetPartialBackgroundColor(bool enable, const QRect &rect, co
     Q_D(ArrowedWindow);
     d->partialEnabled = enable;
     if (enable) {
-        d->partialRect = rect.translated(d->bounds.left(), d->layout->contentsMargins().top());
+        d->partialRect =
+            limited(rect).translated(d->bounds.left(), d->layout->contentsMargins().top());
         d->partialRect.setWidth(d->bounds.width());
         d->partialColor = color;
     }

@@ -14,6 +14,7 @@
 #include <QSignalSpy>
 #include <QVBoxLayout>
 
+#include <limits>
 #include <memory>
 #include <type_traits>
 
@@ -138,14 +139,17 @@ private Q_SLOTS:
     void marginAndRadiusWaitForTheNextLayout();
     void repeatedLayoutRestoresWhatOthersChanged();
     void repeatedLayoutTouchesNothing();
+    void marginsChangeWhenTheSizeDoesNot();
     void contentThatPrefersAnotherSizeGetsIt();
     void borderIsDrawnAtOnceAndLaidOutLater();
     void shadowIsOffUntilAskedFor();
     void shadowCanComeBack();
     void shadowMayBeTakenByAnotherEffect();
     void bandIsMovedIntoTheWindow();
+    void bandFarAwayIsCutDown();
     void bandIsForgottenWhenDisabled();
     void resizedVisibleContentLaysOutAtOnce();
+    void layoutDoesNotAnswerItself();
     void resizedHiddenContentLaysOutAtTheNextShow();
     void hidingTheContentHidesTheWindow();
     void showingTheWindowShowsTheContent();
@@ -611,6 +615,18 @@ void ArrowedWindowTest::repeatedLayoutTouchesNothing()
     QCOMPARE(resizes.count, 0);
 }
 
+void ArrowedWindowTest::marginsChangeWhenTheSizeDoesNot()
+{
+    OpenWindow window;
+    window.AttachWidget(makeContent(100, 40));
+    window.SetArrow(EArrowPosition::Left, 20, false, 0, 90, true, 0);
+    const QSize size = window.size();
+    QCOMPARE(window.margins(), QMargins(21, 6, 7, 7));
+    window.SetArrow(EArrowPosition::Right, 21, false, 0, 90, true, 0);
+    QCOMPARE(window.size(), size);
+    QCOMPARE(window.margins(), QMargins(6, 6, 22, 7));
+}
+
 void ArrowedWindowTest::contentThatPrefersAnotherSizeGetsIt()
 {
     OpenWindow window;
@@ -708,6 +724,22 @@ void ArrowedWindowTest::bandIsMovedIntoTheWindow()
     QVERIFY(window.data().partialEnabled);
 }
 
+void ArrowedWindowTest::bandFarAwayIsCutDown()
+{
+    OpenWindow window;
+    window.AttachWidget(makeContent(100, 40));
+    constexpr int largest = std::numeric_limits<int>::max();
+    constexpr int smallest = std::numeric_limits<int>::min();
+    for (const int top : {smallest, 0, largest}) {
+        for (const int bottom : {smallest, 0, largest}) {
+            const QRect band(QPoint(top, top), QPoint(bottom, bottom));
+            window.SetPartialBackgroundColor(true, band, Qt::blue);
+            QCOMPARE(window.data().partialRect.width(), window.GetBounds().width());
+            window.grab();
+        }
+    }
+}
+
 void ArrowedWindowTest::bandIsForgottenWhenDisabled()
 {
     OpenWindow window;
@@ -746,6 +778,22 @@ void ArrowedWindowTest::resizedVisibleContentLaysOutAtOnce()
     QPoint point;
     QVERIFY(window.GetArrowWindowSize(arrow, size, point));
     QCOMPARE(size, QSize(300 + 13, 200 + 17));
+}
+
+void ArrowedWindowTest::layoutDoesNotAnswerItself()
+{
+    OpenWindow window;
+    auto *const content = new QLabel(QStringLiteral("text"));
+    window.AttachWidget(content);
+    window.show();
+    QCoreApplication::sendPostedEvents();
+    const EventCounter resizes(content, QEvent::Resize);
+    content->resize(200, 100);
+    // On its way the window has given the content its own size back, and that is not laid out again.
+    QCOMPARE(content->size(), content->sizeHint());
+    QVERIFY(resizes.count > 1);
+    QVERIFY(window.GetBounds().width() >= 200);
+    QVERIFY(window.data().layoutDirty);
 }
 
 void ArrowedWindowTest::resizedHiddenContentLaysOutAtTheNextShow()

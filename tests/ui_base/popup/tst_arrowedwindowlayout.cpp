@@ -185,6 +185,7 @@ private Q_SLOTS:
     void withoutTriangleTheOutlineStays();
     void layoutsEqualTheReference();
     void layoutsWithSmallContentsEqualTheReference();
+    void arrowsAtTheCornersEqualTheReference();
     void picturesEqualTheReference();
     void dashesStartWhereTheyAlwaysDid();
     void eightPositions_data();
@@ -434,6 +435,30 @@ void ArrowedWindowLayoutTest::layoutsWithSmallContentsEqualTheReference()
             for (c.radius = 0; c.radius < 3; ++c.radius) {
                 compare(window, c, last);
                 QVERIFY2(!QTest::currentTestFailed(), text(c));
+            }
+        }
+    }
+}
+
+void ArrowedWindowLayoutTest::arrowsAtTheCornersEqualTheReference()
+{
+    OpenWindow window;
+    window.AttachWidget(new QWidget);
+    QPainterPath last = window.outline();
+    Case c;
+    c.content = QSize(101, 81);
+    for (int position = 1; position <= 4; ++position) {
+        c.arrow.position = EArrowPosition(position);
+        c.arrow.offsetAlongX = position <= 2;
+        const int middle = c.arrow.offsetAlongX ? 50 : 40;
+        for (c.arrow.length = 1; c.arrow.length <= 40; ++c.arrow.length) {
+            // The base ends in a corner of the content, or a side where the rounding begins or ends.
+            for (const int reach : {0, 5, 10}) {
+                for (const int side : {-1, 1}) {
+                    c.arrow.offset = side * (middle - c.arrow.length + reach);
+                    compare(window, c, last);
+                    QVERIFY2(!QTest::currentTestFailed(), text(c));
+                }
             }
         }
     }
