@@ -39,6 +39,8 @@ class Row:
     unit: str = "ns"
 
     def ratio(self, peer, ours):
+        if peer == 0:
+            return math.inf if ours else 1
         return math.log(ours / peer, self.growth) if self.growth else ours / peer
 
     def measures(self):
@@ -118,6 +120,58 @@ def manager_rows():
               "applyManager/1000", goal=1.1, growth=4)
     yield row("snapshot of 1000 commands", "look-up and setEnabled", "applySameQt/1000",
               "snapshot/1000", goal=2)
+    yield row("snapshot of 1000 commands, one changed", "look-up and setEnabled",
+              "applySameQt/1000", "snapshotChanged/1000", goal=2)
+
+
+def group_rows():
+    """QActionGroup looks for the sender of each change among all of its actions, so that its time
+    grows with their square; what a command group adds does not."""
+    def row(against, peer, goal):
+        return compare("bench_commandgroup", ONE_THREAD,
+                       "disable and enable 1000 children of a group", against, peer,
+                       "turnOverCommandGroup/1000", "turnOverActionGroup/1000", goal=goal)
+    yield row("actions of a QActionGroup", "turnOverActionGroup/1000", 1.8)
+    yield row("plain actions", "turnOverPlain/1000", None)
+
+
+def view_rows():
+    def row(name, against, peer, ours, goal):
+        return compare("bench_baseview", ONE_THREAD, name, against, peer, ours, threads=True,
+                       goal=goal)
+    yield row("mouse move through a view to a tool", "bare event filter", "moveFilter", "moveView",
+              2)
+    yield row("mouse move past a running command to a tool", "bare event filter", "moveFilter",
+              "moveViewRunning", 2.2)
+    yield row("event in an application of 100 views", "none", "eventBeside/0", "eventBeside/100",
+              1.15)
+    yield row("event in an application of 100 views", "one", "eventBeside/1", "eventBeside/100",
+              1.05)
+
+
+def notification_rows():
+    """A bar has a box, an effect and a layer of its own, which a label has not; what counts is
+    that its first frame comes as soon."""
+    def row(name, clock, kind, goal):
+        return compare("bench_notificationbar", clock, name, "label shown by a queued functor",
+                       f"{kind}Label", f"{kind}Bar", goal=goal)
+    yield row("notification by a worker to its first frame", "latency_ns", "shown", 1.1)
+    yield row("first notification of a window to its first frame", "latency_ns", "first", 1.1)
+    yield row("work of the main thread for a notification", "cost_ns", "shown", 3)
+    yield row("work of the main thread for the first of a window", "cost_ns", "first", 6)
+
+
+def resting_rows():
+    yield compare("bench_idle", "per_second", "wake-ups of the idle workbench, per second",
+                  "one plain widget", "idlePlain", "idleWorkbench", goal_value=0, unit="/s")
+    for name, against, peer, ours, goal in (
+            ("heap per command of a manager", "QAction", "heapAction/1000", "heapCommand/1000",
+             1700),
+            ("heap per command, states set and read", "QAction", "heapAction/1000",
+             "heapUsedCommand/1000", 1900),
+            ("heap per view with its controller", "QWidget", "heapWidget/100", "heapView/100",
+             10000)):
+        yield compare("bench_heap", "bytes", name, against, peer, ours, goal_value=goal, unit="B")
 
 
 def icon_rows():
@@ -162,7 +216,11 @@ ROWS = [
     *broadcast_rows(),
     *command_rows(),
     *manager_rows(),
+    *group_rows(),
     *icon_rows(),
     *popup_rows(),
     *tool_rows(),
+    *view_rows(),
+    *notification_rows(),
+    *resting_rows(),
 ]
