@@ -7,11 +7,16 @@
 
 #include "core/broadcaster.h"
 #include "ui_base/command/cmdmgr.h"
+#include "ui_base/command/commandbag.h"
 #include "ui_base/command/commandbase.h"
 #include "ui_base/command/commandcontext.h"
 #include "ui_base/popup/arrowedwindow.h"
 #include "ui_base/popup/widgetposcalculator.h"
+#include "ui_base/command/commandgroup.h"
 #include "ui_base/qtui/qtuitoolkit.h"
+#include "ui_base/tool/interactivetool.h"
+#include "ui_base/viewcontroller/baseview.h"
+#include "ui_base/viewcontroller/cmdsviewcontroller.h"
 
 #include "support/mainqueue.h"
 #include "support/protocol.h"
@@ -20,6 +25,8 @@
 #include <tessel/dispatch.h>
 
 #include <QApplication>
+#include <QMouseEvent>
+#include <QWidget>
 
 #include <gnu/libc-version.h>
 
@@ -244,6 +251,51 @@ Repetition readContext()
     return [manager = managerOf(100)] { manager->currentContext(nullptr); };
 }
 
+Repetition readChangedContext()
+{
+    return [manager = managerOf(100)] {
+        CommandBase *const command = manager->findCommand(QStringLiteral("Command50"));
+        command->setEnabled(!command->isEnabled());
+        manager->currentContext(nullptr);
+    };
+}
+
+Repetition turnOverChildren()
+{
+    const auto group = std::make_shared<CommandGroup>();
+    for (int i = 0; i < 100; ++i)
+        group->addCommand(new IdleCommand(QStringLiteral("Command%1").arg(i)));
+    return [group] {
+        for (const bool enabled : {false, true}) {
+            for (const auto &[id, child] : group->commandBag())
+                child->setEnabled(enabled);
+        }
+    };
+}
+
+class MovedTool : public InteractiveTool
+{
+public:
+    using InteractiveTool::InteractiveTool;
+
+    bool mouseMove(QMouseEvent *) override { return true; }
+};
+
+Repetition moveOverView()
+{
+    auto *const view = new BaseView(static_cast<QWidget *>(nullptr), Qt::WindowFlags());
+    const std::shared_ptr<QWidget> widget(view->getQtWidget());
+    auto *const controller = new CmdsViewController(view);
+    controller->pushTool(eToolButtonLeft, std::make_shared<MovedTool>(view));
+    return [widget] {
+        const QPointF position(10, 10);
+        QMouseEvent move(QEvent::MouseMove, position, position, position, Qt::NoButton,
+                         Qt::LeftButton, Qt::NoModifier);
+        for (int i = 0; i < burst; ++i)
+            QCoreApplication::sendEvent(widget.get(), &move);
+    };
+}
+
 Repetition makeBitmapIcon()
 {
     return [action = std::make_shared<QAction>()] {
@@ -314,6 +366,9 @@ const Scenario scenarios[] = {
     {"context-merge", 50, mergeContexts},
     {"context-apply-100", 20, applyContext},
     {"context-read-100", 50, readContext},
+    {"context-read-changed-100", 50, readChangedContext},
+    {"group-children-100", 20, turnOverChildren},
+    {"view-mouse-move", 300, moveOverView},
     {"icon-make-bitmap", 100, makeBitmapIcon},
     {"icon-resize-drawing", 50, resizeDrawnIcon},
     {"popup-layout-arrow", 300, layOutArrow},
