@@ -3,6 +3,7 @@
 
 #include "ui_base/command/commandgroup.h"
 
+#include "ui_base/command/childactions_p.h"
 #include "ui_base/command/commandbag.h"
 #include "ui_base/command/commandcontext.h"
 #include "ui_base/qtui/qtuitoolkit.h"
@@ -73,16 +74,19 @@ void CommandGroupImpl::initialize(CommandGroup *group)
 /// Starts at the child that was enabled last time, which makes the changes of many children cheap.
 bool CommandGroupImpl::hasEnabledCommand()
 {
-    const std::size_t count = commandBag.size();
-    for (std::size_t step = 0; step < count; ++step) {
-        const std::size_t index = (lastEnabled + step) % count;
-        const CommandBase *const child = commandBag[index].second.get();
-        if (child && child->isEnabled()) {
-            lastEnabled = index;
-            return true;
-        }
+    const auto isEnabled = [](const auto &entry) {
+        return entry.second && entry.second->isEnabled();
+    };
+    const auto first = commandBag.cbegin();
+    const auto start = first + std::ptrdiff_t(std::min(lastEnabled, commandBag.size()));
+    auto found = std::find_if(start, commandBag.cend(), isEnabled);
+    if (found == commandBag.cend()) {
+        found = std::find_if(first, start, isEnabled);
+        if (found == start)
+            return false;
     }
-    return false;
+    lastEnabled = std::size_t(found - first);
+    return true;
 }
 
 CommandGroup::CommandGroup(const QString &icon, const QString &toolTip, const QString &name)
@@ -149,7 +153,7 @@ CommandBase *CommandGroup::addCommand(const std::shared_ptr<CommandBase> &comman
         return nullptr;
     d->commandRanks[id] = rank;
     if (d->actionGroup)
-        d->actionGroup->addAction(child);
+        Internal::addToGroup(d->actionGroup, child);
     connect(child, &CommandBase::toBeTriggered, this, &CommandGroup::onChildToBeTriggered,
             Qt::DirectConnection);
     connect(child, &CommandBase::toBeToggled, this, &CommandGroup::onChildToBeTriggered,
@@ -186,7 +190,7 @@ bool CommandGroup::removeCommand(const QString &id)
     disconnect(child.get(), &QAction::toggled, this, &CommandGroup::onChildTriggered);
     disconnect(child.get(), &QAction::changed, this, &CommandGroup::onChildChanged);
     if (d->actionGroup)
-        d->actionGroup->removeAction(child.get());
+        Internal::removeFromGroup(d->actionGroup, child.get());
     d->commandRanks.remove(leavingId);
     return d->commandBag.removeCommand(leavingId);
 }

@@ -138,6 +138,12 @@ private Q_SLOTS:
     void groupIsEnabledWhileAChildIs();
     void childrenSetTheGroupByItsOwnOperations();
     void enabledChildIsFoundWhereverItStands();
+    void checkedActionFollowsTheChildren();
+    void otherChildIsUncheckedBeforeTheNewOneIsHeard();
+    void childrenOfAGroupThatIsNotExclusiveStayChecked();
+    void actionBesideTheChildrenExcludesThem();
+    void removedChildExcludesNoOther();
+    void childTakenByAnotherActionGroupExcludesNoOther();
     void settingTheGroupLeavesItsChildrenAlone();
     void stateEnablesAndDisablesTheChildren_data();
     void stateEnablesAndDisablesTheChildren();
@@ -501,6 +507,104 @@ void TestCommandGroup::childrenSetTheGroupByItsOwnOperations()
     group.calls.clear();
     group.uncheckChildren(true);
     QVERIFY(group.calls.contains(QStringLiteral("checked false")));
+}
+
+void TestCommandGroup::checkedActionFollowsTheChildren()
+{
+    const auto group = makeGroup();
+    TestCommand *const first = addTo(*group, cut);
+    TestCommand *const second = addTo(*group, copy);
+    const QActionGroup &actions = *group->groupActionGroup();
+    QCOMPARE(actions.checkedAction(), nullptr);
+    first->setChecked(true);
+    QCOMPARE(actions.checkedAction(), first);
+    second->setEnabled(false);
+    QCOMPARE(actions.checkedAction(), first);
+    second->setChecked(true);
+    QCOMPARE(actions.checkedAction(), second);
+    QVERIFY(!first->isChecked());
+    second->setChecked(false);
+    QCOMPARE(actions.checkedAction(), nullptr);
+    first->trigger();
+    QCOMPARE(actions.checkedAction(), first);
+    first->trigger();
+    QVERIFY(first->isChecked());
+}
+
+void TestCommandGroup::otherChildIsUncheckedBeforeTheNewOneIsHeard()
+{
+    const auto group = makeGroup();
+    TestCommand *const first = addTo(*group, cut);
+    TestCommand *const second = addTo(*group, copy);
+    first->setChecked(true);
+    QStringList order;
+    connect(first, &QAction::toggled, this, [&] { order << QStringLiteral("first off"); });
+    connect(second, &QAction::changed, this, [&] { order << QStringLiteral("changed"); });
+    connect(second, &QAction::toggled, this, [&] { order << QStringLiteral("second on"); });
+    second->setChecked(true);
+    QCOMPARE(order,
+             QStringList({QStringLiteral("first off"), QStringLiteral("changed"),
+                          QStringLiteral("second on")}));
+}
+
+void TestCommandGroup::childrenOfAGroupThatIsNotExclusiveStayChecked()
+{
+    const auto group = makeGroup();
+    TestCommand *const first = addTo(*group, cut);
+    TestCommand *const second = addTo(*group, copy);
+    group->groupActionGroup()->setExclusive(false);
+    first->setChecked(true);
+    second->setChecked(true);
+    QVERIFY(first->isChecked());
+    QCOMPARE(group->groupActionGroup()->checkedAction(), nullptr);
+}
+
+void TestCommandGroup::actionBesideTheChildrenExcludesThem()
+{
+    const auto group = makeGroup();
+    TestCommand *const child = addTo(*group, cut);
+    QAction beside;
+    beside.setCheckable(true);
+    group->groupActionGroup()->addAction(&beside);
+    beside.setChecked(true);
+    child->setChecked(true);
+    QVERIFY(!beside.isChecked());
+    beside.setChecked(true);
+    QVERIFY(!child->isChecked());
+    QCOMPARE(group->groupActionGroup()->checkedAction(), &beside);
+}
+
+void TestCommandGroup::removedChildExcludesNoOther()
+{
+    const auto group = makeGroup();
+    const auto removed = std::make_shared<TestCommand>(cut);
+    removed->setCheckable(true);
+    group->addCommand(removed);
+    TestCommand *const other = addTo(*group, copy);
+    group->removeCommand(cut);
+    other->setChecked(true);
+    removed->setChecked(true);
+    QVERIFY(other->isChecked());
+    QCOMPARE(group->groupActionGroup()->checkedAction(), other);
+    group->addCommand(removed);
+    QCOMPARE(group->groupActionGroup()->checkedAction(), removed.get());
+    other->setChecked(false);
+    other->setChecked(true);
+    QVERIFY(!removed->isChecked());
+}
+
+void TestCommandGroup::childTakenByAnotherActionGroupExcludesNoOther()
+{
+    const auto group = makeGroup();
+    TestCommand *const taken = addTo(*group, cut);
+    TestCommand *const other = addTo(*group, copy);
+    QActionGroup another(nullptr);
+    another.addAction(taken);
+    other->setChecked(true);
+    taken->setChecked(true);
+    QVERIFY(other->isChecked());
+    QCOMPARE(another.checkedAction(), taken);
+    QCOMPARE(group->groupActionGroup()->checkedAction(), other);
 }
 
 void TestCommandGroup::enabledChildIsFoundWhereverItStands()
