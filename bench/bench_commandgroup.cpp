@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 //
 // What does a group add when its children are disabled and enabled one by one? It follows each of
-// them, and is to be enabled as long as one of them is. The same on plain actions is the peer, and
-// on actions of an exclusive QActionGroup, which a group has too, what is left at least.
+// them, and is to be enabled as long as one of them is. The same on plain actions is the peer; actions
+// of an exclusive QActionGroup, which a group has too, show what that alone would cost.
 
 #include "ui_base/command/commandbase.h"
 #include "ui_base/command/commandgroup.h"

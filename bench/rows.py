@@ -125,14 +125,10 @@ def manager_rows():
 
 
 def group_rows():
-    """QActionGroup looks for the sender of each change among all of its actions, so that its time
-    grows with their square; what a command group adds does not."""
-    def row(against, peer, goal):
-        return compare("bench_commandgroup", ONE_THREAD,
-                       "disable and enable 1000 children of a group", against, peer,
-                       "turnOverCommandGroup/1000", "turnOverActionGroup/1000", goal=goal)
-    yield row("actions of a QActionGroup", "turnOverActionGroup/1000", 1.8)
-    yield row("plain actions", "turnOverPlain/1000", None)
+    """The peer follows nothing, and actions of a QActionGroup alone cost a hundred times as much:
+    it looks for the sender of each change among all of them."""
+    yield compare("bench_commandgroup", ONE_THREAD, "disable and enable 1000 children of a group",
+                  "plain actions", "turnOverPlain/1000", "turnOverCommandGroup/1000", goal=1.8)
 
 
 def view_rows():
