@@ -147,6 +147,8 @@ CommandBase *CommandGroup::addCommand(const std::shared_ptr<CommandBase> &comman
     // Groups that held each other would never be searched through, and never die.
     if (!command || isOrHolds(command.get(), this))
         return nullptr;
+    // The action announces its new group, and what that sets off can let go of the group.
+    const auto owner = weak_from_this().lock();
     const QString id = command->commandId();
     CommandBase *const child = command.get();
     if (d->commandBag.hasCommand(id) || !d->commandBag.addCommand(command))
@@ -248,6 +250,8 @@ void CommandGroup::absorbCommandGroup(CommandGroup *other)
 {
     if (!other || other == this || other->d == d)
         return;
+    const auto owner = weak_from_this().lock();
+    const auto otherOwner = other->weak_from_this().lock();
     const CommandBag children(other->commandBag());
     for (const auto &[id, child] : children) {
         if (!child)

@@ -127,6 +127,7 @@ private Q_SLOTS:
     void commandNeverKnowsAGroupThatEnded();
     void groupNeverHoldsItself();
     void groupMayEndWithTheCommandThatIsRemoved();
+    void groupsMayEndInWhatAnAdditionSetsOff();
 
     void groupIsFoundByItselfAndThroughItsChildren();
     void subGroupIsFoundByName();
@@ -380,6 +381,30 @@ void TestCommandGroup::groupMayEndWithTheCommandThatIsRemoved()
         addTo(*holder, cut)->ended = [&group] { group.reset(); };
         QVERIFY(bare->removeCommand(cut));
         QCOMPARE(group, nullptr);
+    }
+}
+
+void TestCommandGroup::groupsMayEndInWhatAnAdditionSetsOff()
+{
+    for (const bool isAbsorbing : {false, true}) {
+        auto group = makeGroup();
+        auto other = makeGroup(QStringLiteral("Other"));
+        const auto command = std::make_shared<TestCommand>(cut);
+        if (isAbsorbing) {
+            other->addCommand(command);
+            addTo(*other, copy);
+        }
+        // The action tells that it is in a group now.
+        connect(command.get(), &QAction::changed, this, [&] {
+            group.reset();
+            other.reset();
+        });
+        if (isAbsorbing)
+            group->absorbCommandGroup(other.get());
+        else
+            group->addCommand(command);
+        QCOMPARE(group, nullptr);
+        QCOMPARE(command->commandGroup(), nullptr);
     }
 }
 
