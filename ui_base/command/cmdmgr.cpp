@@ -115,6 +115,7 @@ public:
     bool holds(const CommandBase *command) const;
     CommandBase *take(CommandBase *command);
     CommandBase *takeGroup(CommandGroup *group);
+    bool removeRenamed(const CommandBase *command);
     void removeFromGroups(const QString &id);
     void stopListening(CommandBase *command);
     void listen(CommandBase *command);
@@ -201,6 +202,14 @@ CommandBase *CmdMgr::CmdMgrImpl::takeGroup(CommandGroup *group)
         }
     }
     return rootBag.addCommand(group) ? group : nullptr;
+}
+
+/// Removes a command that stands at the top level under an id that it had before.
+bool CmdMgr::CmdMgrImpl::removeRenamed(const CommandBase *command)
+{
+    const auto isCommand = [command](const auto &entry) { return entry.second.get() == command; };
+    const auto found = std::find_if(rootBag.begin(), rootBag.end(), isCommand);
+    return found != rootBag.end() && rootBag.removeCommand(QString(found->first));
 }
 
 void CmdMgr::CmdMgrImpl::removeFromGroups(const QString &id)
@@ -326,7 +335,7 @@ bool CmdMgr::removeCommand(CommandBase *command)
     broadcast(&CmdMgrProtocol::commandRemoved, this, id);
     command->setAddedToCmdsVC(false);
     d->forget();
-    if (!d->rootBag.removeCommand(id))
+    if (!d->rootBag.removeCommand(id) && !d->removeRenamed(command))
         d->removeFromGroups(id);
     letGoOf(command);
     return true;

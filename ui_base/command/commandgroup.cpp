@@ -204,9 +204,11 @@ bool CommandGroup::removeFromSubGroup(const QString &id)
         if (!group || !group->hasCommand(id))
             continue;
         const std::shared_ptr<CommandBase> keptAlive = child;
+        // The id in the bag, since the group may have got another name meanwhile.
+        const QString idInTheBag = childId;
         const bool removed = group->removeCommand(id);
         if (group->commandBag().empty())
-            removeCommand(group->commandId());
+            removeCommand(idInTheBag);
         return removed;
     }
     return false;

@@ -290,6 +290,7 @@ private Q_SLOTS:
     void sameGroupTwiceAnnouncesNull();
     void removedChildLeavesItsGroup();
     void removingTheLastChildRemovesTheGroup();
+    void commandsThatWereRenamedAreRemoved();
     void findsTheGroupBeforeItsChildren();
     void contextsReachIntoGroups();
     void currentContextOfAGroupTellsItsChildren();
@@ -1638,6 +1639,28 @@ void TestCmdMgr::removingTheLastChildRemovesTheGroup()
     QCOMPARE(
         m_log.take(),
         QStringList({QStringLiteral("removed(cut)"), QStringLiteral("removed(%1)").arg(groupId)}));
+    QVERIFY(std::as_const(*m_manager).commandBag().empty());
+}
+
+void TestCmdMgr::commandsThatWereRenamedAreRemoved()
+{
+    const QString renamedId = CommandGroup::className() + QStringLiteral("Renamed");
+    const QString renamed = QStringLiteral("removed(%1)").arg(renamedId);
+    const auto addRenamed = [&](const QStringList &ids) {
+        const auto group = makeGroup(ids);
+        m_manager->addCommand(group.get());
+        group->setObjectName(QStringLiteral("Renamed"));
+        m_log.take();
+        return group.get();
+    };
+    addRenamed({cut});
+    QVERIFY(m_manager->removeCommand(cut));
+    QCOMPARE(m_log.take(), QStringList({QStringLiteral("removed(cut)"), renamed}));
+    QVERIFY(m_manager->removeCommand(addRenamed({})));
+    QCOMPARE(m_log.take(), QStringList(renamed));
+    addRenamed({copy});
+    QVERIFY(m_manager->removeCommand(renamedId));
+    QCOMPARE(m_log.take(), QStringList(renamed));
     QVERIFY(std::as_const(*m_manager).commandBag().empty());
 }
 

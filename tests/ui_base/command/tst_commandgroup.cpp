@@ -122,6 +122,7 @@ private Q_SLOTS:
     void nullIsIgnored();
     void removedCommandLeavesEverything();
     void removalReachesSubGroups();
+    void renamedSubGroupGoesWithItsLastCommand();
     void removalOfAnUnknownIdDoesNothing();
     void groupThatEndsFreesItsChildren();
     void commandNeverKnowsAGroupThatEnded();
@@ -317,6 +318,16 @@ void TestCommandGroup::removalReachesSubGroups()
     QVERIFY(group->removeCommand(copy));
     QCOMPARE(idsOf(*sub), QStringList(cut));
     QCOMPARE(group->commandBag().size(), std::size_t(1));
+    QVERIFY(group->removeCommand(cut));
+    QVERIFY(group->commandBag().empty());
+}
+
+void TestCommandGroup::renamedSubGroupGoesWithItsLastCommand()
+{
+    const auto group = makeGroup();
+    CommandGroup *const sub = addSubGroup(*group, QStringLiteral("Sub"));
+    addTo(*sub, cut);
+    sub->setObjectName(QStringLiteral("Renamed"));
     QVERIFY(group->removeCommand(cut));
     QVERIFY(group->commandBag().empty());
 }
