@@ -20,6 +20,12 @@
 namespace Vela::UiBase {
 namespace {
 
+/// The command as long as somebody owns it, without adopting it.
+std::shared_ptr<CommandBase> ownedPointer(CommandBase *command)
+{
+    return {command->weak_from_this().lock(), command};
+}
+
 CommandState presentState(const CommandBase &command)
 {
     return {command.isEnabled(), command.isChecked()};
@@ -113,8 +119,8 @@ public:
     CommandContext queryBag(const CommandBag *bag, const Write &write) const;
 
     bool holds(const CommandBase *command) const;
-    CommandBase *take(CommandBase *command);
-    CommandBase *takeGroup(CommandGroup *group);
+    std::shared_ptr<CommandBase> take(CommandBase *command);
+    std::shared_ptr<CommandBase> takeGroup(CommandGroup *group);
     bool removeRenamed(const CommandBase *command);
     void removeFromGroups(const QString &id);
     void stopListening(CommandBase *command);
@@ -177,21 +183,23 @@ bool CmdMgr::CmdMgrImpl::holds(const CommandBase *command) const
 }
 
 /// Puts the command where it belongs. @return what holds it now, or null when it was refused
-CommandBase *CmdMgr::CmdMgrImpl::take(CommandBase *command)
+std::shared_ptr<CommandBase> CmdMgr::CmdMgrImpl::take(CommandBase *command)
 {
     if (auto *const group = qobject_cast<CommandGroup *>(command))
         return takeGroup(group);
-    return rootBag.addCommand(command) ? command : nullptr;
+    return rootBag.addCommand(command) ? ownedPointer(command) : nullptr;
 }
 
-CommandBase *CmdMgr::CmdMgrImpl::takeGroup(CommandGroup *group)
+std::shared_ptr<CommandBase> CmdMgr::CmdMgrImpl::takeGroup(CommandGroup *group)
 {
     auto *const held = qobject_cast<CommandGroup *>(rootBag.getCommand(group->commandId()));
     if (held == group)
         return nullptr;
     if (held) {
+        // The actions tell of their new group, and what that sets off can remove it.
+        std::shared_ptr<CommandBase> result = ownedPointer(held);
         held->absorbCommandGroup(group);
-        return held;
+        return result;
     }
     const CommandBag topLevel(rootBag);
     for (const auto &[id, command] : topLevel) {
@@ -201,7 +209,7 @@ CommandBase *CmdMgr::CmdMgrImpl::takeGroup(CommandGroup *group)
             rootBag.removeCommand(id);
         }
     }
-    return rootBag.addCommand(group) ? group : nullptr;
+    return rootBag.addCommand(group) ? ownedPointer(group) : nullptr;
 }
 
 /// Removes a command that stands at the top level under an id that it had before.
@@ -314,14 +322,14 @@ CommandBase *CmdMgr::addCommand(CommandBase *command)
         throw std::runtime_error("A command id must be defined (with the COMMAND_ID macro)!");
     // Observers may let go of this manager, and take the command out again.
     const std::shared_ptr<CmdMgr> self = d->self();
-    CommandBase *const result = d->take(command);
-    const auto owner = result ? result->weak_from_this().lock() : nullptr;
+    const auto owner = command->weak_from_this().lock();
+    const std::shared_ptr<CommandBase> result = d->take(command);
     command->setAddedToCmdsVC(true);
-    broadcast(&CmdMgrProtocol::commandAdded, this, result);
-    if (!result || !d->holds(result))
+    broadcast(&CmdMgrProtocol::commandAdded, this, result.get());
+    if (!result || !d->holds(result.get()))
         return nullptr;
-    d->listen(result);
-    return result;
+    d->listen(result.get());
+    return result.get();
 }
 
 bool CmdMgr::removeCommand(CommandBase *command)

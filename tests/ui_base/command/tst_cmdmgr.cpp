@@ -220,6 +220,7 @@ private Q_SLOTS:
     void destructionLetsGoOfTheCommands();
 
     void whatWasAddedMayBeRemovedWhenItIsAnnounced();
+    void groupMayBeRemovedWhileAnotherIsMergedIntoIt();
     void othersMayBeRemovedWhenOneLeaves();
     void managerMayDieInWhatItAnnounces_data();
     void managerMayDieInWhatItAnnounces();
@@ -548,6 +549,18 @@ void TestCmdMgr::whatWasAddedMayBeRemovedWhenItIsAnnounced()
     owned->onExecute();
     QVERIFY(m_manager->runs.isEmpty());
     QVERIFY(!owned->addedToCmdsVC());
+}
+
+void TestCmdMgr::groupMayBeRemovedWhileAnotherIsMergedIntoIt()
+{
+    m_manager->addCommand(makeGroup({cut}).get());
+    const auto handedIn = makeGroup({copy});
+    // The action tells that it is in another group now.
+    connect(handedIn->getCommand(copy), &QAction::changed, this,
+            [this] { m_manager->removeCommand(groupId); });
+    QCOMPARE(m_manager->addCommand(handedIn.get()), nullptr);
+    QVERIFY(std::as_const(*m_manager).commandBag().empty());
+    QVERIFY(handedIn->hasCommand(copy));
 }
 
 void TestCmdMgr::othersMayBeRemovedWhenOneLeaves()
