@@ -338,9 +338,12 @@ void BaseView::setViewController(BaseViewController *controller)
         if (!adopted)
             return;
         const QPointer<BaseView> living(this);
-        if (BaseView *const earlier = controller->getView())
+        const QPointer<BaseView> earlier = controller->getView();
+        if (earlier)
             earlier->giveUp(controller);
-        if (!living)
+        // What hears of the close may end this view, and move the controller again.
+        const BaseView *const present = controller->getView();
+        if (!living || (present && present != earlier))
             return;
     }
     // Swapped first, so that a controller which ends here finds the view as it will be.

@@ -332,6 +332,24 @@ private Q_SLOTS:
         delete later->getQtWidget();
     }
 
+    void controllerThatMovesAgainOnItsWayStaysWhereItWentLast()
+    {
+        const Scene scene;
+        BaseView *const later = makeView();
+        BaseView *const latest = makeView();
+        scene.controller->onCall[QStringLiteral("viewWillClose")] = [&] {
+            latest->setViewController(scene.controller);
+        };
+        later->setViewController(scene.controller);
+        QCOMPARE(scene.controller->getView(), latest);
+        QCOMPARE(latest->getViewController(), scene.controller.data());
+        QCOMPARE(later->getViewController(), nullptr);
+        delete later->getQtWidget();
+        QVERIFY(scene.controller);
+        delete latest->getQtWidget();
+        QVERIFY(!scene.controller);
+    }
+
     void vetoOfALaterControllerCountsAgain()
     {
         const Scene scene;
