@@ -119,9 +119,15 @@ class Receiver : public QObject
 
 public:
     int clicks = 0;
+    std::function<void()> clicked;
 
 public Q_SLOTS:
-    void click() { ++clicks; }
+    void click()
+    {
+        ++clicks;
+        if (clicked)
+            clicked();
+    }
 };
 
 /// The bar over @p widget; null when there is none.
@@ -195,6 +201,31 @@ private Q_SLOTS:
         stage.presenter->show();
         QCOMPARE(stage.presenter->log.events().first(), QStringLiteral("viewDidLoad"));
         QVERIFY(stage.presenter->isLoaded());
+    }
+
+    void viewIsAskedForControllersThatAreNewToIt()
+    {
+        class Asked : public BaseView
+        {
+        public:
+            Asked()
+                : BaseView(static_cast<QWidget *>(nullptr), Qt::WindowFlags())
+            { }
+            void setViewController(BaseViewController *controller) override
+            {
+                ++asked;
+                BaseView::setViewController(controller);
+            }
+            int asked = 0;
+        };
+        auto *const view = new Asked;
+        auto *const controller = new BaseViewController(view);
+        QCOMPARE(view->asked, 1);
+        controller->setView(view);
+        controller->setView(nullptr);
+        QCOMPARE(view->asked, 1);
+        QCOMPARE(controller->getView(), view);
+        delete view->getQtWidget();
     }
 
     void viewDidShowCallsViewDidAppear()
@@ -575,6 +606,7 @@ private Q_SLOTS:
         NotificationBar *const bar = barOf(stage.window);
         QCOMPARE(FloatingLayer::getWidgetOriginalParent(bar), stage.window.data());
         QVERIFY(qobject_cast<FloatingLayer *>(bar->parentWidget()));
+        QCOMPARE(FloatingLayer::getWidgetOffset(bar), QPoint(0, 0));
         QCOMPARE(dataOf(bar).text, QStringLiteral("saved"));
         QCOMPARE(dataOf(bar).fadeOption, eNotificationNoFade);
         QCOMPARE(dataOf(bar).dismissTimer->interval(), 3000);
@@ -666,13 +698,16 @@ private Q_SLOTS:
         stage.presenter->hideNotification();
         QCoreApplication::processEvents();
         QVERIFY(!barOf(stage.window));
-        stage.presenter->showNotification(QStringLiteral("busy"), eNotificationPulse, 3000, false,
+        stage.presenter->showNotification(QStringLiteral("busy"), eNotificationPulse, 1000, true,
                                           nullptr, nullptr);
         QTRY_VERIFY(stage.presenter->isNotificationShowing());
         stage.presenter->hideNotification();
         QVERIFY(stage.presenter->isNotificationShowing());
         QTRY_VERIFY(!stage.presenter->isNotificationShowing());
-        QCOMPARE(dataOf(barOf(stage.window)).fadeOption, eNotificationFadeOutOnly);
+        const NotificationBarPrivate &data = dataOf(barOf(stage.window));
+        QCOMPARE(data.fadeOption, eNotificationFadeOutOnly);
+        QCOMPARE(data.dismissTimer->interval(), 3000);
+        QVERIFY(!data.closeButtonVisible);
     }
 
     void clickReachesTheLatestReceiver()
@@ -766,6 +801,24 @@ private Q_SLOTS:
         QTest::mouseClick(barOf(stage.window), Qt::LeftButton);
         QTRY_VERIFY(!stage.window);
         QVERIFY(!stage.presenter);
+    }
+
+    void clickMayEndTheController()
+    {
+        const Stage stage;
+        Receiver receiver;
+        stage.presenter->showNotification(QStringLiteral("end"), eNotificationNoFade, 3000, false,
+                                          &receiver, SLOT(click()));
+        QTRY_VERIFY(stage.presenter->isNotificationShowing());
+        const QPointer<NotificationBar> bar = barOf(stage.window);
+        bool outlivedItsClick = false;
+        receiver.clicked = [&] {
+            stage.presenter->getView()->setViewController(nullptr);
+            outlivedItsClick = bar;
+        };
+        QTest::mouseClick(bar, Qt::LeftButton);
+        QVERIFY(outlivedItsClick && !stage.presenter);
+        QTRY_VERIFY(!bar);
     }
 
     void notificationsOfThreadsOutliveTheirViews()

@@ -911,6 +911,21 @@ private Q_SLOTS:
         QVERIFY(left->isSuspended());
     }
 
+    void operatingCursorGoesOnAfterTheLeftOneCameOff()
+    {
+        Scene scene;
+        scene.view->setCursor(Qt::CrossCursor);
+        const auto left = scene.push(eToolButtonLeft, "left");
+        const auto right = scene.push(eToolButtonRight, "right", Qt::WaitCursor, Qt::SizeVerCursor);
+        scene.controller->toolBeganOperating(right.get());
+        QCOMPARE(scene.cursor(), Qt::SizeVerCursor);
+        QVERIFY(left->isSuspended());
+        scene.controller->toolEndedOperating(right.get());
+        QCOMPARE(scene.cursor(), Qt::OpenHandCursor);
+        scene.controller->popTool(eToolButtonLeft);
+        QCOMPARE(scene.cursor(), Qt::CrossCursor);
+    }
+
     void emptyCursorStackGivesTheArrow()
     {
         Scene scene;
@@ -1404,6 +1419,27 @@ private Q_SLOTS:
         QCoreApplication::processEvents();
         QVERIFY(QGuiApplication::overrideCursor() && !scene.bar());
         group->broadcast(&CommandStateProtocol::commandEndedExecuting, group, false);
+        QVERIFY(!QGuiApplication::overrideCursor());
+    }
+
+    void viewMayEndWhenTheRunOfARemovedCommandEnds()
+    {
+        class Ending : public CmdsViewController
+        {
+        public:
+            using CmdsViewController::CmdsViewController;
+            void commandEndedExecuting(CommandBase *command, bool checked) override
+            {
+                delete getQtWidget();
+                CmdsViewController::commandEndedExecuting(command, checked);
+            }
+        };
+        const QPointer<Ending> controller = new Ending;
+        const auto command = notifyingCommand(QStringLiteral("begun"), QStringLiteral("done"));
+        controller->addCommand(command.get());
+        command->work = [&](bool) { return controller->removeCommand(command.get()); };
+        QVERIFY(command->onExecute());
+        QVERIFY(!controller);
         QVERIFY(!QGuiApplication::overrideCursor());
     }
 
