@@ -25,6 +25,8 @@
 #include <QWidget>
 
 #include <stdexcept>
+#include <type_traits>
+#include <utility>
 
 using Lumo::Test::EventLog;
 using Lumo::Test::RecordingController;
@@ -167,7 +169,20 @@ BaseView *makeView(QWidget *parent = nullptr)
     return new BaseView(parent, Qt::WindowFlags());
 }
 
+template<typename Object, typename = void>
+struct IsReparentable : std::false_type
+{ };
+template<typename Object>
+struct IsReparentable<
+    Object,
+    std::void_t<decltype(std::declval<Object &>().setParent(static_cast<QObject *>(nullptr)))>>
+    : std::true_type
+{ };
+
 } // namespace
+
+// A view goes where its widget goes.
+static_assert(IsReparentable<QObject>::value && !IsReparentable<BaseView>::value);
 
 class TestBaseView : public Lumo::Test::TestCase
 {
