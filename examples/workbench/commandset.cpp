@@ -5,25 +5,41 @@
 
 #include "commands/flipnormalscommand.h"
 #include "commands/opencommand.h"
+#include "commands/savecommand.h"
 #include "commands/smoothcommand.h"
 #include "commands/subdividecommand.h"
-#include "commands/wireframecommand.h"
+
+#include <ui_base/CommandBag>
+#include <ui_base/CommandGroup>
 
 namespace Workbench {
 
-std::vector<Vela::UiBase::CommandBase *> CommandSet::all() const
+using Vela::UiBase::CommandBase;
+using Vela::UiBase::CommandGroup;
+
+std::vector<CommandGroup *> CommandSet::groups() const
 {
-    return {open.get(), smooth.get(), subdivide.get(), flipNormals.get(), wireframe.get()};
+    return {files.get(), editing.get(), display.get(), drawn.get(), watching.get()};
 }
 
-std::vector<Vela::UiBase::CommandBase *> CommandSet::edits() const
+std::vector<CommandBase *> CommandSet::all() const
+{
+    std::vector<CommandBase *> commands;
+    for (const CommandGroup *group : groups()) {
+        for (const auto &[id, command] : group->commandBag())
+            commands.push_back(command.get());
+    }
+    return commands;
+}
+
+std::vector<CommandBase *> CommandSet::edits() const
 {
     return {smooth.get(), subdivide.get(), flipNormals.get()};
 }
 
 std::vector<BackgroundCommand *> CommandSet::background() const
 {
-    return {open.get(), smooth.get(), subdivide.get()};
+    return {open.get(), save.get(), smooth.get(), subdivide.get()};
 }
 
 } // namespace Workbench

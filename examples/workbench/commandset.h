@@ -8,26 +8,50 @@
 
 namespace Vela::UiBase {
 class CommandBase;
-}
+class CommandGroup;
+} // namespace Vela::UiBase
 
 namespace Workbench {
 
+class AttributeCommand;
 class BackgroundCommand;
+class CompareCommand;
+class DisplayModeCommand;
 class FlipNormalsCommand;
 class OpenCommand;
+class PickCommand;
+class SaveCommand;
+class ShowAllCommand;
 class SmoothCommand;
 class SubdivideCommand;
-class WireframeCommand;
 
-/// The commands of the workbench.
+/// The commands of the workbench and the groups that they stand in.
+///
+/// They are shared with the controller that they are added to. So a command that runs in the
+/// background when the view is closed is still there for its end.
 struct CommandSet
 {
     std::shared_ptr<OpenCommand> open;
+    std::shared_ptr<SaveCommand> save;
     std::shared_ptr<SmoothCommand> smooth;
     std::shared_ptr<SubdivideCommand> subdivide;
     std::shared_ptr<FlipNormalsCommand> flipNormals;
-    std::shared_ptr<WireframeCommand> wireframe;
+    std::shared_ptr<PickCommand> pick;
+    std::shared_ptr<ShowAllCommand> showAll;
+    std::shared_ptr<CompareCommand> compare;
+    std::vector<std::shared_ptr<DisplayModeCommand>> modes;
+    std::vector<std::shared_ptr<AttributeCommand>> attributes;
 
+    std::shared_ptr<Vela::UiBase::CommandGroup> files;
+    std::shared_ptr<Vela::UiBase::CommandGroup> editing;
+    std::shared_ptr<Vela::UiBase::CommandGroup> display;  ///< the modes, of which one is checked
+    std::shared_ptr<Vela::UiBase::CommandGroup> drawn;    ///< the attributes, any number checked
+    std::shared_ptr<Vela::UiBase::CommandGroup> watching; ///< what changes the view of the mesh
+
+    /// All groups, in the order in which a controller gets them.
+    std::vector<Vela::UiBase::CommandGroup *> groups() const;
+
+    /// All commands that stand in the groups.
     std::vector<Vela::UiBase::CommandBase *> all() const;
 
     /// Those that change the mesh.

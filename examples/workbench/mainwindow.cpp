@@ -3,27 +3,36 @@
 
 #include "mainwindow.h"
 
+#include "changesquestion.h"
 #include "commandclock.h"
+#include "commands/attributecommand.h"
+#include "commands/comparecommand.h"
+#include "commands/displaymodecommand.h"
 #include "commands/flipnormalscommand.h"
 #include "commands/opencommand.h"
+#include "commands/pickcommand.h"
+#include "commands/savecommand.h"
+#include "commands/showallcommand.h"
 #include "commands/smoothcommand.h"
 #include "commands/subdividecommand.h"
-#include "commands/wireframecommand.h"
+#include "controllers/meshviewcontroller.h"
 #include "mesh/meshreader.h"
 #include "meshdocument.h"
 #include "messagebanner.h"
 #include "statusline.h"
-#include "view/meshview.h"
 #include "view/viewpane.h"
+
+#include <lumo_app_service/ApplicationService>
+#include <tessel/dispatch.h>
 
 #include <QCloseEvent>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMenuBar>
+#include <QPointer>
 #include <QScreen>
 #include <QVBoxLayout>
 
-#include <algorithm>
 #include <cstdio>
 
 namespace Workbench {
@@ -41,17 +50,19 @@ QString nameOf(const Vela::UiBase::CommandBase &command)
 MainWindow::MainWindow()
     : m_document(std::make_shared<MeshDocument>())
     , m_clock(std::make_shared<CommandClock>())
+    , m_manager(std::make_unique<AppManager>(
+          m_document, [this] { return chooseFile(); }, [this] { return chooseTarget(); }))
     , m_banner(new MessageBanner)
-    , m_pane(new ViewPane)
+    , m_pane(new ViewPane(m_document))
     , m_status(new StatusLine)
 {
-    setWindowTitle(tr("Workbench"));
     resize(QSize(1080, 700).boundedTo(screen()->availableSize() * 9 / 10));
-    buildCommands();
+    m_pane->controller()->setClosingQuestion([this] { return mayLoseChanges(); });
     buildLayout();
     buildMenus();
     connectDocument();
     connectClock();
+    showTitle();
     updateEnabled();
 }
 
@@ -59,22 +70,13 @@ MainWindow::~MainWindow()
 {
     // The runs that are left live on without the window: they own the document they report to.
     cancelRuns();
+    disconnect(m_clock.get(), nullptr, this, nullptr);
+    disconnect(m_document.get(), nullptr, this, nullptr);
 }
 
 void MainWindow::openFile(const QString &path)
 {
-    m_commands.open->open(path);
-}
-
-void MainWindow::buildCommands()
-{
-    m_commands.open = std::make_shared<OpenCommand>(m_document, [this] { return chooseFile(); });
-    m_commands.smooth = std::make_shared<SmoothCommand>(m_document);
-    m_commands.subdivide = std::make_shared<SubdivideCommand>(m_document);
-    m_commands.flipNormals = std::make_shared<FlipNormalsCommand>(m_document);
-    m_commands.wireframe = std::make_shared<WireframeCommand>(&m_pane->view());
-    for (Vela::UiBase::CommandBase *command : m_commands.all())
-        CommandClock::watch(m_clock, *command);
+    commands().open->open(path);
 }
 
 void MainWindow::buildLayout()
@@ -92,29 +94,40 @@ void MainWindow::buildLayout()
 void MainWindow::buildMenus()
 {
     QMenu *file = menuBar()->addMenu(tr("&File"));
-    file->addAction(m_commands.open.get());
+    file->addAction(commands().open.get());
+    file->addAction(commands().save.get());
     file->addSeparator();
     QAction *quit = file->addAction(tr("&Quit"), this, &QWidget::close);
     quit->setShortcut(QKeySequence::Quit);
     quit->setMenuRole(QAction::QuitRole);
 
     QMenu *mesh = menuBar()->addMenu(tr("&Mesh"));
-    mesh->addAction(m_commands.smooth.get());
-    mesh->addAction(m_commands.subdivide.get());
-    mesh->addSeparator();
-    mesh->addAction(m_commands.flipNormals.get());
+    mesh->addAction(commands().smooth.get());
+    mesh->addAction(commands().subdivide.get());
+    mesh->addAction(commands().flipNormals.get());
+    buildViewMenu();
+}
 
+void MainWindow::buildViewMenu()
+{
     QMenu *view = menuBar()->addMenu(tr("&View"));
-    view->addAction(m_commands.wireframe.get());
+    for (const auto &mode : commands().modes)
+        view->addAction(mode.get());
+    view->addSeparator();
+    for (const auto &attribute : commands().attributes)
+        view->addAction(attribute.get());
+    view->addSeparator();
+    view->addAction(commands().pick.get());
+    view->addAction(commands().showAll.get());
+    view->addAction(commands().compare.get());
 }
 
 void MainWindow::connectDocument()
 {
-    connect(m_document.get(), &MeshDocument::meshChanged, this, [this] {
-        m_pane->view().setMesh(m_document->mesh());
-        m_status->showMesh(m_document->mesh());
-    });
+    connect(m_document.get(), &MeshDocument::meshChanged, this, &MainWindow::showMesh);
+    connect(m_document.get(), &MeshDocument::selectionChanged, this, &MainWindow::showMesh);
     connect(m_document.get(), &MeshDocument::opened, this, &MainWindow::handleOpened);
+    connect(m_document.get(), &MeshDocument::saved, this, &MainWindow::showTitle);
     connect(m_document.get(), &MeshDocument::problemReported, this, [this](const QString &text) {
         m_banner->showMessage(text);
         std::fprintf(stderr, "workbench: %s\n", text.toLocal8Bit().constData());
@@ -123,9 +136,11 @@ void MainWindow::connectDocument()
 
 void MainWindow::connectClock()
 {
+    for (Vela::UiBase::CommandBase *command : commands().all())
+        CommandClock::watch(m_clock, *command);
     connect(m_clock.get(), &CommandClock::began, this, [this](const auto *command) {
         m_status->showRunning(nameOf(*command));
-        updateEnabled();
+        commands().open->setEnabled(!commands().open->isRunning());
     });
     connect(m_clock.get(), &CommandClock::ended, this, &MainWindow::handleEnded);
 }
@@ -139,14 +154,41 @@ QString MainWindow::chooseFile()
                                         tr("Meshes (%1);;All files (*)").arg(endings));
 }
 
+QString MainWindow::chooseTarget()
+{
+    const QFileInfo file(m_document->filePath());
+    QFileDialog dialog(this, tr("Save the mesh"), file.path(), tr("OBJ meshes (*.obj)"));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(QStringLiteral("obj"));
+    dialog.selectFile(file.completeBaseName() + QStringLiteral(".obj"));
+    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+}
+
+/// Whether nothing is lost by closing the view, or the user wants it so.
+bool MainWindow::mayLoseChanges()
+{
+    if (!m_document->isModified())
+        return true;
+    switch (askAboutChanges(this, QFileInfo(m_document->filePath()).fileName())) {
+    case EChanges::Save:
+        return commands().save->saveNow();
+    case EChanges::Discard:
+        m_document->giveUpChanges();
+        return true;
+    case EChanges::Keep:
+        break;
+    }
+    return false;
+}
+
 void MainWindow::handleOpened()
 {
     // What still works on the mesh of before works for nobody.
-    m_commands.smooth->cancel();
-    m_commands.subdivide->cancel();
+    commands().smooth->cancel();
+    commands().subdivide->cancel();
     m_banner->dismiss();
-    m_pane->view().frameMesh();
-    setWindowTitle(tr("%1 - Workbench").arg(QFileInfo(m_document->filePath()).fileName()));
+    showTitle();
+    updateEnabled();
 }
 
 void MainWindow::handleEnded(Vela::UiBase::CommandBase *command, qint64 microseconds)
@@ -156,33 +198,67 @@ void MainWindow::handleEnded(Vela::UiBase::CommandBase *command, qint64 microsec
         m_status->showStopped(nameOf(*command));
     else
         m_status->showFinished(nameOf(*command), microseconds);
-    updateEnabled();
+    updateEnabledLater();
     if (m_isClosing && m_clock->running() == 0)
         close();
 }
 
+void MainWindow::showMesh()
+{
+    m_status->showMesh(m_document->mesh(), m_document->selection().size());
+    setWindowModified(m_document->isModified());
+}
+
+void MainWindow::showTitle()
+{
+    const QString file = QFileInfo(m_document->filePath()).fileName();
+    const QString name = m_manager->applicationName();
+    setWindowTitle(file.isEmpty() ? name : tr("%1[*] - %2").arg(file, name));
+    setWindowModified(m_document->isModified());
+}
+
 void MainWindow::updateEnabled()
 {
-    const bool isEditing = m_commands.smooth->isRunning() || m_commands.subdivide->isRunning();
-    for (Vela::UiBase::CommandBase *command : m_commands.edits())
-        command->setEnabled(!m_document->isEmpty() && !isEditing);
-    m_commands.open->setEnabled(!m_commands.open->isRunning());
+    const CommandSet &all = commands();
+    const bool hasMesh = !m_document->isEmpty();
+    const bool isEditing = all.smooth->isRunning() || all.subdivide->isRunning();
+    for (Vela::UiBase::CommandBase *command : all.edits())
+        command->setEnabled(hasMesh && !isEditing);
+    for (QAction *action : std::initializer_list<QAction *> {all.save.get(), all.pick.get(),
+                                                             all.showAll.get(), all.compare.get()})
+        action->setEnabled(hasMesh);
+    all.open->setEnabled(!all.open->isRunning());
+}
+
+/// The context of a run that ended is about to put back what the commands looked like when it began.
+/// What is true now has the last word.
+void MainWindow::updateEnabledLater()
+{
+    const auto update = [window = QPointer<MainWindow>(this)] {
+        if (window)
+            window->updateEnabled();
+    };
+    Tessel::dispatchAsync(update, Tessel::EQualityOfService::Main);
 }
 
 void MainWindow::cancelRuns()
 {
-    for (BackgroundCommand *command : m_commands.background())
+    for (BackgroundCommand *command : commands().background())
         command->cancel();
 }
 
 void MainWindow::closeEvent(QCloseEvent *event)
 {
+    event->ignore();
+    m_isClosing = false;
+    if (!Vela::Services::ApplicationService::GetInstance().requestShutdown())
+        return;
     cancelRuns();
     m_isClosing = m_clock->running() > 0;
-    if (!m_isClosing)
-        return;
-    hide();
-    event->ignore();
+    if (m_isClosing)
+        hide();
+    else if (!m_pane->controller() || m_pane->controller()->close())
+        event->accept();
 }
 
 } // namespace Workbench

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "commandset.h"
+#include "appmanager.h"
 
 #include <QMainWindow>
 
@@ -11,14 +11,16 @@ namespace Workbench {
 
 class CommandClock;
 class MeshDocument;
+class MeshViewController;
 class MessageBanner;
 class StatusLine;
 class ViewPane;
 
 /// The window: menus of commands, a banner for problems, the view and the status line.
 ///
-/// Closing it during a run cancels the run, takes the window from the screen at once and lets it
-/// close when the run has ended, so that no work is left when the process ends.
+/// Closing it asks about unsaved changes. During a run it then cancels the run, takes the window
+/// from the screen at once and lets it close when the run has ended, so that no work is left when
+/// the process ends.
 class MainWindow : public QMainWindow
 {
     Q_OBJECT
@@ -30,7 +32,7 @@ public:
     /// Begins to open the file at @p path.
     void openFile(const QString &path);
 
-    const CommandSet &commands() const { return m_commands; }
+    const CommandSet &commands() const { return m_manager->commandSet(); }
     CommandClock &clock() const { return *m_clock; }
     MeshDocument &document() const { return *m_document; }
     MessageBanner &banner() const { return *m_banner; }
@@ -41,24 +43,29 @@ protected:
     void closeEvent(QCloseEvent *event) override;
 
 private:
-    void buildCommands();
     void buildLayout();
     void buildMenus();
+    void buildViewMenu();
     void connectDocument();
     void connectClock();
 
     QString chooseFile();
+    QString chooseTarget();
+    bool mayLoseChanges();
     void handleOpened();
     void handleEnded(Vela::UiBase::CommandBase *command, qint64 microseconds);
+    void showMesh();
+    void showTitle();
     void updateEnabled();
+    void updateEnabledLater();
     void cancelRuns();
 
     const std::shared_ptr<MeshDocument> m_document;
     const std::shared_ptr<CommandClock> m_clock;
+    const std::unique_ptr<AppManager> m_manager;
     MessageBanner *const m_banner;
     ViewPane *const m_pane;
     StatusLine *const m_status;
-    CommandSet m_commands;
     bool m_isClosing = false;
 };
 

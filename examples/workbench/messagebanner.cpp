@@ -3,7 +3,7 @@
 
 #include "messagebanner.h"
 
-#include <ui_base/QtUiToolkit>
+#include "closebutton.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -23,20 +23,6 @@ const char *const look = R"(
     QToolButton:pressed { background: #EBC0C0; }
 )";
 
-QToolButton *makeCloseButton(QWidget *parent)
-{
-    auto *button = new QToolButton(parent);
-    button->setObjectName(QStringLiteral("dismiss"));
-    button->setIcon(
-        Vela::UiBase::QtUiToolkit::Instance().CreateIcon(QStringLiteral("sys_close_18.png")));
-    button->setIconSize({18, 18});
-    button->setFixedSize(24, 24);
-    button->setFocusPolicy(Qt::TabFocus);
-    button->setToolTip(MessageBanner::tr("Dismiss"));
-    button->setAccessibleName(button->toolTip());
-    return button;
-}
-
 } // namespace
 
 MessageBanner::MessageBanner(QWidget *parent)
@@ -47,7 +33,8 @@ MessageBanner::MessageBanner(QWidget *parent)
     m_label->setWordWrap(true);
     m_label->setTextFormat(Qt::PlainText);
     m_label->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    QToolButton *close = makeCloseButton(this);
+    QToolButton *close = makeCloseButton(tr("Dismiss"), this);
+    close->setObjectName(QStringLiteral("dismiss"));
     connect(close, &QToolButton::clicked, this, &MessageBanner::dismiss);
 
     auto *line = new QHBoxLayout(this);

@@ -35,7 +35,7 @@ StatusLine::StatusLine(QWidget *parent)
     m_command->setContentsMargins(8, 3, 8, 3);
     addWidget(m_mesh);
     addPermanentWidget(m_command);
-    showMesh({});
+    showMesh({}, 0);
 }
 
 QString StatusLine::meshText() const
@@ -48,13 +48,17 @@ QString StatusLine::commandText() const
     return m_command->text();
 }
 
-void StatusLine::showMesh(const Mesh &mesh)
+void StatusLine::showMesh(const Mesh &mesh, int selected)
 {
     const QLocale locale;
-    m_mesh->setText(mesh.isEmpty() ? tr("No mesh is open")
-                                   : tr("%1 vertices, %2 faces")
-                                         .arg(locale.toString(mesh.positions.size()),
-                                              locale.toString(mesh.faces.size())));
+    QString text = tr("No mesh is open");
+    if (!mesh.isEmpty()) {
+        text = tr("%1 vertices, %2 faces")
+                   .arg(locale.toString(mesh.positions.size()), locale.toString(mesh.faces.size()));
+    }
+    if (selected > 0)
+        text = tr("%1, %2 selected").arg(text, locale.toString(selected));
+    m_mesh->setText(text);
 }
 
 void StatusLine::showRunning(const QString &command)

@@ -11,8 +11,8 @@ namespace Workbench {
 
 struct Mesh;
 
-/// The line at the bottom of the window: the size of the mesh on the left, the latest command on
-/// the right.
+/// The line at the bottom of the window: the size of the mesh and of the selection on the left, the
+/// latest command on the right.
 class StatusLine : public QStatusBar
 {
     Q_OBJECT
@@ -23,7 +23,8 @@ public:
     QString meshText() const;
     QString commandText() const;
 
-    void showMesh(const Mesh &mesh);
+    /// @param selected how many of its faces are selected
+    void showMesh(const Mesh &mesh, int selected);
     void showRunning(const QString &command);
     void showFinished(const QString &command, qint64 microseconds);
     void showStopped(const QString &command);

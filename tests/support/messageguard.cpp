@@ -20,6 +20,8 @@ bool isPlatformNoise(const QString &text)
     // The offscreen platform says these of its own and no other, and a machine without a folder for run
     // time files makes Qt say where it puts them.
     return text.startsWith(QLatin1String("This plugin does not support raise()"))
+        || text.startsWith(QLatin1String("This plugin does not support lower()"))
+        || text.startsWith(QLatin1String("This plugin does not support setParent!"))
         || text.startsWith(QLatin1String("This plugin does not support propagateSizeHints()"))
         || text.startsWith(QLatin1String("This plugin does not support grabbing the keyboard"))
         || text.startsWith(QLatin1String("QStandardPaths: "));

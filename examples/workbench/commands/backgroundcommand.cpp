@@ -48,6 +48,13 @@ void BackgroundCommand::cancel()
         m_run->cancellation.cancel();
 }
 
+const QString BackgroundCommand::getExecutionNotificationMessage(ENotification notification) const
+{
+    if (notification == ENotification::ExecutionEnded && wasCancelled())
+        return tr("%1 was stopped.").arg(iconText());
+    return CommandBase::getExecutionNotificationMessage(notification);
+}
+
 bool BackgroundCommand::onExecute(bool checked)
 {
     if (isRunning())

@@ -37,6 +37,9 @@ public:
     /// Asks the run to stop, if there is one. It ends soon and its result is dropped. Main thread.
     void cancel();
 
+    /// The message of the end tells when the run was stopped.
+    const QString getExecutionNotificationMessage(ENotification notification) const override;
+
     /// Begins a run.
     /// @return false when one is under way, when there is nothing to do, or when the library took
     /// no job; nothing is announced then but in the last case

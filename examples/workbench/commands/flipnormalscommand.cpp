@@ -3,6 +3,7 @@
 
 #include "commands/flipnormalscommand.h"
 
+#include "commands/meshcommand.h"
 #include "meshdocument.h"
 
 #include <ui_base/QtUiToolkit>
@@ -15,6 +16,7 @@ FlipNormalsCommand::FlipNormalsCommand(std::shared_ptr<MeshDocument> document)
     : CommandBase(nullptr)
     , m_document(std::move(document))
 {
+    addTag(MeshCommand::editTag());
     setText(tr("&Flip Normals"));
     setToolTip(tr("Turn the surface inside out"));
     setShortcut(Qt::CTRL + Qt::Key_F);

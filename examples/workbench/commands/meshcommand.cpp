@@ -5,13 +5,24 @@
 
 #include "meshdocument.h"
 
+#include <ui_base/CmdsViewController>
+#include <ui_base/CommandContext>
+
 #include <utility>
 
 namespace Workbench {
 
 MeshCommand::MeshCommand(std::shared_ptr<MeshDocument> document)
     : m_document(std::move(document))
-{ }
+{
+    addTag(editTag());
+    enableExecutionNotification(true);
+}
+
+QString MeshCommand::editTag()
+{
+    return QStringLiteral("edit");
+}
 
 BackgroundCommand::Work MeshCommand::prepare()
 {
@@ -24,6 +35,12 @@ BackgroundCommand::Work MeshCommand::prepare()
             document->replaceMesh(mesh, revision);
         };
     };
+}
+
+Vela::UiBase::CommandContext MeshCommand::getExecutionCommandContext() const
+{
+    const Vela::UiBase::CmdsViewController *const controller = getViewController();
+    return controller ? controller->disabledContext(editTag()) : Vela::UiBase::CommandContext();
 }
 
 void MeshCommand::handleOutOfMemory()

@@ -13,11 +13,16 @@ class MeshDocument;
 /// A command that works out a new mesh from the one that is open, in the background.
 ///
 /// The work starts from a snapshot. When the document was changed before it is done, its result is
-/// dropped: the window keeps that from happening by disabling the other changes during a run, and
-/// opening another file cancels it.
+/// dropped. That does not happen by the user's edits: an execution context holds all commands with
+/// the tag of edits disabled during a run. Opening another file cancels it. Begin and end are told
+/// in the notification of the view.
 class MeshCommand : public BackgroundCommand
 {
     Q_OBJECT
+
+public:
+    /// The tag of the commands that change the mesh.
+    static QString editTag();
 
 protected:
     explicit MeshCommand(std::shared_ptr<MeshDocument> document);
@@ -30,6 +35,7 @@ protected:
     virtual Operation operation() const = 0;
 
     Work prepare() override;
+    Vela::UiBase::CommandContext getExecutionCommandContext() const override;
     void handleOutOfMemory() override;
 
 private:

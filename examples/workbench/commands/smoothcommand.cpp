@@ -17,6 +17,8 @@ SmoothCommand::SmoothCommand(std::shared_ptr<MeshDocument> document)
     setText(tr("&Smooth"));
     setToolTip(tr("Take the noise out of the surface"));
     setShortcut(Qt::CTRL + Qt::Key_M);
+    setExecutionNotificationMessage(ENotification::ExecutionBegan, tr("Smoothing the surface"));
+    setExecutionNotificationMessage(ENotification::ExecutionEnded, tr("The surface is smoother."));
     setIcon(Vela::UiBase::QtUiToolkit::Instance().CreateIcon(QStringLiteral("cmd_smooth")));
 }
 

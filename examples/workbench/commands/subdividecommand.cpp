@@ -20,6 +20,9 @@ SubdivideCommand::SubdivideCommand(std::shared_ptr<MeshDocument> document)
     setText(tr("S&ubdivide"));
     setToolTip(tr("Make four faces of each and round the surface"));
     setShortcut(Qt::CTRL + Qt::Key_D);
+    setExecutionNotificationMessage(ENotification::ExecutionBegan, tr("Subdividing the faces"));
+    setExecutionNotificationMessage(ENotification::ExecutionEnded,
+                                    tr("Each face has become four."));
     setIcon(Vela::UiBase::QtUiToolkit::Instance().CreateIcon(QStringLiteral("cmd_subdivide")));
 }
 

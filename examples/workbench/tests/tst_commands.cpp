@@ -4,18 +4,20 @@
 #include "commandclock.h"
 #include "commands/flipnormalscommand.h"
 #include "commands/opencommand.h"
+#include "commands/savecommand.h"
 #include "commands/smoothcommand.h"
 #include "commands/subdividecommand.h"
-#include "commands/wireframecommand.h"
 #include "mesh/cancellation.h"
 #include "mesh/meshoperations.h"
+#include "mesh/meshreader.h"
 #include "meshdocument.h"
 #include "support/testcase.h"
 #include "support/testmain.h"
 #include "testmeshes.h"
-#include "view/meshview.h"
 
+#include <QFile>
 #include <QSignalSpy>
+#include <QTemporaryDir>
 #include <QThread>
 
 #include <new>
@@ -118,6 +120,71 @@ private Q_SLOTS:
         QTRY_COMPARE(m_ends->count(), 1);
         QVERIFY(command->onExecute());
         QTRY_COMPARE(m_ends->count(), 2);
+    }
+
+    void savingWritesTheMeshAndIsNoted()
+    {
+        const QTemporaryDir folder;
+        const QString path = folder.filePath(QStringLiteral("saved.obj"));
+        const auto document = documentWith(TestMeshes::tetrahedron());
+        document->flipNormals();
+        auto command = watched(std::make_shared<SaveCommand>(document, [path] { return path; }));
+        command->trigger();
+        QTRY_COMPARE(m_ends->count(), 1);
+        QCOMPARE(MeshReader::read(path).mesh.faces.size(), 4);
+        QVERIFY(!document->isModified());
+        QCOMPARE(document->filePath(), path);
+    }
+
+    void whatIsChangedWhileItIsSavedStaysUnsaved()
+    {
+        const QTemporaryDir folder;
+        const QString path = folder.filePath(QStringLiteral("saved.obj"));
+        const auto document = documentWith(TestMeshes::tetrahedron());
+        auto command = watched(std::make_shared<SaveCommand>(document, [path] { return path; }));
+        command->trigger();
+        document->flipNormals();
+        QTRY_COMPARE(m_ends->count(), 1);
+        QVERIFY(document->isModified());
+    }
+
+    void aFileThatCannotBeWrittenIsTold()
+    {
+        const auto document = documentWith(TestMeshes::tetrahedron());
+        document->flipNormals();
+        QSignalSpy problems(document.get(), &MeshDocument::problemReported);
+        SaveCommand command(document, [] { return QStringLiteral("/nowhere/saved.obj"); });
+        QVERIFY(!command.saveNow());
+        QCOMPARE(problems.count(), 1);
+        QVERIFY(document->isModified());
+    }
+
+    void savingNowIsDoneWhenTheCallReturns()
+    {
+        const QTemporaryDir folder;
+        const QString path = folder.filePath(QStringLiteral("saved.obj"));
+        const auto document = documentWith(TestMeshes::tetrahedron());
+        document->flipNormals();
+        SaveCommand command(document, [path] { return path; });
+        QVERIFY(command.saveNow());
+        QVERIFY(!document->isModified());
+        QVERIFY(QFile::exists(path));
+        SaveCommand undecided(document, [] { return QString(); });
+        QVERIFY(!undecided.saveNow());
+    }
+
+    void theMessageOfTheEndTellsWhenARunWasStopped()
+    {
+        const auto document = documentWith(TestMeshes::tetrahedron());
+        auto command = watched(std::make_shared<SmoothCommand>(document));
+        const auto end = Vela::UiBase::CommandBase::ENotification::ExecutionEnded;
+        QCOMPARE(command->getExecutionNotificationMessage(end),
+                 QStringLiteral("The surface is smoother."));
+        command->trigger();
+        command->cancel();
+        QCOMPARE(command->getExecutionNotificationMessage(end),
+                 QStringLiteral("Smooth was stopped."));
+        QTRY_COMPARE(m_ends->count(), 1);
     }
 
     void withoutAMeshNothingIsBegun()
@@ -279,18 +346,6 @@ private Q_SLOTS:
                  QStringLiteral(WORKBENCH_TEST_FILES "/pointsonly.obj holds no faces."));
         QVERIFY(isSame(document->mesh(), original));
         QCOMPARE(document->filePath(), QStringLiteral("test.obj"));
-    }
-
-    void wireframeFollowsItsCheckMark()
-    {
-        auto view = std::make_unique<MeshView>();
-        WireframeCommand command(view.get());
-        command.setChecked(true);
-        QVERIFY(view->isWireframe());
-        command.setChecked(false);
-        QVERIFY(!view->isWireframe());
-        view.reset();
-        QVERIFY(!command.onExecute(true));
     }
 
     void everyCommandHasItsClassAsIdAndAnIcon()

@@ -4,22 +4,30 @@
 #include "mainwindow.h"
 
 #include "commandclock.h"
+#include "commands/attributecommand.h"
+#include "commands/displaymodecommand.h"
 #include "commands/opencommand.h"
+#include "commands/savecommand.h"
 #include "commands/smoothcommand.h"
 #include "commands/subdividecommand.h"
+#include "controllers/meshviewcontroller.h"
 #include "meshdocument.h"
 #include "messagebanner.h"
 #include "statusline.h"
 #include "support/testcase.h"
 #include "support/testmain.h"
+#include "view/meshview.h"
 #include "view/viewpane.h"
 
 #include <QAbstractButton>
+#include <QApplication>
+#include <QMessageBox>
 #include <QTimer>
 
 #include <chrono>
 
 using namespace Workbench;
+using Vela::UiBase::CommandBase;
 
 namespace {
 
@@ -33,6 +41,40 @@ QString bunny()
     return QStringLiteral(WORKBENCH_DATA "/bunny.obj");
 }
 
+/// Clicks the button of this role in every message box that comes up while it lives.
+class DialogAnswer : public QObject
+{
+public:
+    explicit DialogAnswer(QMessageBox::ButtonRole role)
+        : m_role(role)
+    {
+        connect(&m_pulse, &QTimer::timeout, this, &DialogAnswer::look);
+        m_pulse.start(10);
+    }
+
+    int count() const { return m_count; }
+    QString text() const { return m_text; }
+
+private:
+    void look()
+    {
+        auto *const box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+        if (!box)
+            return;
+        ++m_count;
+        m_text = box->text();
+        for (QAbstractButton *button : box->buttons()) {
+            if (box->buttonRole(button) == m_role)
+                button->click();
+        }
+    }
+
+    const QMessageBox::ButtonRole m_role;
+    QTimer m_pulse;
+    int m_count = 0;
+    QString m_text;
+};
+
 } // namespace
 
 class MainWindowTest : public Lumo::Test::TestCase
@@ -40,13 +82,16 @@ class MainWindowTest : public Lumo::Test::TestCase
     Q_OBJECT
 
 private Q_SLOTS:
+    // As the program does: the view is the only native widget.
+    void initTestCase() { QApplication::setAttribute(Qt::AA_DontCreateNativeWidgetSiblings); }
+
     void openingShowsTheNameAndTheSize()
     {
         MainWindow window;
         QCOMPARE(window.statusLine().meshText(), QStringLiteral("No mesh is open"));
         open(window, bunny());
         QCOMPARE(window.statusLine().meshText(), QStringLiteral("1,839 vertices, 3,674 faces"));
-        QCOMPARE(window.windowTitle(), QStringLiteral("bunny.obj - Workbench"));
+        QCOMPARE(window.windowTitle(), QStringLiteral("bunny.obj[*] - Workbench"));
         QVERIFY(window.statusLine().commandText().startsWith(QLatin1String("Open: ")));
     }
 
@@ -81,17 +126,87 @@ private Q_SLOTS:
         MainWindow window;
         for (const auto *command : window.commands().edits())
             QVERIFY(!command->isEnabled());
+        QVERIFY(!window.commands().save->isEnabled());
         open(window, bunny());
         for (const auto *command : window.commands().edits())
             QVERIFY(command->isEnabled());
-
-        window.commands().smooth->trigger();
-        for (const auto *command : window.commands().edits())
-            QVERIFY(!command->isEnabled());
+        QVERIFY(window.commands().save->isEnabled());
         QVERIFY(window.commands().open->isEnabled());
+    }
+
+    void editsAreHeldDisabledWhileOneRuns()
+    {
+        MainWindow window;
+        window.show();
+        open(window, bunny());
+        for (CommandBase *edit : std::initializer_list<CommandBase *> {
+                 window.commands().smooth.get(), window.commands().subdivide.get()}) {
+            QVector<bool> enabledAtTheEnd;
+            const auto connection =
+                connect(&window.clock(), &CommandClock::ended, this, [&window, &enabledAtTheEnd] {
+                    for (const auto *command : window.commands().edits())
+                        enabledAtTheEnd << command->isEnabled();
+                });
+            edit->trigger();
+            QTRY_COMPARE(enabledAtTheEnd, QVector<bool>(3, false));
+            disconnect(connection);
+            for (const auto *command : window.commands().edits())
+                QTRY_VERIFY(command->isEnabled());
+        }
+    }
+
+    void anotherFileCanBeOpenedDuringARun()
+    {
+        MainWindow window;
+        window.show();
+        open(window, bunny());
+        window.commands().subdivide->trigger();
+        window.openFile(testFile("tetrahedron.obj"));
+        QVERIFY(!window.commands().open->isEnabled());
         QTRY_COMPARE(window.clock().running(), 0);
-        for (const auto *command : window.commands().edits())
-            QVERIFY(command->isEnabled());
+        QCOMPARE(window.document().mesh().faces.size(), 4);
+        for (const auto *command : window.commands().all())
+            QTRY_VERIFY2(command->isEnabled(), qPrintable(command->commandId()));
+    }
+
+    void whatIsCheckedDuringARunStaysChecked()
+    {
+        MainWindow window;
+        window.show();
+        open(window, bunny());
+        const auto &modes = window.commands().modes;
+        window.commands().smooth->trigger();
+        modes[2]->trigger();
+        window.commands().attributes[1]->trigger();
+        QTRY_COMPARE(window.clock().running(), 0);
+        QTRY_VERIFY(window.commands().smooth->isEnabled());
+        QVERIFY(modes[2]->isChecked() && !modes[0]->isChecked());
+        QVERIFY(window.commands().attributes[1]->isChecked());
+        QVERIFY(window.pane().view()->appearance().mode == EDisplayMode::Wireframe);
+    }
+
+    void theTitleMarksChanges()
+    {
+        MainWindow window;
+        open(window, bunny());
+        QVERIFY(!window.isWindowModified());
+        window.document().flipNormals();
+        QVERIFY(window.isWindowModified());
+        window.document().noteSaved(QStringLiteral("/tmp/other.obj"),
+                                    window.document().snapshot().revision);
+        QVERIFY(!window.isWindowModified());
+        QCOMPARE(window.windowTitle(), QStringLiteral("other.obj[*] - Workbench"));
+    }
+
+    void theSelectionIsCounted()
+    {
+        MainWindow window;
+        open(window, bunny());
+        window.document().select({1, 2, 3});
+        QCOMPARE(window.statusLine().meshText(),
+                 QStringLiteral("1,839 vertices, 3,674 faces, 3 selected"));
+        window.document().flipNormals();
+        QCOMPARE(window.statusLine().meshText(), QStringLiteral("1,839 vertices, 3,674 faces"));
     }
 
     void openingAnotherFileCancelsTheRunOnTheOneBefore()
@@ -128,6 +243,57 @@ private Q_SLOTS:
         MainWindow window;
         window.show();
         QVERIFY(window.close());
+    }
+
+    void changesAreAskedAboutAndKeepTheWindowOpen()
+    {
+        MainWindow window;
+        window.show();
+        open(window, bunny());
+        window.document().flipNormals();
+        DialogAnswer answer(QMessageBox::RejectRole);
+        QVERIFY(!window.close());
+        QCOMPARE(answer.count(), 1);
+        QVERIFY(answer.text().startsWith(QLatin1String("bunny.obj")));
+        QVERIFY(window.isVisible());
+        QVERIFY(window.pane().controller()->isLoaded());
+        QVERIFY(window.commands().smooth->addedToCmdsVC());
+        QVERIFY(window.document().isModified());
+    }
+
+    void changesThatAreGivenUpAreAskedAboutOnce()
+    {
+        MainWindow window;
+        window.show();
+        open(window, bunny());
+        window.document().flipNormals();
+        DialogAnswer answer(QMessageBox::DestructiveRole);
+        QVERIFY(window.close());
+        QCOMPARE(answer.count(), 1);
+        QVERIFY(!window.isVisible());
+        QVERIFY(!window.commands().smooth->addedToCmdsVC());
+    }
+
+    void closingTheViewAsksToo()
+    {
+        MainWindow window;
+        window.show();
+        open(window, bunny());
+        window.document().flipNormals();
+        DialogAnswer answer(QMessageBox::RejectRole);
+        QVERIFY(!window.pane().controller()->close());
+        QCOMPARE(answer.count(), 1);
+        QVERIFY(window.pane().view());
+    }
+
+    void withoutChangesNobodyIsAsked()
+    {
+        MainWindow window;
+        window.show();
+        open(window, bunny());
+        DialogAnswer answer(QMessageBox::RejectRole);
+        QVERIFY(window.close());
+        QCOMPARE(answer.count(), 0);
     }
 
     void destroyingTheWindowDuringARunIsSafe()

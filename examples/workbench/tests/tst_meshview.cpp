@@ -7,6 +7,7 @@
 #include "support/testmain.h"
 #include "testmeshes.h"
 #include "tour/picture.h"
+#include "view/camerarig.h"
 
 #include <QProcess>
 #include <QScreen>
@@ -42,11 +43,12 @@ private Q_SLOTS:
     void init()
     {
         TestCase::init();
+        m_rig = std::make_shared<CameraRig>();
         m_window = std::make_unique<QWidget>();
         m_window->resize(400, 300);
         auto *layout = new QVBoxLayout(m_window.get());
         layout->setContentsMargins(0, 0, 0, 0);
-        m_view = new MeshView(m_window.get());
+        m_view = new MeshView(m_rig, m_window.get());
         layout->addWidget(m_view);
         m_window->show();
         QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
@@ -79,14 +81,78 @@ private Q_SLOTS:
 
     void theBackgroundIsLighterAtTheTop() { QVERIFY(topLight(picture()) > 0.1); }
 
-    void wireframeDrawsOnTheMeshAndGoesAgain()
+    void everyModeAndAttributeLooksDifferent_data()
+    {
+        QTest::addColumn<int>("mode");
+        QTest::addColumn<int>("attributes");
+        QTest::newRow("flat") << int(EDisplayMode::Flat) << 0;
+        QTest::newRow("wireframe") << int(EDisplayMode::Wireframe) << 0;
+        QTest::newRow("points") << int(EDisplayMode::Points) << 0;
+        QTest::newRow("normals") << int(EDisplayMode::Shaded) << int(EAttribute::Normals);
+        QTest::newRow("box") << int(EDisplayMode::Shaded) << int(EAttribute::Box);
+        QTest::newRow("axes") << int(EDisplayMode::Shaded) << int(EAttribute::Axes);
+        QTest::newRow("points with edges") << int(EDisplayMode::Points) << int(EAttribute::Edges);
+    }
+
+    void everyModeAndAttributeLooksDifferent()
+    {
+        QFETCH(int, mode);
+        QFETCH(int, attributes);
+        m_view->setMesh(TestMeshes::bumpyGrid(6, 0.5F));
+        frame(TestMeshes::bumpyGrid(6, 0.5F));
+        QTRY_VERIFY(!m_view->isFrameDue());
+        const QImage shaded = picture();
+        m_view->setAppearance({EDisplayMode(mode), Attributes(attributes)});
+        QTRY_VERIFY(!m_view->isFrameDue());
+        QVERIFY(changedShare(shaded, picture()) > 0.001);
+    }
+
+    void selectedFacesStandOut()
+    {
+        showTetrahedron();
+        const QImage plain = picture();
+        m_view->setSelection({0, 1, 2, 3});
+        QTRY_VERIFY(!m_view->isFrameDue());
+        QVERIFY(changedShare(plain, picture()) > 0.03);
+        m_view->setMesh(TestMeshes::tetrahedron());
+        QTRY_VERIFY(!m_view->isFrameDue());
+        QCOMPARE(changedShare(plain, picture()), 0.0);
+    }
+
+    void theRubberBandStandsOnItsPixels()
+    {
+        const QImage plain = picture();
+        m_view->setBand({20, 30, 100, 50});
+        QTRY_VERIFY(!m_view->isFrameDue());
+        const QImage banded = picture();
+        const QColor border(41, 102, 163);
+        QCOMPARE(banded.pixelColor(20, 30), border);
+        QCOMPARE(banded.pixelColor(119, 79), border);
+        QCOMPARE(banded.pixelColor(19, 30), plain.pixelColor(19, 30));
+        QCOMPARE(banded.pixelColor(120, 79), plain.pixelColor(120, 79));
+        QCOMPARE(banded.pixelColor(119, 80), plain.pixelColor(119, 80));
+        QVERIFY(banded.pixelColor(60, 50) != plain.pixelColor(60, 50));
+        QVERIFY(banded.pixelColor(60, 50) != border);
+    }
+
+    void followsTheCamera()
+    {
+        showTetrahedron();
+        const QImage before = picture();
+        m_rig->orbit({40.0, 10.0});
+        QVERIFY(m_view->isFrameDue());
+        QTRY_VERIFY(!m_view->isFrameDue());
+        QVERIFY(changedShare(before, picture()) > 0.01);
+    }
+
+    void edgesAreDrawnOnTheMeshAndGoAgain()
     {
         showTetrahedron();
         const QImage shaded = picture();
-        m_view->setWireframe(true);
+        m_view->setAppearance({EDisplayMode::Shaded, EAttribute::Edges});
         QTRY_VERIFY(!m_view->isFrameDue());
         QVERIFY(changedShare(shaded, picture()) > 0.002);
-        m_view->setWireframe(false);
+        m_view->setAppearance({});
         QTRY_VERIFY(!m_view->isFrameDue());
         QCOMPARE(changedShare(shaded, picture()), 0.0);
     }
@@ -106,7 +172,8 @@ private Q_SLOTS:
     {
         showTetrahedron();
         QSignalSpy frames(m_view, &MeshView::framePresented);
-        m_view->setWireframe(m_view->isWireframe());
+        m_view->setAppearance(m_view->appearance());
+        m_view->setBand(m_view->band());
         for (int turn = 0; turn < 20; ++turn)
             QCoreApplication::processEvents();
         QCOMPARE(frames.count(), 0);
@@ -117,8 +184,8 @@ private Q_SLOTS:
     {
         QSignalSpy frames(m_view, &MeshView::framePresented);
         m_view->setMesh(TestMeshes::tetrahedron());
-        m_view->frameMesh();
-        m_view->setWireframe(true);
+        frame(TestMeshes::tetrahedron());
+        m_view->setAppearance({EDisplayMode::Flat, {}});
         QTRY_VERIFY(!m_view->isFrameDue());
         QCOMPARE(frames.count(), 1);
     }
@@ -166,12 +233,20 @@ private:
     void showTetrahedron()
     {
         m_view->setMesh(TestMeshes::tetrahedron());
-        m_view->frameMesh();
+        frame(TestMeshes::tetrahedron());
         QTRY_VERIFY(!m_view->isFrameDue());
     }
 
     QImage picture() const { return m_view->screen()->grabWindow(m_view->winId()).toImage(); }
 
+    void frame(const Mesh &mesh)
+    {
+        Camera camera;
+        camera.frame(boundsOf(mesh));
+        m_rig->setCamera(camera);
+    }
+
+    std::shared_ptr<CameraRig> m_rig;
     std::unique_ptr<QWidget> m_window;
     MeshView *m_view = nullptr;
 };

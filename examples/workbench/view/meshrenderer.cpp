@@ -3,19 +3,19 @@
 
 #include "view/meshrenderer.h"
 
-#include "view/camera.h"
+#include "view/drawing.h"
+#include "view/shaderprogram.h"
 
-// The resources stand in a static library, from which the linker takes only what is asked for.
-static void initResources()
-{
-    Q_INIT_RESOURCE(view);
-}
+#include <QVector4D>
 
 namespace Workbench {
 namespace {
 
-constexpr int positionAttribute = 0;
-constexpr int normalAttribute = 1;
+constexpr float lineWidth = 1.0F; // logical pixels
+constexpr float pointSize = 5.0F; // logical pixels
+
+const QVector4D noTint;
+const QVector4D selectionTint(0.95F, 0.45F, 0.04F, 0.88F);
 
 template<typename Value>
 void fill(QOpenGLBuffer &buffer, const QVector<Value> &values)
@@ -28,37 +28,19 @@ void fill(QOpenGLBuffer &buffer, const QVector<Value> &values)
 
 MeshRenderer::MeshRenderer()
 {
-    initResources();
     initializeOpenGLFunctions();
-    build(
-        m_background,
-        {{QOpenGLShader::Vertex, "background.vert"}, {QOpenGLShader::Fragment, "background.frag"}});
-    build(m_surface,
-          {{QOpenGLShader::Vertex, "mesh.vert"},
-           {QOpenGLShader::Fragment, "mesh.frag"},
-           {QOpenGLShader::Fragment, "shade.frag"}});
-    build(m_wired,
-          {{QOpenGLShader::Vertex, "mesh.vert"},
-           {QOpenGLShader::Geometry, "wire.geom"},
-           {QOpenGLShader::Fragment, "wire.frag"},
-           {QOpenGLShader::Fragment, "shade.frag"}});
+    build(m_surface, {"mesh.vert", "mesh.frag", "shade.frag"});
+    build(m_wired, {"mesh.vert", "wire.geom", "wire.frag", "shade.frag"});
+    build(m_dotted, {"point.vert", "point.frag", "shade.frag"});
     m_arrays.create();
-    m_positions.create();
-    m_normals.create();
-    m_faces.create();
+    for (QOpenGLBuffer *buffer : {&m_positions, &m_normals, &m_faces, &m_selected})
+        buffer->create();
 }
 
-void MeshRenderer::build(QOpenGLShaderProgram &program, std::initializer_list<Shader> shaders)
+void MeshRenderer::build(QOpenGLShaderProgram &program, std::initializer_list<const char *> files)
 {
-    for (const Shader &shader : shaders) {
-        const QString file = QStringLiteral(":/workbench/shaders/") + QLatin1String(shader.file);
-        if (!program.addShaderFromSourceFile(shader.type, file))
-            m_errorText = program.log().simplified();
-    }
-    program.bindAttributeLocation("position", positionAttribute);
-    program.bindAttributeLocation("normal", normalAttribute);
-    if (m_errorText.isEmpty() && !program.link())
-        m_errorText = program.log().simplified();
+    if (m_errorText.isEmpty())
+        m_errorText = buildProgram(program, files);
 }
 
 void MeshRenderer::upload(const Mesh &mesh)
@@ -71,48 +53,98 @@ void MeshRenderer::upload(const Mesh &mesh)
     glEnableVertexAttribArray(normalAttribute);
     glVertexAttribPointer(normalAttribute, 3, GL_FLOAT, GL_FALSE, 0, nullptr);
     fill(m_faces, mesh.faces);
-    m_indexCount = mesh.faces.size() * 3;
+    m_vertexCount = mesh.positions.size();
+    m_faceCount = mesh.faces.size();
+    m_selectedCount = 0;
 }
 
-void MeshRenderer::draw(const Camera &camera, const QSize &pixels, float lineWidth)
-{
-    glViewport(0, 0, pixels.width(), pixels.height());
-    glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
-    if (!m_errorText.isEmpty() || pixels.isEmpty())
-        return;
-    drawBackground();
-    if (m_indexCount == 0)
-        return;
-
-    const float aspect = float(pixels.width()) / float(pixels.height());
-    if (lineWidth <= 0.0F) {
-        drawMesh(m_surface, camera, aspect);
-        return;
-    }
-    m_wired.bind();
-    m_wired.setUniformValue("viewport", QSizeF(pixels));
-    m_wired.setUniformValue("halfWidth", lineWidth / 2.0F);
-    drawMesh(m_wired, camera, aspect);
-}
-
-void MeshRenderer::drawBackground()
+void MeshRenderer::setSelection(const QVector<Face> &faces)
 {
     const QOpenGLVertexArrayObject::Binder binder(&m_arrays);
-    glDisable(GL_DEPTH_TEST);
-    m_background.bind();
-    glDrawArrays(GL_TRIANGLES, 0, 3);
+    fill(m_selected, faces);
+    m_selectedCount = faces.size();
 }
 
-void MeshRenderer::drawMesh(QOpenGLShaderProgram &program, const Camera &camera, float aspect)
+void MeshRenderer::draw(const Drawing &drawing)
 {
+    if (m_faceCount == 0)
+        return;
     const QOpenGLVertexArrayObject::Binder binder(&m_arrays);
-    const QMatrix4x4 modelView = camera.view(aspect);
     glEnable(GL_DEPTH_TEST);
+    glDepthFunc(GL_LEQUAL);
+    const EDisplayMode mode = drawing.appearance.mode;
+    const bool isSurface = mode == EDisplayMode::Shaded || mode == EDisplayMode::Flat;
+    const bool hasEdges = drawing.appearance.attributes.testFlag(EAttribute::Edges);
+    if (mode == EDisplayMode::Points)
+        drawPoints(drawing);
+    if (isSurface && !hasEdges)
+        drawSurface(drawing);
+    else if (isSurface || hasEdges || mode == EDisplayMode::Wireframe)
+        drawEdges(drawing);
+    if (m_selectedCount > 0)
+        drawSelection(drawing);
+    glDisable(GL_DEPTH_TEST);
+}
+
+void MeshRenderer::begin(QOpenGLShaderProgram &program, const Drawing &drawing)
+{
+    const QMatrix4x4 modelView = drawing.camera.view(drawing.aspect());
     program.bind();
     program.setUniformValue("modelView", modelView);
     program.setUniformValue("normalMatrix", modelView.normalMatrix());
-    program.setUniformValue("projection", camera.projection(aspect));
-    glDrawElements(GL_TRIANGLES, m_indexCount, GL_UNSIGNED_INT, nullptr);
+    program.setUniformValue("projection", drawing.camera.projection(drawing.aspect()));
+    program.setUniformValue("isFlat", drawing.appearance.mode == EDisplayMode::Flat);
+    program.setUniformValue("tint", noTint);
+}
+
+void MeshRenderer::drawSurface(const Drawing &drawing)
+{
+    begin(m_surface, drawing);
+    drawFaces(m_faces, m_faceCount);
+}
+
+void MeshRenderer::drawEdges(const Drawing &drawing)
+{
+    const EDisplayMode mode = drawing.appearance.mode;
+    const bool isOpen = mode == EDisplayMode::Wireframe || mode == EDisplayMode::Points;
+    begin(m_wired, drawing);
+    m_wired.setUniformValue("viewport", QSizeF(drawing.pixels));
+    m_wired.setUniformValue("halfWidth", lineWidth * drawing.ratio / 2.0F);
+    m_wired.setUniformValue("isOpen", isOpen);
+    if (isOpen)
+        glEnable(GL_SAMPLE_ALPHA_TO_COVERAGE);
+    drawFaces(m_faces, m_faceCount);
+    glDisable(GL_SAMPLE_ALPHA_TO_COVERAGE);
+}
+
+void MeshRenderer::drawPoints(const Drawing &drawing)
+{
+    begin(m_dotted, drawing);
+    m_dotted.setUniformValue("size", pointSize * drawing.ratio);
+    constexpr GLenum programPointSize = 0x8642; // of desktop OpenGL only, so Qt has no name for it
+    glEnable(programPointSize);
+    glDrawArrays(GL_POINTS, 0, m_vertexCount);
+    glDisable(programPointSize);
+}
+
+void MeshRenderer::drawSelection(const Drawing &drawing)
+{
+    const bool hasEdges = drawing.appearance.attributes.testFlag(EAttribute::Edges);
+    QOpenGLShaderProgram &program = hasEdges ? m_wired : m_surface;
+    begin(program, drawing);
+    program.setUniformValue("tint", selectionTint);
+    if (hasEdges) {
+        program.setUniformValue("viewport", QSizeF(drawing.pixels));
+        program.setUniformValue("halfWidth", lineWidth * drawing.ratio / 2.0F);
+        program.setUniformValue("isOpen", false);
+    }
+    drawFaces(m_selected, m_selectedCount);
+}
+
+void MeshRenderer::drawFaces(QOpenGLBuffer &indices, int count)
+{
+    indices.bind();
+    glDrawElements(GL_TRIANGLES, count * 3, GL_UNSIGNED_INT, nullptr);
 }
 
 } // namespace Workbench

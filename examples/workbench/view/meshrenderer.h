@@ -9,17 +9,17 @@
 #include <QOpenGLFunctions>
 #include <QOpenGLShaderProgram>
 #include <QOpenGLVertexArrayObject>
-#include <QSize>
 
 namespace Workbench {
 
-class Camera;
+struct Drawing;
 
-/// Draws one mesh with OpenGL 3.3. It is made, used and destroyed while its context is current.
+/// Draws the surface of one mesh with OpenGL 3.3, in each display mode. It is made, used and
+/// destroyed while its context is current.
 class MeshRenderer : protected QOpenGLFunctions
 {
 public:
-    /// Compiles the shaders. When that fails errorText() says why, and nothing is ever drawn.
+    /// Compiles the shaders. When that fails errorText() says why, and nothing may be drawn.
     MeshRenderer();
 
     QString errorText() const { return m_errorText; }
@@ -27,29 +27,32 @@ public:
     /// Copies @p mesh to the graphics memory, in place of the one of before.
     void upload(const Mesh &mesh);
 
-    /// Fills the current framebuffer, whose size is @p pixels, with the background and the mesh.
-    /// With a @p lineWidth above zero, in pixels, the edges are drawn on the surface.
-    void draw(const Camera &camera, const QSize &pixels, float lineWidth);
+    /// The faces that stand out from the others.
+    void setSelection(const QVector<Face> &faces);
+
+    void draw(const Drawing &drawing);
 
 private:
-    struct Shader
-    {
-        QOpenGLShader::ShaderType type;
-        const char *file;
-    };
-    void build(QOpenGLShaderProgram &program, std::initializer_list<Shader> shaders);
-    void drawBackground();
-    void drawMesh(QOpenGLShaderProgram &program, const Camera &camera, float aspect);
+    void build(QOpenGLShaderProgram &program, std::initializer_list<const char *> files);
+    void begin(QOpenGLShaderProgram &program, const Drawing &drawing);
+    void drawSurface(const Drawing &drawing);
+    void drawEdges(const Drawing &drawing);
+    void drawPoints(const Drawing &drawing);
+    void drawSelection(const Drawing &drawing);
+    void drawFaces(QOpenGLBuffer &indices, int count);
 
     QString m_errorText;
-    QOpenGLShaderProgram m_background;
     QOpenGLShaderProgram m_surface;
     QOpenGLShaderProgram m_wired;
+    QOpenGLShaderProgram m_dotted;
     QOpenGLVertexArrayObject m_arrays;
     QOpenGLBuffer m_positions {QOpenGLBuffer::VertexBuffer};
     QOpenGLBuffer m_normals {QOpenGLBuffer::VertexBuffer};
     QOpenGLBuffer m_faces {QOpenGLBuffer::IndexBuffer};
-    int m_indexCount = 0;
+    QOpenGLBuffer m_selected {QOpenGLBuffer::IndexBuffer};
+    int m_vertexCount = 0;
+    int m_faceCount = 0;
+    int m_selectedCount = 0;
 };
 
 } // namespace Workbench

@@ -3,17 +3,19 @@
 
 #include "view/meshview.h"
 
-#include "view/meshrenderer.h"
+#include "view/camerarig.h"
+#include "view/drawing.h"
+#include "view/scenerenderer.h"
 
 #include <QGuiApplication>
 #include <QOpenGLContext>
 #include <QSurfaceFormat>
 #include <QWindow>
 
+#include <utility>
+
 namespace Workbench {
 namespace {
-
-constexpr float lineWidth = 1.0F; // logical pixels
 
 QSurfaceFormat surfaceFormat()
 {
@@ -35,9 +37,11 @@ bool isWithoutScreen()
 
 } // namespace
 
-MeshView::MeshView(QWidget *parent)
+MeshView::MeshView(std::shared_ptr<CameraRig> rig, QWidget *parent)
     : QWidget(parent)
+    , m_rig(std::move(rig))
 {
+    setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_PaintOnScreen);
     setAttribute(Qt::WA_NoSystemBackground);
     setAttribute(Qt::WA_OpaquePaintEvent);
@@ -47,6 +51,7 @@ MeshView::MeshView(QWidget *parent)
     // what kind of surface that is going to be.
     windowHandle()->setSurfaceType(QSurface::OpenGLSurface);
     windowHandle()->setFormat(surfaceFormat());
+    connect(m_rig.get(), &CameraRig::changed, this, &MeshView::requestFrame);
 }
 
 MeshView::~MeshView()
@@ -60,25 +65,30 @@ void MeshView::setMesh(const Mesh &mesh)
 {
     m_mesh = mesh;
     m_isUploadDue = true;
+    setSelection({});
+}
+
+void MeshView::setSelection(const QVector<int> &faces)
+{
+    m_selection = faces;
+    m_isSelectionDue = true;
     requestFrame();
 }
 
-void MeshView::frameMesh()
+void MeshView::setAppearance(const Appearance &appearance)
 {
-    m_camera.frame(boundsOf(m_mesh));
-    requestFrame();
-}
-
-bool MeshView::isWireframe() const
-{
-    return m_isWireframe;
-}
-
-void MeshView::setWireframe(bool isOn)
-{
-    if (isOn == m_isWireframe)
+    if (appearance == m_appearance)
         return;
-    m_isWireframe = isOn;
+    m_appearance = appearance;
+    requestFrame();
+    Q_EMIT appearanceChanged(appearance);
+}
+
+void MeshView::setBand(const QRect &band)
+{
+    if (band == m_band)
+        return;
+    m_band = band;
     requestFrame();
 }
 
@@ -106,6 +116,7 @@ void MeshView::requestFrame()
 void MeshView::resizeEvent(QResizeEvent *event)
 {
     QWidget::resizeEvent(event);
+    m_rig->setViewport(size());
     requestFrame();
 }
 
@@ -143,7 +154,7 @@ QString MeshView::createGraphics()
             .arg(format.majorVersion())
             .arg(format.minorVersion());
     }
-    m_renderer = std::make_unique<MeshRenderer>();
+    m_renderer = std::make_unique<SceneRenderer>();
     const QString problem = m_renderer->errorText();
     return problem.isEmpty() ? QString() : tr("the display's can't be used (%1)").arg(problem);
 }
@@ -152,13 +163,14 @@ void MeshView::drawFrame()
 {
     if (!m_context->makeCurrent(windowHandle()))
         return;
-    if (m_isUploadDue)
-        m_renderer->upload(m_mesh);
+    if (std::exchange(m_isUploadDue, false))
+        m_renderer->setMesh(m_mesh);
+    if (std::exchange(m_isSelectionDue, false))
+        m_renderer->setSelection(m_selection);
     const qreal ratio = devicePixelRatioF();
-    const QSize pixels = (QSizeF(size()) * ratio).toSize();
-    m_renderer->draw(m_camera, pixels, m_isWireframe ? lineWidth * float(ratio) : 0.0F);
+    m_renderer->draw(
+        {m_rig->camera(), m_appearance, (QSizeF(size()) * ratio).toSize(), float(ratio), m_band});
     m_context->swapBuffers(windowHandle());
-    m_isUploadDue = false;
     m_isFrameDue = false;
     Q_EMIT framePresented();
 }

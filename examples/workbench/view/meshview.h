@@ -4,8 +4,9 @@
 #pragma once
 
 #include "mesh/mesh.h"
-#include "view/camera.h"
+#include "view/appearance.h"
 
+#include <QRect>
 #include <QWidget>
 
 #include <memory>
@@ -14,7 +15,8 @@ class QOpenGLContext;
 
 namespace Workbench {
 
-class MeshRenderer;
+class CameraRig;
+class SceneRenderer;
 
 /// Shows a mesh with OpenGL in a native window of its own.
 ///
@@ -28,26 +30,35 @@ class MeshView : public QWidget
     Q_OBJECT
 
 public:
-    explicit MeshView(QWidget *parent = nullptr);
+    /// Draws what @p rig sees, which it tells its size.
+    explicit MeshView(std::shared_ptr<CameraRig> rig, QWidget *parent = nullptr);
     ~MeshView() override;
 
-    /// Shows @p mesh from where the camera is. An empty mesh leaves the background alone.
+    /// Shows @p mesh, with none of its faces selected. An empty mesh leaves the background alone.
     void setMesh(const Mesh &mesh);
 
-    /// Moves the camera so that the whole mesh is in sight.
-    void frameMesh();
+    /// Lets the faces of the mesh with these indices stand out.
+    void setSelection(const QVector<int> &faces);
 
-    /// Whether the edges are drawn on the surface; off by default.
-    bool isWireframe() const;
-    void setWireframe(bool isOn);
+    const Appearance &appearance() const { return m_appearance; }
+    void setAppearance(const Appearance &appearance);
+
+    /// The rubber band that is drawn over the picture, in logical pixels; an empty one is none.
+    QRect band() const { return m_band; }
+    void setBand(const QRect &band);
 
     /// Whether something changed that no frame has shown yet. Never without OpenGL.
     bool isFrameDue() const;
+
+    /// Draws another frame soon, also when nothing has changed.
+    void requestFrame();
 
     QPaintEngine *paintEngine() const override;
     QSize sizeHint() const override;
 
 Q_SIGNALS:
+    void appearanceChanged(const Workbench::Appearance &appearance);
+
     /// A frame was handed to the window system, which shows the present state of the view.
     void framePresented();
 
@@ -66,18 +77,20 @@ private:
         Unavailable
     };
 
-    void requestFrame();
     bool prepareGraphics();
     QString createGraphics();
     void drawFrame();
 
     EGraphics m_graphics = EGraphics::Untried;
     std::unique_ptr<QOpenGLContext> m_context;
-    std::unique_ptr<MeshRenderer> m_renderer;
+    std::unique_ptr<SceneRenderer> m_renderer;
+    const std::shared_ptr<CameraRig> m_rig;
     Mesh m_mesh;
-    Camera m_camera;
-    bool m_isWireframe = false;
+    QVector<int> m_selection;
+    Appearance m_appearance;
+    QRect m_band;
     bool m_isUploadDue = true;
+    bool m_isSelectionDue = true;
     bool m_isFrameDue = true;
 };
 

@@ -3,25 +3,38 @@
 
 #include "view/viewpane.h"
 
+#include "controllers/meshviewcontroller.h"
 #include "view/meshview.h"
+
+#include <ui_base/BaseView>
 
 #include <QLabel>
 #include <QStackedLayout>
 
 namespace Workbench {
 
-ViewPane::ViewPane(QWidget *parent)
+ViewPane::ViewPane(const std::shared_ptr<MeshDocument> &document, QWidget *parent)
     : QWidget(parent)
     , m_stack(new QStackedLayout(this))
-    , m_view(new MeshView(this))
+    , m_controller(new MeshViewController(new Vela::UiBase::BaseView(this, {}), document))
     , m_message(new QLabel(this))
 {
     m_message->setAlignment(Qt::AlignCenter);
     m_message->setWordWrap(true);
     m_message->setMargin(24);
-    m_stack->addWidget(m_view);
+    m_stack->addWidget(view());
     m_stack->addWidget(m_message);
-    connect(m_view, &MeshView::unavailable, this, &ViewPane::showMessage);
+    connect(view(), &MeshView::unavailable, this, &ViewPane::showMessage);
+}
+
+MeshViewController *ViewPane::controller() const
+{
+    return m_controller;
+}
+
+MeshView *ViewPane::view() const
+{
+    return m_controller ? m_controller->meshView() : nullptr;
 }
 
 QString ViewPane::message() const

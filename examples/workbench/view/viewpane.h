@@ -3,14 +3,19 @@
 
 #pragma once
 
+#include <QPointer>
 #include <QWidget>
+
+#include <memory>
 
 class QLabel;
 class QStackedLayout;
 
 namespace Workbench {
 
+class MeshDocument;
 class MeshView;
+class MeshViewController;
 
 /// The place of the view in the window. Where there is no OpenGL it shows a message instead.
 class ViewPane : public QWidget
@@ -18,9 +23,12 @@ class ViewPane : public QWidget
     Q_OBJECT
 
 public:
-    explicit ViewPane(QWidget *parent = nullptr);
+    explicit ViewPane(const std::shared_ptr<MeshDocument> &document, QWidget *parent = nullptr);
 
-    MeshView &view() const { return *m_view; }
+    /// The controller of the view; null when that was closed.
+    MeshViewController *controller() const;
+    /// The view; null when it was closed.
+    MeshView *view() const;
 
     /// Why there is no picture, or an empty text when there is one.
     QString message() const;
@@ -29,7 +37,7 @@ private:
     void showMessage(const QString &reason);
 
     QStackedLayout *const m_stack;
-    MeshView *const m_view;
+    const QPointer<MeshViewController> m_controller;
     QLabel *const m_message;
 };
 

@@ -4,6 +4,9 @@
 
 // The light of the scene, in the eye's coordinates: a headlight over the left shoulder, a cool fill
 // from the right, and a sky that is brighter than the ground.
+
+uniform vec4 tint; // what the surface is covered with, as thickly as the last one says
+
 vec3 shade(vec3 position, vec3 vertexNormal, bool isFront)
 {
     const vec3 headlight = normalize(vec3(-0.55, 0.70, 0.85));
@@ -13,7 +16,7 @@ vec3 shade(vec3 position, vec3 vertexNormal, bool isFront)
 
     vec3 toEye = normalize(-position);
     vec3 n = normalize(isFront ? vertexNormal : -vertexNormal);
-    vec3 surface = isFront ? outside : inside;
+    vec3 surface = mix(isFront ? outside : inside, tint.rgb, tint.a);
 
     vec3 light = mix(vec3(0.05, 0.05, 0.06), vec3(0.20, 0.21, 0.23), n.y * 0.5 + 0.5);
     light += vec3(0.90, 0.88, 0.84) * max(dot(n, headlight), 0.0);

@@ -1,0 +1,133 @@
+// SPDX-FileCopyrightText: 2026 The lumo_ui_base authors
+// SPDX-License-Identifier: MIT
+
+#include "appmanager.h"
+
+#include "commands/attributecommand.h"
+#include "commands/comparecommand.h"
+#include "commands/displaymodecommand.h"
+#include "commands/flipnormalscommand.h"
+#include "commands/opencommand.h"
+#include "commands/pickcommand.h"
+#include "commands/savecommand.h"
+#include "commands/showallcommand.h"
+#include "commands/smoothcommand.h"
+#include "commands/subdividecommand.h"
+#include "controllers/meshviewcontroller.h"
+
+#include <lumo_app_service/ApplicationService>
+#include <ui_base/CommandGroup>
+
+#include <QActionGroup>
+#include <QCoreApplication>
+#include <QSignalBlocker>
+
+#include <utility>
+
+namespace Workbench {
+
+using Vela::Services::ApplicationService;
+using Vela::UiBase::CommandBase;
+using Vela::UiBase::CommandGroup;
+
+namespace {
+
+template<typename Command>
+void addTo(CommandGroup &group, const std::shared_ptr<Command> &command)
+{
+    group.addCommand(command, int(group.groupActionGroup()->actions().size()));
+}
+
+std::shared_ptr<CommandGroup> makeGroup(const QString &name)
+{
+    return std::make_shared<CommandGroup>(QString(), QString(), name);
+}
+
+} // namespace
+
+AppManager::AppManager(const std::shared_ptr<MeshDocument> &document, Chooser openChooser,
+                       Chooser saveChooser)
+{
+    makeCommands(document, std::move(openChooser), std::move(saveChooser));
+    makeDisplayCommands();
+    makeGroups();
+    ApplicationService::GetInstance().setAppManager(this);
+}
+
+AppManager::~AppManager()
+{
+    if (ApplicationService::GetInstance().GetAppManager() == this)
+        ApplicationService::GetInstance().setAppManager(nullptr);
+}
+
+QString AppManager::applicationName() const
+{
+    return QCoreApplication::translate("Workbench::AppManager", "Workbench");
+}
+
+void AppManager::makeCommands(const std::shared_ptr<MeshDocument> &document, Chooser openChooser,
+                              Chooser saveChooser)
+{
+    m_commands.open = std::make_shared<OpenCommand>(document, std::move(openChooser));
+    m_commands.save = std::make_shared<SaveCommand>(document, std::move(saveChooser));
+    m_commands.smooth = std::make_shared<SmoothCommand>(document);
+    m_commands.subdivide = std::make_shared<SubdivideCommand>(document);
+    m_commands.flipNormals = std::make_shared<FlipNormalsCommand>(document);
+    m_commands.pick = std::make_shared<PickCommand>();
+    m_commands.showAll = std::make_shared<ShowAllCommand>();
+    m_commands.compare = std::make_shared<CompareCommand>();
+}
+
+void AppManager::makeDisplayCommands()
+{
+    for (const EDisplayMode mode :
+         {EDisplayMode::Shaded, EDisplayMode::Flat, EDisplayMode::Wireframe, EDisplayMode::Points})
+        m_commands.modes.push_back(std::make_shared<DisplayModeCommand>(mode));
+    // The view begins with this mode, so there is nothing to run.
+    const QSignalBlocker blocker(m_commands.modes.front().get());
+    m_commands.modes.front()->setChecked(true);
+    for (const EAttribute attribute :
+         {EAttribute::Edges, EAttribute::Normals, EAttribute::Box, EAttribute::Axes})
+        m_commands.attributes.push_back(std::make_shared<AttributeCommand>(attribute));
+}
+
+void AppManager::makeGroups()
+{
+    m_commands.files = makeGroup(QStringLiteral("files"));
+    addTo(*m_commands.files, m_commands.open);
+    addTo(*m_commands.files, m_commands.save);
+
+    m_commands.editing = makeGroup(QStringLiteral("editing"));
+    addTo(*m_commands.editing, m_commands.smooth);
+    addTo(*m_commands.editing, m_commands.subdivide);
+    addTo(*m_commands.editing, m_commands.flipNormals);
+
+    m_commands.display = makeGroup(QStringLiteral("display"));
+    for (const auto &mode : m_commands.modes)
+        addTo(*m_commands.display, mode);
+
+    m_commands.drawn = makeGroup(QStringLiteral("drawn"));
+    m_commands.drawn->groupActionGroup()->setExclusive(false);
+    for (const auto &attribute : m_commands.attributes)
+        addTo(*m_commands.drawn, attribute);
+
+    m_commands.watching = makeGroup(QStringLiteral("watching"));
+    m_commands.watching->groupActionGroup()->setExclusive(false);
+    addTo(*m_commands.watching, m_commands.pick);
+    addTo(*m_commands.watching, m_commands.showAll);
+    addTo(*m_commands.watching, m_commands.compare);
+}
+
+QList<CommandBase *> AppManager::commands(Vela::UiBase::CmdsViewController *controller)
+{
+    if (!qobject_cast<MeshViewController *>(controller))
+        return {};
+    for (CommandBase *command : m_commands.all())
+        command->setViewController(controller);
+    QList<CommandBase *> groups;
+    for (CommandGroup *group : m_commands.groups())
+        groups.append(group);
+    return groups;
+}
+
+} // namespace Workbench

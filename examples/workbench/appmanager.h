@@ -1,0 +1,51 @@
+// SPDX-FileCopyrightText: 2026 The lumo_ui_base authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "commandset.h"
+
+#include <lumo_app_service/IAppManager>
+
+#include <QString>
+
+#include <functional>
+
+namespace Workbench {
+
+class MeshDocument;
+
+/// Knows which commands belong to which view controller. It registers itself with the application
+/// service as long as it lives.
+class AppManager : public Vela::Services::IAppManager
+{
+public:
+    /// Asks the user for a file; an empty path means that he changed his mind.
+    using Chooser = std::function<QString()>;
+
+    AppManager(const std::shared_ptr<MeshDocument> &document, Chooser openChooser,
+               Chooser saveChooser);
+    ~AppManager() override;
+
+    const CommandSet &commandSet() const { return m_commands; }
+
+    QString applicationName() const override;
+
+    /// All groups for the controller of the mesh, for which they work from now on; nothing for any
+    /// other.
+    QList<Vela::UiBase::CommandBase *> commands(
+        Vela::UiBase::CmdsViewController *controller) override;
+
+    AppManager(const AppManager &) = delete;
+    AppManager &operator=(const AppManager &) = delete;
+
+private:
+    void makeCommands(const std::shared_ptr<MeshDocument> &document, Chooser openChooser,
+                      Chooser saveChooser);
+    void makeDisplayCommands();
+    void makeGroups();
+
+    CommandSet m_commands;
+};
+
+} // namespace Workbench

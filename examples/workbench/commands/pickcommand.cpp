@@ -1,0 +1,28 @@
+// SPDX-FileCopyrightText: 2026 The lumo_ui_base authors
+// SPDX-License-Identifier: MIT
+
+#include "commands/pickcommand.h"
+
+#include "controllers/meshviewcontroller.h"
+
+#include <ui_base/QtUiToolkit>
+
+namespace Workbench {
+
+PickCommand::PickCommand()
+{
+    setText(tr("Pic&k Faces"));
+    setToolTip(tr("Select faces by clicking them"));
+    setShortcut(Qt::CTRL + Qt::Key_K);
+    setIcon(Vela::UiBase::QtUiToolkit::Instance().CreateIcon(QStringLiteral("cmd_pick")));
+}
+
+void PickCommand::apply(MeshViewController &controller, bool checked)
+{
+    if (checked)
+        controller.beginPicking(this);
+    else
+        controller.endPicking();
+}
+
+} // namespace Workbench

@@ -1,0 +1,32 @@
+// SPDX-FileCopyrightText: 2026 The lumo_ui_base authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+namespace Workbench {
+
+class TourGuide;
+
+/// The stretches of the tour, in their order. Each begins and ends with the bunny, or what is open
+/// instead, in a shaded view from the front, and with no tool at work.
+
+/// The window before and after a mesh is open.
+void visitStart(TourGuide &guide);
+/// Every menu.
+void visitMenus(TourGuide &guide);
+/// The display modes, of which one is on, and the attributes.
+void visitDisplay(TourGuide &guide);
+/// Each tool with its button, and the cursors.
+void visitTools(TourGuide &guide);
+/// The commands that change the mesh, and how they hold each other.
+void visitEdits(TourGuide &guide);
+/// The view that is presented over the view.
+void visitComparison(TourGuide &guide);
+/// The message over the view, while the window moves and is minimised.
+void visitNotifications(TourGuide &guide);
+/// Files that can't be read, another file during a run, and saving.
+void visitFiles(TourGuide &guide);
+/// The question about changes, and the end.
+void visitClosing(TourGuide &guide);
+
+} // namespace Workbench
