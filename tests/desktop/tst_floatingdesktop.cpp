@@ -4,6 +4,7 @@
 #include <ui_base/FloatingLayer>
 #include <ui_base/NotificationBar>
 
+#include "desktop/desktopuser.h"
 #include "support/testcase.h"
 #include "support/testmain.h"
 
@@ -11,36 +12,18 @@
 
 #include <QApplication>
 #include <QDockWidget>
-#include <QGuiApplication>
 #include <QLineEdit>
 #include <QMainWindow>
 #include <QPainter>
 #include <QPointer>
-#include <QProcess>
-#include <QScreen>
 #include <QWindow>
 
 #include <memory>
 
 using namespace Vela::UiBase;
+using namespace Lumo::Test;
 
 namespace {
-
-// Paints itself in a window of the window system, as a view of OpenGL does: no sibling and no child
-// of ours can paint over it.
-class NativeView : public QWidget
-{
-public:
-    explicit NativeView(QWidget *parent)
-        : QWidget(parent)
-    {
-        setAttribute(Qt::WA_NativeWindow);
-        setAttribute(Qt::WA_DontCreateNativeAncestors);
-    }
-
-protected:
-    void paintEvent(QPaintEvent *) override { QPainter(this).fillRect(rect(), Qt::darkBlue); }
-};
 
 class Patch : public QWidget
 {
@@ -49,6 +32,21 @@ public:
 
 protected:
     void paintEvent(QPaintEvent *) override { QPainter(this).fillRect(rect(), Qt::green); }
+};
+
+class HideCounter : public QObject
+{
+public:
+    explicit HideCounter(QWidget &widget) { widget.installEventFilter(this); }
+
+    int count = 0;
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        count += event->type() == QEvent::Hide ? 1 : 0;
+        return QObject::eventFilter(watched, event);
+    }
 };
 
 // The window of an application with a native view, a field to type into, and a patch over the view.
@@ -84,38 +82,6 @@ struct Scene
 
     QPoint offset() const { return patch->mapToGlobal(QPoint()) - view->mapToGlobal(QPoint()); }
 };
-
-// What the user sees there.
-QColor colourOnScreen(const QPoint &global)
-{
-    const QPixmap screen = QGuiApplication::primaryScreen()->grabWindow(0);
-    return screen.toImage().pixelColor(global);
-}
-
-QColor colourInside(const QWidget &widget)
-{
-    return colourOnScreen(widget.mapToGlobal(widget.rect().center()));
-}
-
-bool run(const QString &program, const QStringList &arguments)
-{
-    QProcess process;
-    process.start(program, arguments);
-    return QTest::qWaitFor([&] { return process.state() == QProcess::NotRunning; }, 20'000)
-        && process.exitCode() == 0;
-}
-
-bool moveAsUser(const QWidget &window, int x, int y)
-{
-    return run(QStringLiteral("xdotool"),
-               {QStringLiteral("windowmove"), QString::number(window.winId()), QString::number(x),
-                QString::number(y)});
-}
-
-bool typeAsUser(const QString &text)
-{
-    return run(QStringLiteral("xdotool"), {QStringLiteral("type"), text});
-}
 
 } // namespace
 
@@ -318,12 +284,109 @@ private Q_SLOTS:
         QTRY_VERIFY(bar->isShowing());
         QVERIFY(QTest::qWaitForWindowExposed(bar->window()));
         const QPoint button = bar->mapToGlobal(QPoint(bar->width() - 14, 58 + 14));
-        QVERIFY(run(QStringLiteral("xdotool"),
-                    {QStringLiteral("mousemove"), QString::number(button.x()),
-                     QString::number(button.y()), QStringLiteral("click"), QStringLiteral("1")}));
+        QVERIFY(pointAsUser(button));
+        QVERIFY(clickAsUser(1));
         QTRY_VERIFY(!bar->isShowing());
         QTRY_VERIFY(!bar->isVisible());
         QVERIFY(!bar->window()->isVisible());
+        // A window manager may give what is clicked the focus, until it is gone.
+        QTRY_VERIFY(scene.window.isActiveWindow());
+        QVERIFY(typeAsUser(QStringLiteral("typed")));
+        QTRY_COMPARE(scene.edit->text(), QStringLiteral("typed"));
+    }
+
+    void barFollowsTheWindowAndIsBackAfterMinimising()
+    {
+        Scene scene;
+        QVERIFY(scene.isActive());
+        auto *const bar = new NotificationBar(scene.view);
+        FloatingLayer::makeWidgetFloating(bar, QMargins());
+        bar->ShowSimpleText(QStringLiteral("."), eNotificationFadeOutOnly, 600'000, false);
+        const QColor box(246, 246, 246);
+        const auto inTheBox = [bar] { return bar->mapToGlobal(QPoint(8, 66)); };
+        const auto place = [&] { return inTheBox() - scene.view->mapToGlobal(QPoint()); };
+        QTRY_COMPARE(colourOnScreen(inTheBox()), box);
+        const QPoint standing = place();
+
+        const QPoint before = scene.window.pos();
+        QVERIFY(moveAsUser(scene.window, 420, 310));
+        QTRY_VERIFY(scene.window.pos() != before);
+        QTRY_COMPARE(place(), standing);
+        QTRY_COMPARE(colourOnScreen(inTheBox()), box);
+
+        const QPoint corner = scene.window.mapToGlobal(QPoint(490, 390));
+        const QColor ground = colourOnScreen(corner);
+        scene.window.showMinimized();
+        QTRY_VERIFY(colourOnScreen(corner) != ground);
+        QTRY_VERIFY(colourOnScreen(inTheBox()) != box);
+        scene.window.showNormal();
+        QTRY_VERIFY(scene.window.windowHandle()->isExposed());
+        QTRY_COMPARE(place(), standing);
+        QTRY_COMPARE(colourOnScreen(inTheBox()), box);
+    }
+
+    void barStaysWithTheMiddleOfAWindowThatIsResized()
+    {
+        Scene scene;
+        QVERIFY(scene.isActive());
+        auto *const bar = new NotificationBar(scene.view);
+        FloatingLayer::makeWidgetFloating(bar, QMargins());
+        bar->ShowSimpleText(QStringLiteral("."), eNotificationFadeOutOnly, 600'000, false);
+        QTRY_COMPARE(colourOnScreen(bar->mapToGlobal(QPoint(8, 66))), QColor(246, 246, 246));
+        scene.view->resize(300, 250);
+        const auto middle = [&] {
+            return bar->mapToGlobal(QPoint(bar->width() / 2, 0)).x()
+                - scene.view->mapToGlobal(QPoint(150, 0)).x();
+        };
+        QTRY_VERIFY(qAbs(middle()) <= 1);
+        QTRY_COMPARE(colourOnScreen(bar->mapToGlobal(QPoint(8, 66))), QColor(246, 246, 246));
+    }
+
+    // The message under the pointer outlasts one of the same length that is not pointed at.
+    void pointerHoldsAMessageAndLetsItGo()
+    {
+        Scene pointed;
+        QVERIFY(pointed.isActive());
+        QWidget elsewhere;
+        elsewhere.setGeometry(900, 200, 300, 300);
+        elsewhere.setAttribute(Qt::WA_ShowWithoutActivating);
+        elsewhere.show();
+        auto *const held = new NotificationBar(pointed.view);
+        FloatingLayer::makeWidgetFloating(held, QMargins());
+        held->ShowSimpleText(QStringLiteral("."), eNotificationFadeOutOnly, 600'000, false);
+        const auto inTheBox = [held] { return held->mapToGlobal(QPoint(8, 66)); };
+        QTRY_COMPARE(colourOnScreen(inTheBox()), QColor(246, 246, 246));
+        QVERIFY(pointAsUser(inTheBox()));
+        QTRY_VERIFY(held->underMouse());
+        held->SetDismissInterval(1);
+
+        NotificationBar other(&elsewhere);
+        HideCounter hides(other);
+        other.ShowSimpleText(QStringLiteral("."), eNotificationFadeOutOnly, 1, false);
+        QTRY_COMPARE(hides.count, 1);
+        QVERIFY(held->isShowing());
+        QCOMPARE(colourOnScreen(inTheBox()), QColor(246, 246, 246));
+        QVERIFY(pointAsUser({5, 5}));
+        QTRY_VERIFY(!held->isVisible());
+    }
+
+    void severalLayersStandInTheOrderInWhichTheyWereShown()
+    {
+        Scene scene;
+        QVERIFY(scene.isActive());
+        scene.floatPatch();
+        QTRY_COMPARE(colourInside(*scene.patch), QColor(Qt::green));
+        auto *const bar = new NotificationBar(scene.view);
+        FloatingLayer::makeWidgetFloating(bar, QMargins());
+        bar->ShowSimpleText(QStringLiteral("."), eNotificationFadeOutOnly, 600'000, false);
+        QTRY_COMPARE(colourOnScreen(bar->mapToGlobal(QPoint(8, 66))), QColor(246, 246, 246));
+        const QPoint inTheBox = bar->mapToGlobal(QPoint(8, 66)) - scene.view->mapToGlobal(QPoint());
+        scene.patch->move(inTheBox - QPoint(20, 20));
+        QTRY_COMPARE(colourOnScreen(bar->mapToGlobal(QPoint(8, 66))), QColor(246, 246, 246));
+        scene.patch->hide();
+        scene.patch->show();
+        QTRY_COMPARE(colourOnScreen(bar->mapToGlobal(QPoint(8, 66))), QColor(Qt::green));
+        QVERIFY(scene.window.isActiveWindow());
     }
 };
 
