@@ -3,11 +3,14 @@
 
 #include "look.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QFont>
 #include <QMenu>
 #include <QPalette>
 #include <QProxyStyle>
+
+#include <algorithm>
 
 namespace Workbench {
 namespace {
@@ -17,8 +20,21 @@ const QRgb text = 0x404040;
 const QRgb faintText = 0xA0A0A0;
 const QRgb accent = 0x5383B5;
 
+bool showsIcon(const QAction *action)
+{
+    return action->isIconVisibleInMenu() && !action->icon().isNull();
+}
+
+/// Whether a menu shows icons. A style sheet that draws a menu item asks without naming the menu.
+bool hasIcons(const QMenu *menu)
+{
+    const QList<QAction *> actions = menu ? menu->actions() : QList<QAction *>();
+    return !menu || std::any_of(actions.begin(), actions.end(), showsIcon);
+}
+
 /// Fusion, with menu icons in the size that the library's icons are drawn for: scaled to the usual
-/// sixteen pixels they would blur.
+/// sixteen pixels they would blur. A menu that hides the icons of its actions leaves no room for
+/// them, which Qt does.
 class Style : public QProxyStyle
 {
 public:
@@ -29,10 +45,9 @@ public:
     int pixelMetric(PixelMetric metric, const QStyleOption *option,
                     const QWidget *widget) const override
     {
-        // A style sheet that draws a menu item asks without naming the menu.
-        const bool isMenu = !widget || qobject_cast<const QMenu *>(widget);
-        if (metric == PM_SmallIconSize && isMenu)
-            return 24;
+        const auto *menu = qobject_cast<const QMenu *>(widget);
+        if (metric == PM_SmallIconSize && (menu || !widget))
+            return hasIcons(menu) ? 24 : 12;
         return QProxyStyle::pixelMetric(metric, option, widget);
     }
 };

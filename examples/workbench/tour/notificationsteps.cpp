@@ -59,8 +59,10 @@ void minimise(TourGuide &guide)
     guide.check(TourGuide::tr("the message goes with the window"), guide.waitUntil([&] {
         return !guide.window().windowHandle()->isExposed() && !guide.bar()->isVisible();
     }));
-    guide.window().showNormal();
     guide.check(TourGuide::tr("the message comes back with the window"), guide.waitUntil([&] {
+        // The window manager may not be done yet with putting it away.
+        if (guide.window().isMinimized())
+            guide.window().showNormal();
         return guide.window().windowHandle()->isExposed() && guide.bar()->isVisible()
             && guide.isSettled() && offsetOf(guide) == offset
             && (!guide.hasGraphics() || guide.isBarSeen());

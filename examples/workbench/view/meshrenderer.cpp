@@ -12,9 +12,10 @@ namespace Workbench {
 namespace {
 
 constexpr float lineWidth = 1.0F; // logical pixels
-constexpr float pointSize = 5.0F; // logical pixels
+constexpr float pointSize = 6.0F; // logical pixels
 
 const QVector4D noTint;
+const QVector4D pointTint(0.06F, 0.20F, 0.42F, 0.95F);
 const QVector4D selectionTint(0.95F, 0.45F, 0.04F, 0.88F);
 
 template<typename Value>
@@ -121,9 +122,12 @@ void MeshRenderer::drawPoints(const Drawing &drawing)
 {
     begin(m_dotted, drawing);
     m_dotted.setUniformValue("size", pointSize * drawing.ratio);
+    m_dotted.setUniformValue("tint", pointTint);
     constexpr GLenum programPointSize = 0x8642; // of desktop OpenGL only, so Qt has no name for it
     glEnable(programPointSize);
+    glEnable(GL_SAMPLE_ALPHA_TO_COVERAGE);
     glDrawArrays(GL_POINTS, 0, m_vertexCount);
+    glDisable(GL_SAMPLE_ALPHA_TO_COVERAGE);
     glDisable(programPointSize);
 }
 
