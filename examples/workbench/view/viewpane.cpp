@@ -45,7 +45,7 @@ QString ViewPane::message() const
 void ViewPane::showMessage(const QString &reason)
 {
     m_message->setText(tr("The mesh can't be shown: this view needs OpenGL 3.3, and %1.\n"
-                          "All commands work nevertheless.")
+                          "The commands that change it work nevertheless.")
                            .arg(reason));
     // The view finds out while it paints, which is no moment to hide it.
     const auto replaceView = [this] { m_stack->setCurrentWidget(m_message); };
