@@ -49,7 +49,7 @@ AttributeCommand::AttributeCommand(EAttribute attribute)
     const Description description = descriptionOf(attribute);
     setText(tr(description.text));
     setToolTip(tr(description.toolTip));
-    setShortcut(Qt::ALT + Qt::SHIFT + description.key);
+    setShortcut(QKeySequence(int(Qt::ALT) | int(Qt::SHIFT) | description.key));
 }
 
 const QString AttributeCommand::commandId() const

@@ -50,7 +50,7 @@ DisplayModeCommand::DisplayModeCommand(EDisplayMode mode)
     const Description description = descriptionOf(mode);
     setText(tr(description.text));
     setToolTip(tr(description.toolTip));
-    setShortcut(Qt::ALT + Qt::Key_1 + int(mode));
+    setShortcut(QKeySequence(int(Qt::ALT) | (int(Qt::Key_1) + int(mode))));
     setIcon(
         Vela::UiBase::QtUiToolkit::Instance().CreateIcon(QString::fromLatin1(description.icon)));
 }
