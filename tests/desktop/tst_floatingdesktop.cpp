@@ -214,11 +214,10 @@ private Q_SLOTS:
         const QWidget *const layer = scene.floatPatch();
         QTRY_COMPARE(colourInside(*scene.patch), QColor(Qt::green));
         const QPoint onPatch = scene.patch->mapToGlobal(scene.patch->rect().center());
-        QVERIFY(run(QStringLiteral("xdotool"),
-                    {QStringLiteral("mousemove"), QString::number(onPatch.x()),
-                     QString::number(onPatch.y()), QStringLiteral("click"), QStringLiteral("1")}));
+        QVERIFY(pointAsUser(onPatch));
+        QVERIFY(clickAsUser(1));
         QTRY_VERIFY(layer->isActiveWindow());
-        QVERIFY(run(QStringLiteral("xdotool"), {QStringLiteral("key"), QStringLiteral("alt+F4")}));
+        QVERIFY(pressKeyAsUser(QStringLiteral("alt+F4")));
         QTRY_VERIFY(!scene.window.isVisible());
         QVERIFY(layer->isVisible());
     }
