@@ -283,6 +283,8 @@ void CommandGroup::setEnabled(bool enabled)
 
 void CommandGroup::setChecked(bool checked)
 {
+    // The siblings that this unchecks can let go of the group in their runs.
+    const auto owner = weak_from_this().lock();
     QAction::setChecked(checked);
 }
 

@@ -129,6 +129,7 @@ private Q_SLOTS:
     void groupNeverHoldsItself();
     void groupMayEndWithTheCommandThatIsRemoved();
     void groupsMayEndInWhatAnAdditionSetsOff();
+    void groupStaysUntilItIsChecked();
 
     void groupIsFoundByItselfAndThroughItsChildren();
     void subGroupIsFoundByName();
@@ -417,6 +418,29 @@ void TestCommandGroup::groupsMayEndInWhatAnAdditionSetsOff()
         QCOMPARE(group, nullptr);
         QCOMPARE(command->commandGroup(), nullptr);
     }
+}
+
+void TestCommandGroup::groupStaysUntilItIsChecked()
+{
+    // Checking the one group unchecks its sibling, and what that runs removes the group.
+    const auto group = makeGroup();
+    TestCommand *const sibling = addTo(*group, copy);
+    sibling->setChecked(true);
+    const std::weak_ptr<CommandBase> sub =
+        addSubGroup(*group, QStringLiteral("Sub"))->shared_from_this();
+    const auto command = std::make_shared<TestCommand>(cut);
+    command->setCheckable(true);
+    static_cast<CommandGroup *>(sub.lock().get())->addCommand(command);
+    bool wasThere = false;
+    sibling->work = [&](bool) {
+        group->removeCommand(sub.lock()->commandId());
+        wasThere = !sub.expired();
+        return true;
+    };
+    command->setChecked(true);
+    QVERIFY(!sibling->isChecked());
+    QVERIFY(wasThere);
+    QVERIFY(sub.expired());
 }
 
 void TestCommandGroup::groupIsFoundByItselfAndThroughItsChildren()
