@@ -11,6 +11,7 @@
 #include <QGraphicsOpacityEffect>
 #include <QLabel>
 #include <QPointer>
+#include <QResizeEvent>
 #include <QSignalSpy>
 #include <QVBoxLayout>
 
@@ -806,7 +807,10 @@ void ArrowedWindowTest::resizedHiddenContentLaysOutAtTheNextShow()
     window.data().layoutDirty = false;
     const QRect before = window.GetBounds();
     content->setFixedSize(150, 60);
+    QResizeEvent resize(QSize(150, 60), QSize(100, 40));
+    QCoreApplication::sendEvent(content, &resize);
     QCOMPARE(window.GetBounds(), before);
+    QVERIFY(window.data().layoutDirty);
     window.show();
     QCOMPARE(window.GetBounds().size(), QSize(160, 70));
     QTRY_COMPARE(window.size(), QSize(163, 73));

@@ -452,8 +452,8 @@ void ArrowedWindowLayoutTest::arrowsAtTheCornersEqualTheReference()
         c.arrow.offsetAlongX = position <= 2;
         const int middle = c.arrow.offsetAlongX ? 50 : 40;
         for (c.arrow.length = 1; c.arrow.length <= 40; ++c.arrow.length) {
-            // The base ends in a corner of the content, or a side where the rounding begins or ends.
-            for (const int reach : {0, 5, 10}) {
+            // The base ends in a corner of the content or close to it.
+            for (const int reach : {0, 5, 6, 10, 11}) {
                 for (const int side : {-1, 1}) {
                     c.arrow.offset = side * (middle - c.arrow.length + reach);
                     compare(window, c, last);
