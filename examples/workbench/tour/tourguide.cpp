@@ -90,6 +90,13 @@ void TourGuide::check(const QString &claim, bool holds)
 void TourGuide::finishWithPicture()
 {
     settle();
+    // A message that has just come is black until its window is painted. What covers it, such as a
+    // dialog, is no reason to wait for ever.
+    const auto isPainted = [this] {
+        return !m_window.pane().view() || !bar() || !bar()->isShowing() || isBarSeen();
+    };
+    if (hasGraphics())
+        waitUntil(isPainted, 3'000);
     m_report.savePicture(windowPicture());
 }
 
