@@ -3,6 +3,7 @@
 
 #include "ui_base/qtui/tooltip/defaulttooltip.h"
 
+#include "ui_base/qtui/tooltip/formpalette_p.h"
 #include "ui_defaulttooltip.h"
 
 #include <QPalette>
@@ -20,7 +21,8 @@ DefaultTooltip::DefaultTooltip(QWidget *parent)
     , d(std::make_unique<DefaultTooltipPrivate>())
 {
     d->ui.setupUi(this);
-    SetBackgroundColor(Qt::white);
+    Internal::dressForPalette(*this);
+    SetBackgroundColor(Internal::groundColor());
 }
 
 DefaultTooltip::~DefaultTooltip() = default;

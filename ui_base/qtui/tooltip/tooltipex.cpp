@@ -1,0 +1,91 @@
+// SPDX-FileCopyrightText: 2026 The lumo_ui_base authors
+// SPDX-License-Identifier: MIT
+
+#include "ui_base/qtui/tooltip/tooltipex.h"
+
+#include "ui_base/qtui/tooltip/atooltipex_p.h"
+#include "ui_base/qtui/tooltip/formpalette_p.h"
+#include "ui_tooltipex.h"
+
+#include <QEvent>
+#include <QStackedWidget>
+
+namespace Vela::UiBase {
+
+class TooltipExPrivate : public ATooltipExPrivate
+{
+public:
+    Ui::TooltipEx ui;
+};
+
+TooltipEx::TooltipEx(QWidget *parent)
+    : ATooltipEx(*new TooltipExPrivate, parent)
+{
+    Q_D(TooltipEx);
+    d->ui.setupUi(this);
+    Internal::dressForPalette(*this);
+    d->ui.info_label->setMouseTracking(true);
+    d->ui.info_label->installEventFilter(this);
+}
+
+TooltipEx::~TooltipEx() = default;
+
+int TooltipEx::GetAdvancedWidgetMargins() const
+{
+    Q_D(const TooltipEx);
+    const QLayout *const part = d->ui.widget->layout();
+    return part ? horizontalMargins(d->ui.vlayout_top) + horizontalMargins(part) : 0;
+}
+
+void TooltipEx::SetParams(const QString &title, const QString &content, QStackedWidget *advanced,
+                          bool alwaysMaxWidth, int maxWidth, EWidgetExVisibility visibility)
+{
+    Q_D(TooltipEx);
+    d->alwaysMaxWidth = alwaysMaxWidth;
+    d->maxWidth = maxWidth;
+    d->visibility = visibility;
+    d->ui.title_label->setText(title);
+    d->ui.content_label->setText(content);
+    SetAdvancedWidget(advanced);
+    SetAdvancedWidgetVisibility(visibility != EWidgetExVisibility::ExHidden);
+    adjustSize();
+}
+
+void TooltipEx::SetHeightOnAdvancedWidgetHidden(int width)
+{
+    Q_D(TooltipEx);
+    const QMargins all = d->ui.vlayout_all->contentsMargins();
+    const int footerWidth = width - horizontalMargins(d->ui.vlayout_top);
+    const int texts = d->ui.title_label->height() + 5 + d->ui.content_label->height()
+        + FindTextLabelSize(d->ui.footer_label, footerWidth).height();
+    setFixedHeight(all.top() + all.bottom() + 2 * d->ui.vlayout_all->spacing() + texts);
+}
+
+bool TooltipEx::IsAdvancedWidgetVisible() const
+{
+    Q_D(const TooltipEx);
+    return d->ui.widget->isVisible();
+}
+
+bool TooltipEx::eventFilter(QObject *watched, QEvent *event)
+{
+    Q_D(TooltipEx);
+    const bool isOnIcon = event->type() == QEvent::MouseMove && watched == d->ui.info_label;
+    if (isOnIcon && d->advancedWidgets && !IsAdvancedWidgetVisible())
+        SetAdvancedWidgetVisibility(true);
+    return ATooltipEx::eventFilter(watched, event);
+}
+
+void TooltipEx::OnAdvancedWidgetVisibilityChange(bool visible)
+{
+    Q_D(TooltipEx);
+    d->ShowPart(d->ui.widget, d->ui.vlayout_extended, visible);
+}
+
+void TooltipEx::AddWidgetToLayout(QWidget *stack)
+{
+    Q_D(TooltipEx);
+    d->ui.widget->layout()->addWidget(stack);
+}
+
+} // namespace Vela::UiBase
