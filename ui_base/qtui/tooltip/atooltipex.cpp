@@ -68,6 +68,28 @@ void ATooltipExPrivate::SetWidth()
     q_ptr->setFixedWidth(isWide ? maxWidth : minWidth);
 }
 
+// The preferred size of a card goes with a width of its own, at which wrapped texts have another
+// height.
+void ATooltipExPrivate::FitHeight()
+{
+    QLayout *const layout = q_ptr->layout();
+    if (!layout)
+        return;
+    // The part was given a size by hand.
+    layout->invalidate();
+    layout->activate();
+    const int width = q_ptr->width();
+    q_ptr->resize(width,
+                  layout->hasHeightForWidth() ? layout->totalHeightForWidth(width)
+                                              : layout->totalSizeHint().height());
+}
+
+void ATooltipExPrivate::FitCard()
+{
+    SetWidth();
+    FitHeight();
+}
+
 void ATooltipExPrivate::InternalSetAdvancedWidgetWidth(QWidget *page, int width)
 {
     page->setFixedWidth(width);
@@ -177,6 +199,10 @@ void ATooltipEx::SetMaxWidthForAllAdvancedWidgets(int width)
     const int count = d->advancedWidgets ? d->advancedWidgets->count() : 0;
     for (int i = 0; i < count; ++i)
         SetAdvancedWidgetWidth(d->advancedWidgets->widget(i));
+    if (count == 0 || !IsAdvancedWidgetVisible())
+        return;
+    OnAdvancedWidgetVisibilityChange(true);
+    d->FitCard();
 }
 
 QStackedWidget *const &ATooltipEx::AdvancedWidgets() const
@@ -205,8 +231,7 @@ void ATooltipEx::SetAdvancedWidgetVisibility(bool visible)
         return;
     d->ReleaseHeight();
     OnAdvancedWidgetVisibilityChange(visible);
-    adjustSize();
-    d->SetWidth();
+    d->FitCard();
     if (isVisible() && !visible)
         SetHeightOnAdvancedWidgetHidden(width());
 }
@@ -217,8 +242,7 @@ void ATooltipEx::UpdateContent()
     if (!d->advancedWidgets || !d->advancedWidgets->isVisible())
         return;
     OnAdvancedWidgetVisibilityChange(true);
-    adjustSize();
-    d->SetWidth();
+    d->FitCard();
 }
 
 void ATooltipEx::OnIndexChanged(int index)
@@ -264,8 +288,7 @@ void ATooltipEx::hideEvent(QHideEvent *event)
     Q_D(ATooltipEx);
     if (d->advancedWidgets) {
         OnAdvancedWidgetVisibilityChange(false);
-        adjustSize();
-        d->SetWidth();
+        d->FitCard();
         if (isVisible())
             SetHeightOnAdvancedWidgetHidden(width());
     }

@@ -20,6 +20,9 @@ public:
 
     /// Gives the card the width that its part asks for.
     void SetWidth();
+    void FitHeight();
+    /// Gives the card its preferred size at its width.
+    void FitCard();
     /// Gives a page a width, by its type.
     static void InternalSetAdvancedWidgetWidth(QWidget *page, int width);
     /// Makes the card as high as it needs to be again.

@@ -33,6 +33,9 @@ QString darkened(QString styleSheet)
         {"#404040", QPalette::WindowText},
         {"#606060", QPalette::ToolTipText},
     };
+    // A line as bright as the text would glare.
+    styleSheet.replace(QLatin1String("border-color: #606060"),
+                       QLatin1String("border-color: ") + lineColor().name());
     for (const auto &color : colors)
         styleSheet.replace(QLatin1String(color.light), darkColor(color.dark).name());
     return styleSheet;

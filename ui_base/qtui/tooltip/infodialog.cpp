@@ -61,6 +61,7 @@ void InfoDialog::SetParams(const QString &, const QString &, QStackedWidget *adv
     SetAdvancedWidget(advanced);
     SetAdvancedWidgetVisibility(true);
     adjustSize();
+    d->FitHeight();
 }
 
 void InfoDialog::SetHeightOnAdvancedWidgetHidden(int) { }
@@ -95,6 +96,7 @@ void InfoDialog::paintEvent(QPaintEvent *)
 
 void InfoDialog::showEvent(QShowEvent *)
 {
+    UpdateContent();
     Q_EMIT VisibilityChanged(true);
 }
 

@@ -49,6 +49,7 @@ void TooltipEx::SetParams(const QString &title, const QString &content, QStacked
     SetAdvancedWidget(advanced);
     SetAdvancedWidgetVisibility(visibility != EWidgetExVisibility::ExHidden);
     adjustSize();
+    d->FitHeight();
 }
 
 void TooltipEx::SetHeightOnAdvancedWidgetHidden(int width)
