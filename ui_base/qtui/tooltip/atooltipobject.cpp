@@ -69,6 +69,26 @@ void refuseFocus(QWidget *window)
         window->overrideWindowFlags(window->windowFlags() | Qt::WindowDoesNotAcceptFocus);
 }
 
+// Takes a tooltip down with its parent, above which it floats in a window of its own.
+class ParentWatch : public QObject
+{
+public:
+    explicit ParentWatch(ATooltipObject *tooltip)
+        : QObject(tooltip)
+        , m_tooltip(tooltip)
+    { }
+
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() == QEvent::Hide && watched == m_tooltip->parent())
+            m_tooltip->ForceHideTooltip();
+        return false;
+    }
+
+private:
+    ATooltipObject *const m_tooltip;
+};
+
 QLabel *makeTextLabel(const QString &text, const QString &styleSheet)
 {
     auto *const label = new QLabel(text);
@@ -191,6 +211,16 @@ void ATooltipObjectPrivate::FloatWindow()
     floating = isFloating;
     if (tooltipWindow)
         refuseFocus(tooltipWindow->window());
+}
+
+void ATooltipObjectPrivate::WatchParent()
+{
+    QWidget *const parent = ParentWidget();
+    if (!parent)
+        return;
+    if (!parentWatch)
+        parentWatch = new ParentWatch(q_ptr);
+    parent->installEventFilter(parentWatch);
 }
 
 void ATooltipObjectPrivate::PlaceWindow()
@@ -627,6 +657,7 @@ void ATooltipObject::ShowTooltip()
         HideTooltip();
         return;
     }
+    d->WatchParent();
     d->PlaceWindow();
     d->visible = true;
     const QSize placedSize = d->tooltipWindow->size();

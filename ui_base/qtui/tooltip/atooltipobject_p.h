@@ -45,6 +45,7 @@ public:
 
     QWidget *ParentWidget() const;
     void FloatWindow();
+    void WatchParent();
     /// Works the place out and moves the window there.
     void PlaceWindow();
     void MoveWindow(const QPoint &globalPosition);
@@ -88,7 +89,8 @@ public:
     bool ownsControl = false; ///< the content came without a parent and stands in no frame
     bool isPlacing = false;
     QMetaObject::Connection endOfControl;
-    int registrations = 0; ///< how many groups of managers it was entered in, at most
+    QObject *parentWatch = nullptr; ///< a child
+    int registrations = 0;          ///< how many groups of managers it was entered in, at most
     std::function<void(ATooltipObject &)> preparation;
 
 protected:

@@ -43,8 +43,11 @@ QString darkened(QString styleSheet)
 
 void darken(QWidget &widget)
 {
-    if (!widget.styleSheet().isEmpty())
-        widget.setStyleSheet(darkened(widget.styleSheet()));
+    if (widget.styleSheet().isEmpty())
+        return;
+    // Qt may have read the sheet of the form, and forgets it for a polished widget only.
+    widget.ensurePolished();
+    widget.setStyleSheet(darkened(widget.styleSheet()));
 }
 
 } // namespace

@@ -12,7 +12,8 @@ namespace Vela::UiBase {
 class TooltipWrapperPrivate;
 
 /// A tooltip that is shown on request, at a point or beside a widget, and watches no host: a remark
-/// at a vertex that was just picked, a hint beside a field.
+/// at a vertex that was just picked, a hint beside a field. It goes with its parent when that is
+/// hidden.
 ///
 /// The content may hear UpdateTooltipText(), as DefaultTooltip does by its slot onUpdateTooltip().
 /// Main thread only.

@@ -8,6 +8,9 @@
 #include "support/testmain.h"
 #include "ui_base/qtui/tooltip/atooltipex_p.h"
 
+#include <lumo_common_res/Styles>
+
+#include <QApplication>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -74,6 +77,7 @@ private Q_SLOTS:
     void tellsItsVisibility();
     void theCloseButtonHidesIt();
     void paintsARoundedGround();
+    void theDarkPaletteReachesItsTexts();
 };
 
 void InfoDialogTest::theFormIsAsTold()
@@ -225,6 +229,24 @@ void InfoDialogTest::paintsARoundedGround()
     QCOMPARE(picture.pixelColor(right + 1, bottom / 2), QColor(Qt::gray));
     QCOMPARE(picture.pixelColor(150, bottom + 1), QColor(Qt::gray));
     QCOMPARE(picture.pixelColor(0, 0), QColor(Qt::green));
+}
+
+void InfoDialogTest::theDarkPaletteReachesItsTexts()
+{
+    auto &styles = Vela::Resource::Styles::Instance();
+    qApp->setStyleSheet(styles.ApplicationStyleSheet());
+    styles.SetPalette(Vela::Resource::EPalette::Dark);
+    QWidget window;
+    Panel panel(&window);
+    panel.resize(80, 60);
+    window.resize(100, 80);
+    window.show();
+    const QImage picture = window.grab().toImage();
+    styles.SetPalette(Vela::Resource::EPalette::Light);
+    qApp->setStyleSheet({});
+    const QColor text = panel.part<QLabel>("label")->palette().color(QPalette::WindowText);
+    QVERIFY2(text.lightness() > 150, qPrintable(text.name()));
+    QVERIFY(picture.pixelColor(panel.geometry().topLeft() + QPoint(4, 30)).lightness() < 100);
 }
 
 LUMO_TEST_MAIN(InfoDialogTest)

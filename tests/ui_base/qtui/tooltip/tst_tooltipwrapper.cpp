@@ -48,6 +48,8 @@ private Q_SLOTS:
     void goesAfterTheDismissTime();
     void withoutContentNothingAppears();
     void aHiddenContentTakesItDown();
+    void goesWithItsParent_data();
+    void goesWithItsParent();
     void hidesTheOthersOfItsGroup();
     void textReachesTheContent();
     void anotherTextKeepsItAtItsPoint();
@@ -154,6 +156,28 @@ void TooltipWrapperTest::aHiddenContentTakesItDown()
     scene.other->installEventFilter(&scene.tip);
     scene.other->hide();
     QVERIFY(!scene.tip.IsVisible());
+}
+
+void TooltipWrapperTest::goesWithItsParent_data()
+{
+    QTest::addColumn<bool>("isParentItself");
+    QTest::newRow("the parent is hidden") << true;
+    QTest::newRow("what the parent stands in is hidden") << false;
+}
+
+void TooltipWrapperTest::goesWithItsParent()
+{
+    QFETCH(bool, isParentItself);
+    TooltipScene scene;
+    Tip tip(Group, scene.host);
+    tip.SetTooltipControl(new DefaultTooltip, true);
+    tip.Show(QPoint(260, 330), true, EShow::ShowUpManualDismiss);
+    tip.Show(QPoint(260, 330), true, EShow::ShowUpManualDismiss);
+    scene.other->hide();
+    QVERIFY(tip.IsVisible());
+    (isParentItself ? scene.host.data() : scene.window.get())->hide();
+    QVERIFY(!tip.IsVisible());
+    QVERIFY(!tip.popup()->window()->isVisible());
 }
 
 void TooltipWrapperTest::hidesTheOthersOfItsGroup()
