@@ -280,7 +280,7 @@ void ATooltipObjectPrivate::StopDismissTimer()
 
 void ATooltipObjectPrivate::StopTooltipTimer()
 {
-    if (useCustomSettings && tooltipTimer)
+    if (enabled && useCustomSettings && tooltipTimer)
         tooltipTimer->stop();
 }
 

@@ -138,6 +138,7 @@ private Q_SLOTS:
     void nullAndTheSameContentChangeNothing();
     void aFormerContentComesBackHidden_data();
     void aFormerContentComesBackHidden();
+    void theEndOfAFormerContentIsNoConcern();
     void theFrameIsMadeAnewWhenSomebodyDeletedIt();
     void textControlIsOneLabel();
     void textControlOfANullStringIsNone();
@@ -511,6 +512,18 @@ void ATooltipObjectTest::aFormerContentComesBackHidden()
     QVERIFY(!tip.TooltipControl());
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QCOMPARE(scene.host->findChildren<FloatingLayer *>().size(), hadArrow || hasArrow ? 1 : 0);
+}
+
+void ATooltipObjectTest::theEndOfAFormerContentIsNoConcern()
+{
+    TooltipScene scene;
+    Tip tip(Group, scene.host);
+    QWidget *const former = makeContent();
+    tip.SetTooltipControl(former, true);
+    QCOMPARE(tip.SetTooltipControl(makeContent(), true), former);
+    tip.ShowTooltip();
+    delete former;
+    QVERIFY(tip.IsVisible());
 }
 
 void ATooltipObjectTest::theFrameIsMadeAnewWhenSomebodyDeletedIt()

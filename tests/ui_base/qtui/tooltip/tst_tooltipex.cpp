@@ -571,6 +571,8 @@ void TooltipExTest::anOpenedCardIsAsHighAsItNeeds()
         const auto *const part = card->part("widget");
         QVERIFY(part->geometry().bottom() < card->part("footer_label")->geometry().top());
         QCOMPARE(part->height(), 40 + 18);
+        // From one border of the card to the other, though its page is narrower.
+        QCOMPARE(part->width(), Wide - 2);
     }
 }
 
@@ -632,6 +634,7 @@ void TooltipExTest::severalPagesTurnWithEachShowing()
     for (const int expected : {1, 2, 0, 1}) {
         card->show();
         QCOMPARE(card->page(), expected);
+        QCOMPARE(card->part("widget")->width(), Wide - 2);
         QCOMPARE(card->AdvancedWidgets()->size(), QSize(PageWidth, 40 + 20 * expected));
         card->hide();
     }
