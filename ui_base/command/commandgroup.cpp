@@ -288,7 +288,7 @@ void CommandGroup::setChecked(bool checked)
     QAction::setChecked(checked);
 }
 
-int CommandGroup::getCommandRank(const QString &id) const
+int CommandGroup::getCommandRank(const QString &id)
 {
     return d->commandRanks.value(id, 0);
 }
@@ -308,7 +308,7 @@ void CommandGroup::setVirtualGroup(bool isVirtual)
     d->virtualGroup = isVirtual;
 }
 
-CommandContext CommandGroup::commandContext() const
+CommandContext CommandGroup::commandContext()
 {
     CommandContext context;
     context.overwrite(commandId(), CommandBase::commandState());

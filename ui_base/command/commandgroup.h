@@ -96,7 +96,7 @@ public:
     virtual void setChecked(bool checked);
 
     /// The rank that was set for the id; 0 without one.
-    virtual int getCommandRank(const QString &id) const;
+    virtual int getCommandRank(const QString &id);
     /// Sets a rank, also for an id that is not in the bag.
     virtual void setCommandRank(const QString &id, int rank);
 
@@ -106,7 +106,7 @@ public:
     virtual void setVirtualGroup(bool isVirtual);
 
     /// The states of this group and of its children, one level deep.
-    virtual CommandContext commandContext() const;
+    virtual CommandContext commandContext();
 
     /// Number of rows of the grid; 2 by default.
     int gridSize() const;
