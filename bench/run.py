@@ -45,7 +45,8 @@ def run_program(build, measure, min_time):
     # Google Benchmark appends how it measured to the name, as in "post/4/manual_time".
     pattern = f"^{re.escape(measure.benchmark)}(/(real_time|manual_time|iterations:[0-9]+))*$"
     result = subprocess.run(
-        [*command(build, measure), f"--benchmark_filter={pattern}", f"--benchmark_min_time={min_time}",
+        [*command(build, measure), f"--benchmark_filter={pattern}",
+         f"--benchmark_min_time={min_time}",
          "--benchmark_format=json"],
         env=environment(measure), capture_output=True, text=True, timeout=120, check=False)
     if result.returncode != 0:

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The lumo_ui_base authors
 // SPDX-License-Identifier: MIT
 //
-// Popups beside their buttons: an arrow at each of the eight places of a window, an arrow that slides
-// to stay inside, a shadow and a band, and plain popups in each direction.
+// Popups beside their buttons: an arrow at each of the eight places of a window, an arrow that
+// slides to stay inside, a shadow and a band, and plain popups in each direction.
 //
 //     popups [--dark] [--shot FILE.png]
 

@@ -39,9 +39,9 @@ enum class EArrowPosition : int {
 ///
 /// Use it for tooltips, menus and flyouts that stand beside something; a popup that points at
 /// nothing is better off as a plain widget. The window decides neither where it stands, which
-/// WidgetPosCalculator works out, nor whether it is translucent, which is a matter of the attributes
-/// that its owner sets. Without a parent it is a window of its own, with one a child widget; a
-/// FloatingLayer lifts it above native views.
+/// WidgetPosCalculator works out, nor whether it is translucent, which is a matter of the
+/// attributes that its owner sets. Without a parent it is a window of its own, with one a child
+/// widget; a FloatingLayer lifts it above native views.
 ///
 /// The owner makes the window, attaches the content, offers one or more arrows, and for each
 /// showing asks a WidgetPosCalculator for the position, moves the window there and shows it. The
@@ -72,7 +72,8 @@ public:
         int apexAngle = 90;
         /// Whether @c offset goes along x; if not, along y.
         bool offsetAlongX = true;
-        /// Shifts the tip from its place on the content; ignored where that would leave the content.
+        /// Shifts the tip from its place on the content; ignored where that would leave the
+        /// content.
         int offset = 0;
         /// The point on the content where the arrow begins, in coordinates of the content. The
         /// window works it out; what is written here is overwritten.
@@ -95,9 +96,10 @@ public:
     explicit ArrowedWindow(QWidget *parent = nullptr);
     ~ArrowedWindow() override;
 
-    /// Puts @p w into the window and takes the colour of its background for all of the window. It gets
-    /// the size that it prefers, or keeps the one that it is fixed to. A former content is hidden and forgotten, and stays a child of the
-    /// window until its owner takes it away. Lays the window out for the current arrow.
+    /// Puts @p w into the window and takes the colour of its background for all of the window. It
+    /// gets the size that it prefers, or keeps the one that it is fixed to. A former content is
+    /// hidden and forgotten, and stays a child of the window until its owner takes it away. Lays
+    /// the window out for the current arrow.
     ///
     /// @param w becomes a child of the window and dies with it unless it is detached and given
     ///          another parent; nothing happens for null and for what is attached already
@@ -109,8 +111,8 @@ public:
 
     /// Offers just this arrow, takes it as the current one and lays the window out.
     ///
-    /// The current arrow is the record as it was given, the one on offer has its angle and tip worked
-    /// out. GetArrowParams() lists both when they differ.
+    /// The current arrow is the record as it was given, the one on offer has its angle and tip
+    /// worked out. GetArrowParams() lists both when they differ.
     /// @param param refused, with all left as it was, when its position is None
     void SetArrow(const SArrowParam &param);
     /// The same with the fields one by one. Here the current arrow is the one that was worked out.
@@ -125,8 +127,8 @@ public:
     void AddArrow(EArrowPosition position, int length, bool customAngle, int angle, int apexAngle,
                   bool offsetAlongX, int offset);
 
-    /// The arrows on offer, in the order in which a WidgetPosCalculator tries them. The current arrow
-    /// is added to the end first when it is not among them, and stays there.
+    /// The arrows on offer, in the order in which a WidgetPosCalculator tries them. The current
+    /// arrow is added to the end first when it is not among them, and stays there.
     /// @return valid until the arrows on offer change
     const QList<SArrowParam> &GetArrowParams() const;
     /// Copies the arrow that is drawn now.
@@ -159,9 +161,9 @@ public:
     /// The shadow, to be changed before it is switched on. The window owns it. Null after it was
     /// switched off, until it is switched on again.
     QGraphicsDropShadowEffect *GetShadow() const;
-    /// Switches the shadow on or off; off by default. It is a soft light grey glow of 15 pixels, and
-    /// is that anew when it is switched on after it was off: switching off deletes it, as Qt does
-    /// with every effect.
+    /// Switches the shadow on or off; off by default. It is a soft light grey glow of 15 pixels,
+    /// and is that anew when it is switched on after it was off: switching off deletes it, as Qt
+    /// does with every effect.
     void EnableShadow(bool enable);
 
     /// Sets the pen of the outline; a grey solid line of 1 pixel with bevelled joins by default.
@@ -188,8 +190,8 @@ protected:
     /// For subclasses with a private part of their own, which passes to the window.
     ArrowedWindow(ArrowedWindowPrivate &dd, QWidget *parent);
 
-    /// Sets the window up: focus, attributes, layout and shadow. The constructor calls it, so what a
-    /// subclass overrides is not called from there.
+    /// Sets the window up: focus, attributes, layout and shadow. The constructor calls it, so what
+    /// a subclass overrides is not called from there.
     virtual void Initialize();
 
     /// Fills the outline with the colour of the content's background, or a half transparent white

@@ -156,7 +156,8 @@ bool isDegenerate(const ArrowTriangle &triangle)
         || areEqual(triangle.first, triangle.second);
 }
 
-// The triangle with the opening that is asked for, or the widest of the narrower ones that gives one.
+// The triangle with the opening that is asked for, or the widest of the narrower ones that gives
+// one.
 std::optional<ArrowTriangle> buildTriangle(const QPointF &apex, const ArrowLayoutInput &input)
 {
     const QPointF tip = input.arrow.tip;

@@ -42,8 +42,8 @@ struct ArrowLayout
     QPointF shift;         ///< from there to coordinates of the window
 };
 
-/// Works out tip and angle of an arrow on the rectangle @p content. Does nothing for a position that
-/// is none of the eight.
+/// Works out tip and angle of an arrow on the rectangle @p content. Does nothing for a position
+/// that is none of the eight.
 void normalizeArrow(ArrowedWindow::SArrowParam &arrow, const QRect &content);
 
 /// Lays a window out. Measures beyond what a widget can have are cut down to that.

@@ -11,9 +11,9 @@
 namespace Vela::UiBase::Internal {
 namespace {
 
-// The general union of two paths costs many times what it takes to cut the arrow into the rectangle.
-// What is built here has the very points that the union would have, in its order, so that dashes
-// start at the same place; where that is in doubt the union is taken.
+// The general union of two paths costs many times what it takes to cut the arrow into the
+// rectangle. What is built here has the very points that the union would have, in its order, so
+// that dashes start at the same place; where that is in doubt the union is taken.
 
 // Nearer than this to a corner of the polygon a crossing counts as doubtful.
 constexpr qreal Doubt = 1e-6;

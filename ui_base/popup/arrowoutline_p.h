@@ -19,8 +19,8 @@ struct ArrowTriangle
     QPointF second;
 };
 
-/// What an outline is made of: a rectangle with rounded corners, sharp ones for a radius of 0, and a
-/// triangle that is united with it.
+/// What an outline is made of: a rectangle with rounded corners, sharp ones for a radius of 0, and
+/// a triangle that is united with it.
 struct ArrowShape
 {
     QRect rect;

@@ -73,8 +73,8 @@ QMargins subWidgetRoom(const QWidget *popup)
     return room;
 }
 
-// Sums of what hosts set stay far enough from the ends of the number range that rectangles can still
-// be moved by them.
+// Sums of what hosts set stay far enough from the ends of the number range that rectangles can
+// still be moved by them.
 int bounded(qint64 value)
 {
     constexpr qint64 Bound = std::numeric_limits<int>::max() / 2;
@@ -128,8 +128,8 @@ Span upright(const QRect &rect)
     return {rect.top(), rect.bottom(), rect.height()};
 }
 
-// Where the popup starts along the edge that it shares with the reference; @p before for an alignment
-// that is none.
+// Where the popup starts along the edge that it shares with the reference; @p before for an
+// alignment that is none.
 qint64 aligned(EWidgetsAlign alignment, const Span &ref, const Span &popup, int before)
 {
     switch (alignment) {
@@ -226,8 +226,8 @@ std::vector<EArrowPosition> arrowsFor(EDirection direction)
 }
 
 // The place along x of a candidate above or below the reference. @p dx leads from the apex to the
-// window's left edge. The right corners do not look at the reference: such a candidate is left to the
-// check of the area.
+// window's left edge. The right corners do not look at the reference: such a candidate is left to
+// the check of the area.
 qint64 besideColumn(const SArrowParam &arrow, const QRect &ref, qint64 base, qint64 dx)
 {
     if (arrow.customAngle || !isCorner(arrow.position))

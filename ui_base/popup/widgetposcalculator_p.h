@@ -9,8 +9,8 @@
 
 namespace Vela::UiBase {
 
-/// The state of a WidgetPosCalculator. A subclass with other defaults derives from this and sets them
-/// in its constructor, before the calculator takes it over.
+/// The state of a WidgetPosCalculator. A subclass with other defaults derives from this and sets
+/// them in its constructor, before the calculator takes it over.
 class LUMO_UI_BASE_EXPORT WidgetPosCalculatorPrivate
 {
 public:

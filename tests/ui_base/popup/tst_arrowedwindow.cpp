@@ -790,7 +790,8 @@ void ArrowedWindowTest::layoutDoesNotAnswerItself()
     QCoreApplication::sendPostedEvents();
     const EventCounter resizes(content, QEvent::Resize);
     content->resize(200, 100);
-    // On its way the window has given the content its own size back, and that is not laid out again.
+    // On its way the window has given the content its own size back, and that is not laid out
+    // again.
     QCOMPARE(content->size(), content->sizeHint());
     QVERIFY(resizes.count > 1);
     QVERIFY(window.GetBounds().width() >= 200);
