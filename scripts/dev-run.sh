@@ -29,6 +29,8 @@ run_tour() {
         [ $# -ge 2 ] || fail "--tour needs the folder for its pictures, as in: ./dev run -- --tour DIR"
         tour=$2
         shift 2
+    else
+        rm -f "$tour"/*.png
     fi
     mkdir -p "$tour" || fail "The folder $tour for the pictures can't be made; name another one."
     say "No display here: the workbench takes its tour on a virtual one"
