@@ -378,6 +378,8 @@ ATooltipObject::~ATooltipObject()
 {
     TooltipManager::GetInstance().RemoveTooltip(this);
     TooltipManager::GetInstance().forget(this);
+    // What is watched sends events on the way, and the subclass has gone.
+    d_ptr->isEnding = true;
     d_ptr->ReleaseWindows();
 }
 
@@ -737,6 +739,8 @@ void ATooltipObject::EventFilterOnHide(QObject *) { }
 bool ATooltipObject::eventFilter(QObject *watched, QEvent *event)
 {
     Q_D(ATooltipObject);
+    if (d->isEnding)
+        return false;
     if (event->type() == QEvent::ToolTip)
         return d->HandleToolTipEvent(event);
     if (!d->enabled)
