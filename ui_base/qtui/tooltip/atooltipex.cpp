@@ -276,6 +276,8 @@ void ATooltipEx::showEvent(QShowEvent *event)
     Q_D(ATooltipEx);
     setAutoFillBackground(true);
     d->SetWidth();
+    if (!d->advancedWidgets)
+        d->FitHeight();
     const int count = d->advancedWidgets ? d->advancedWidgets->count() : 0;
     if (count > 1)
         OnIndexChanged((d->advancedWidgets->currentIndex() + 1) % count);

@@ -24,6 +24,8 @@ TooltipEx::TooltipEx(QWidget *parent)
     Q_D(TooltipEx);
     d->ui.setupUi(this);
     Internal::dressForPalette(*this);
+    // Pages open it; a card without any has none.
+    d->ui.widget->hide();
     d->ui.info_label->setMouseTracking(true);
     d->ui.info_label->installEventFilter(this);
 }

@@ -597,8 +597,10 @@ void TooltipExTest::movingOverTheIconOpensThePart()
 void TooltipExTest::withoutPagesNothingOpens()
 {
     const auto card = makeCard(EVisibility::ExHidden, 0);
-    card->part("widget")->hide();
     card->show();
+    QVERIFY(!card->isOpen());
+    QCOMPARE(card->width(), Wide);
+    QVERIFY(showsAllOfItsTexts(*card));
     QMouseEvent move(QEvent::MouseMove, QPointF(2, 2), Qt::NoButton, Qt::NoButton, {});
     QCoreApplication::sendEvent(card->part("info_label"), &move);
     click(card.get());
