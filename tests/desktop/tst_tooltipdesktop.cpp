@@ -8,64 +8,37 @@
 #include <ui_base/TooltipObject>
 #include <ui_base/TooltipWrapper>
 
+#include "desktop/desktopuser.h"
 #include "support/testcase.h"
 #include "support/testmain.h"
 
 #include <QApplication>
 #include <QLineEdit>
 #include <QPainter>
-#include <QProcess>
-#include <QScreen>
 #include <QStackedWidget>
 #include <QWindow>
 
 using namespace Vela::UiBase;
+using Lumo::Test::clickAsUser;
+using Lumo::Test::colourOnScreen;
+using Lumo::Test::pointAsUser;
+using Lumo::Test::typeAsUser;
 using ETooltipType = ATooltipObject::ETooltipType;
 
 namespace {
 
 const QString Group = QStringLiteral("group");
 
-bool run(const QString &program, const QStringList &arguments)
-{
-    QProcess process;
-    process.start(program, arguments);
-    return QTest::qWaitFor([&] { return process.state() == QProcess::NotRunning; }, 20'000)
-        && process.exitCode() == 0;
-}
-
-bool movePointer(const QPoint &place)
-{
-    return run(
-        QStringLiteral("xdotool"),
-        {QStringLiteral("mousemove"), QString::number(place.x()), QString::number(place.y())});
-}
-
 // The user moves onto something: the second movement is one over it.
 bool pointAt(const QWidget &widget)
 {
     const QPoint centre = widget.mapToGlobal(widget.rect().center());
-    return movePointer(centre) && movePointer(centre + QPoint(2, 1));
+    return pointAsUser(centre) && pointAsUser(centre + QPoint(2, 1));
 }
 
 bool pointNowhere()
 {
-    return movePointer(QPoint(2, 2));
-}
-
-bool clickAsUser()
-{
-    return run(QStringLiteral("xdotool"), {QStringLiteral("click"), QStringLiteral("1")});
-}
-
-bool typeAsUser(const QString &text)
-{
-    return run(QStringLiteral("xdotool"), {QStringLiteral("type"), text});
-}
-
-QColor colourOnScreen(const QPoint &global)
-{
-    return QGuiApplication::primaryScreen()->grabWindow(0).toImage().pixelColor(global);
+    return pointAsUser(QPoint(2, 2));
 }
 
 class Patch : public QWidget
@@ -193,7 +166,7 @@ void tst_TooltipDesktop::aClickOnItTakesNoFocus()
     QVERIFY(pointAt(*scene.host));
     QTRY_VERIFY(tooltip->IsVisible() && isSeen(tooltip->TooltipControl()));
     QVERIFY(pointAt(*tooltip->TooltipControl()));
-    QVERIFY(clickAsUser());
+    QVERIFY(clickAsUser(1));
     QVERIFY(typeAsUser(QStringLiteral("abc")));
     QTRY_COMPARE(scene.edit->text(), QStringLiteral("abc"));
     QVERIFY(scene.window.isActiveWindow());
@@ -202,8 +175,8 @@ void tst_TooltipDesktop::aClickOnItTakesNoFocus()
     // Elsewhere, or it would be the second half of a double click.
     tooltip->SetClickToDismissTooltip(true);
     const QWidget *const content = tooltip->TooltipControl();
-    QVERIFY(movePointer(content->mapToGlobal(QPoint(15, 10))));
-    QVERIFY(clickAsUser());
+    QVERIFY(pointAsUser(content->mapToGlobal(QPoint(15, 10))));
+    QVERIFY(clickAsUser(1));
     QTRY_VERIFY(!tooltip->IsVisible());
     QVERIFY(scene.window.isActiveWindow());
 }
@@ -215,7 +188,7 @@ void tst_TooltipDesktop::aPressOnTheHostTakesItDown()
     const TooltipObject *const tooltip = scene.addTooltip(scene.host, makeContent());
     QVERIFY(pointAt(*scene.host));
     QTRY_VERIFY(tooltip->IsVisible());
-    QVERIFY(clickAsUser());
+    QVERIFY(clickAsUser(1));
     QTRY_VERIFY(!tooltip->IsVisible());
 }
 
@@ -326,7 +299,7 @@ void tst_TooltipDesktop::theIconOfACardOpensIt()
 
     const auto *const title = card->findChild<QWidget *>(QStringLiteral("title_label"));
     QVERIFY(pointAt(*title));
-    QVERIFY(clickAsUser());
+    QVERIFY(clickAsUser(1));
     QTRY_VERIFY(!card->IsAdvancedWidgetVisible());
     QTRY_COMPARE(frame->mapToGlobal(frame->GetArrowPoint()), apex);
     QVERIFY(tooltip->IsVisible());
