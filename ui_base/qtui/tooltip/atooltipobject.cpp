@@ -252,18 +252,12 @@ void ATooltipObjectPrivate::MoveWindow(const QPoint &globalPosition)
 }
 
 // The content has taken another size while it was up. Later, since the frame is in the middle of its
-// layout now, and before the next picture.
+// layout now, and before the next picture. The slot is looked up by its name.
 void ATooltipObjectPrivate::PlaceAfterResize()
 {
     if (isPlacing || !visible)
         return;
-    QMetaObject::invokeMethod(
-        q_ptr,
-        [this] {
-            if (visible && tooltipWindow)
-                PlaceWindow();
-        },
-        Qt::QueuedConnection);
+    QMetaObject::invokeMethod(q_ptr, "OnWindowResized", Qt::QueuedConnection);
 }
 
 void ATooltipObjectPrivate::StartDismissTimer()
@@ -752,6 +746,13 @@ bool ATooltipObject::eventFilter(QObject *watched, QEvent *event)
     if (!receiver)
         return true;
     return self && QObject::eventFilter(watched, event);
+}
+
+void ATooltipObject::OnWindowResized()
+{
+    Q_D(ATooltipObject);
+    if (d->visible && d->tooltipWindow)
+        d->PlaceWindow();
 }
 
 void ATooltipObject::OnTooltipTimerTimeOut()

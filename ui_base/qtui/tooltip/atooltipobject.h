@@ -222,6 +222,9 @@ protected Q_SLOTS:
     /// Hides the tooltip.
     void OnTooltipCheckTimerTimeOut();
 
+private Q_SLOTS:
+    void OnWindowResized();
+
 protected:
     /// The state of the tooltip; what subclasses cast to their own.
     const std::unique_ptr<ATooltipObjectPrivate> d_ptr;

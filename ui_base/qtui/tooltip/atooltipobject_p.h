@@ -85,13 +85,13 @@ public:
     bool useArrow = true;
     ATooltipObject::ETooltipType tooltipType {};
 
+    int registrations = 0; ///< how many groups of managers it was entered in, at most
     bool isMade = false;
     bool ownsControl = false; ///< the content came without a parent and stands in no frame
     bool isPlacing = false;
     bool isEnding = false;
     QMetaObject::Connection endOfControl;
     QObject *parentWatch = nullptr; ///< a child
-    int registrations = 0;          ///< how many groups of managers it was entered in, at most
     std::function<void(ATooltipObject &)> preparation;
 
 protected:
