@@ -43,7 +43,9 @@ class LUMO_UI_BASE_EXPORT ATooltipObject : public QObject
     Q_OBJECT
 
 public:
-    /// Ready-made settings for SetTooltipType(): where the tooltip stands, its arrow and its times.
+    /// Ready-made settings for SetTooltipType(): where the tooltip stands, its arrow and its times. The
+    /// two for hovering are meant for contents without an arrow: one with an arrow stands where the
+    /// arrow points from, which is to the right of the host with TooltipHoverLeft.
     enum class ETooltipType : int {
         TooltipRight = 0,       ///< 5 pixels to the right, at once
         TooltipTop = 1,         ///< 10 pixels above, at once
