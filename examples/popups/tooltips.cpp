@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The lumo_ui_base authors
 // SPDX-License-Identifier: MIT
 //
-// Tooltips beside their hosts: each of the presets, a remark at a point, an extended tooltip with three
-// pages, and an info dialog. Point at a host to bring its tooltip up.
+// Tooltips beside their hosts: each of the presets, a remark at a point, an extended tooltip with
+// three pages, and an info dialog. Point at a host to bring its tooltip up.
 //
 //     tooltips [--dark] [--shot FILE.png]
 
@@ -50,8 +50,8 @@ QLabel *addHost(QWidget &view, const QString &text, const QPoint &place)
     return host;
 }
 
-// 2. A tooltip belongs to its host. Those of one group are never up together; here each has its own,
-// so that one picture shows them all.
+// 2. A tooltip belongs to its host. Those of one group are never up together; here each has its
+// own, so that one picture shows them all.
 TooltipObject *addTooltip(QLabel *host, QWidget *content, bool useArrow, ETooltipType type)
 {
     auto *const tooltip = new TooltipObject(host->text(), host);

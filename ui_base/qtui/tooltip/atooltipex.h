@@ -26,8 +26,8 @@ class ATooltipExPrivate;
 /// made by TooltipExFactory. Derive from this for another look: the form and the place of the stack
 /// are the subclass's. ConnectTo() links a card to the tooltip that it is the content of.
 ///
-/// Three dynamic properties on a page tell what it is: "widget_type" (EWidgetType), how its width is
-/// handled; "keyword" (QString); "original_size" (QSize), its size when it became a page. The
+/// Three dynamic properties on a page tell what it is: "widget_type" (EWidgetType), how its width
+/// is handled; "keyword" (QString); "original_size" (QSize), its size when it became a page. The
 /// factory writes them.
 ///
 /// The card owns its stack and the stack its pages. It takes no focus when the factory has made it.
@@ -130,8 +130,8 @@ protected:
 protected Q_SLOTS:
     /// Shows the page of an index. One beyond the last is ignored, and so is a negative one.
     void OnIndexChanged(int index);
-    /// Shows the first page when @p keyword equals the property "keyword" of the stack, whatever the
-    /// case; a stack without that property has an empty one. The keywords of the pages are not
+    /// Shows the first page when @p keyword equals the property "keyword" of the stack, whatever
+    /// the case; a stack without that property has an empty one. The keywords of the pages are not
     /// looked at: choose pages by OnIndexChanged().
     void OnKeywordChanged(QString keyword);
 

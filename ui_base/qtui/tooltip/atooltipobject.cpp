@@ -251,8 +251,8 @@ void ATooltipObjectPrivate::MoveWindow(const QPoint &globalPosition)
     QCoreApplication::sendEvent(tooltipWindow, &event);
 }
 
-// The content has taken another size while it was up. Later, since the frame is in the middle of its
-// layout now, and before the next picture. The slot is looked up by its name.
+// The content has taken another size while it was up. Later, since the frame is in the middle of
+// its layout now, and before the next picture. The slot is looked up by its name.
 void ATooltipObjectPrivate::PlaceAfterResize()
 {
     if (isPlacing || !visible)
@@ -339,8 +339,8 @@ void ATooltipObjectPrivate::DispatchEvent(QObject *watched, QEvent *event)
         q->EventFilterOnLeave(watched);
         break;
     case QEvent::Hide:
-        // Hidden by others, such as a close button in the content, it is down as well. A spontaneous
-        // event tells of a minimised window, which brings it back when it is restored.
+        // Hidden by others, such as a close button in the content, it is down as well. A
+        // spontaneous event tells of a minimised window, which brings it back when it is restored.
         if (watched == tooltipWindow && !event->spontaneous())
             visible = false;
         q->EventFilterOnHide(watched);

@@ -21,9 +21,9 @@ class ATooltipObjectPrivate;
 class WidgetPosCalculator;
 
 /// The engine of a tooltip: it watches a floating window and decides by timers of its own when the
-/// window appears, where it stands and when it goes. TooltipObject adds a host widget whose hovering
-/// brings the tooltip, TooltipWrapper shows one on request; take one of these, or derive from this
-/// for another way of bringing a tooltip up.
+/// window appears, where it stands and when it goes. TooltipObject adds a host widget whose
+/// hovering brings the tooltip, TooltipWrapper shows one on request; take one of these, or derive
+/// from this for another way of bringing a tooltip up.
 ///
 /// The content is any widget. By default it stands in an ArrowedWindow; the window, or the content
 /// itself when no arrow is wanted, floats above the parent by a FloatingLayer and stays inside the
@@ -43,9 +43,9 @@ class LUMO_UI_BASE_EXPORT ATooltipObject : public QObject
     Q_OBJECT
 
 public:
-    /// Ready-made settings for SetTooltipType(): where the tooltip stands, its arrow and its times. The
-    /// two for hovering are meant for contents without an arrow: one with an arrow stands where the
-    /// arrow points from, which is to the right of the host with TooltipHoverLeft.
+    /// Ready-made settings for SetTooltipType(): where the tooltip stands, its arrow and its times.
+    /// The two for hovering are meant for contents without an arrow: one with an arrow stands where
+    /// the arrow points from, which is to the right of the host with TooltipHoverLeft.
     enum class ETooltipType : int {
         TooltipRight = 0,       ///< 5 pixels to the right, at once
         TooltipTop = 1,         ///< 10 pixels above, at once
@@ -64,34 +64,34 @@ public:
     };
 
     /// A tooltip without content, entered in the TooltipManager.
-    /// @param groupName tooltips of one group are never up together. Those with an empty name do not
-    ///                  clear each other
-    /// @param parent owns the tooltip; the tooltip floats over it. Null gives a tooltip that belongs
-    ///               to the caller and whose window is bounded by no view
+    /// @param groupName tooltips of one group are never up together. Those with an empty name do
+    ///                  not clear each other
+    /// @param parent owns the tooltip; the tooltip floats over it. Null gives a tooltip that
+    ///               belongs to the caller and whose window is bounded by no view
     ATooltipObject(const QString &groupName, QWidget *parent);
     /// Leaves the TooltipManager and takes the window down.
     ~ATooltipObject() override;
 
-    /// Runs @p preparation once, just before timers, calculator, window or content are first needed:
-    /// before the first accessor of one of them, the first showing, the first timer. Everything that
-    /// it sets up costs nothing until then, so a bar can give each of a thousand buttons a tooltip.
-    /// When they have been needed already it is run at once. A second call replaces a preparation
-    /// that has not been run.
+    /// Runs @p preparation once, just before timers, calculator, window or content are first
+    /// needed: before the first accessor of one of them, the first showing, the first timer.
+    /// Everything that it sets up costs nothing until then, so a bar can give each of a thousand
+    /// buttons a tooltip. When they have been needed already it is run at once. A second call
+    /// replaces a preparation that has not been run.
     /// @param preparation is given this tooltip; has to stay valid as long as the tooltip lives.
     ///                    An empty one takes the former away
     void SetPreparation(std::function<void(ATooltipObject &tooltip)> preparation);
 
     /// Gives the tooltip its content and hides it. Null, and the present content, change nothing.
     ///
-    /// @param control with an arrow, becomes a child of the arrowed window and dies with it. Without,
-    ///                it keeps its parent; when it has none it belongs to the tooltip
-    /// @param useArrow whether the content stands in an ArrowedWindow. Taken note of in any case, and
-    ///                 used with the next change of the content
+    /// @param control with an arrow, becomes a child of the arrowed window and dies with it.
+    ///                Without, it keeps its parent; when it has none it belongs to the tooltip
+    /// @param useArrow whether the content stands in an ArrowedWindow. Taken note of in any case,
+    ///                 and used with the next change of the content
     /// @return the former content, hidden, or null. One from the arrowed window stays its child
     ///         until it is given another parent; another one has the parent back that it came with
     QWidget *SetTooltipControl(QWidget *control, bool useArrow);
-    /// Makes @p control the content, as SetTooltipControl() does with the arrow chosen last, without
-    /// looking at the former one: take that out with DetachTooltipControl() first.
+    /// Makes @p control the content, as SetTooltipControl() does with the arrow chosen last,
+    /// without looking at the former one: take that out with DetachTooltipControl() first.
     /// @param control null is ignored
     void AttachTooltipControl(QWidget *control);
     /// Takes the content out and hides it.
@@ -109,9 +109,9 @@ public:
     /// @return false, with nothing changed, when there is no content or no label in it
     bool setText(const QString &text);
 
-    /// Sets arrow, border, side, distance, alignment and times in one go, and turns the times of the
-    /// tooltip's own on. TooltipHoverBottom leaves arrow and border as they are; both hover types
-    /// turn hover events on and dismissal by a click off, which the others leave as they are.
+    /// Sets arrow, border, side, distance, alignment and times in one go, and turns the times of
+    /// the tooltip's own on. TooltipHoverBottom leaves arrow and border as they are; both hover
+    /// types turn hover events on and dismissal by a click off, which the others leave as they are.
     /// @param type a value that is none of the enumerators is only taken note of
     void SetTooltipType(ETooltipType type);
 
@@ -126,8 +126,8 @@ public:
     /// Whether the tooltip stays while the pointer is over it or its host; false by default.
     bool IsHoverEventsEnabled() const;
 
-    /// Whether the tooltip comes after a time of its own, which is the default. If not, it comes with
-    /// Qt's own tool tip event, when the pointer was over host or tooltip at the last leaving.
+    /// Whether the tooltip comes after a time of its own, which is the default. If not, it comes
+    /// with Qt's own tool tip event, when the pointer was over host or tooltip at the last leaving.
     void SetUseCustomTooltipSettings(bool use);
     /// How long the pointer has to rest until the tooltip comes; 500 by default. Starts nothing.
     void SetCustomTooltipShowUpTime(int milliseconds);
@@ -146,10 +146,11 @@ public:
     /// Has no effect: a tooltip always goes some time after the pointer has left.
     void SetDismissTooltipOnMouseLeave(bool dismiss);
 
-    /// Sets who is told that the pointer has come over the host; null for nobody. Not owned: take it
-    /// back before it dies. Told only while hover events are enabled.
+    /// Sets who is told that the pointer has come over the host; null for nobody. Not owned: take
+    /// it back before it dies. Told only while hover events are enabled.
     void SetHoveredStateCallbackHandler(IHoverCallbackHandler *handler);
-    /// Sets who is told that the pointer has left the host, as SetHoveredStateCallbackHandler() does.
+    /// Sets who is told that the pointer has left the host, as SetHoveredStateCallbackHandler()
+    /// does.
     void SetNormalStateCallbackHandler(IHoverCallbackHandler *handler);
     /// Tells the handler of the one or the other state.
     /// @param status true for the hovered state
@@ -208,8 +209,8 @@ protected:
     /// @p watched was hidden. Does nothing here.
     virtual void EventFilterOnHide(QObject *watched);
 
-    /// Hands the events of the window, and of what a subclass watches, to the operations above. Qt's
-    /// own tool tip events end here.
+    /// Hands the events of the window, and of what a subclass watches, to the operations above.
+    /// Qt's own tool tip events end here.
     bool eventFilter(QObject *watched, QEvent *event) override;
 
     /// Puts the content that was given last in its place.

@@ -28,9 +28,9 @@ public:
     explicit DefaultTooltip(QWidget *parent = nullptr);
     ~DefaultTooltip() override;
 
-    /// Sets the colour of the background, which the frame of the tooltip takes over when the content
-    /// is given to it. The label keeps the one of the style sheet. All other colours of the palette
-    /// are reset.
+    /// Sets the colour of the background, which the frame of the tooltip takes over when the
+    /// content is given to it. The label keeps the one of the style sheet. All other colours of the
+    /// palette are reset.
     void SetBackgroundColor(const QColor &color);
 
 public Q_SLOTS:

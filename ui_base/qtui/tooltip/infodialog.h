@@ -9,8 +9,8 @@ namespace Vela::UiBase {
 
 class InfoDialogPrivate;
 
-/// A small panel of pages with a close button, as it hangs beneath a flyout. Its advanced part is all
-/// there is of it, and is always open; it does not turn pages by itself.
+/// A small panel of pages with a close button, as it hangs beneath a flyout. Its advanced part is
+/// all there is of it, and is always open; it does not turn pages by itself.
 ///
 /// TooltipExFactory makes one; its owner shows, places and hides it. Main thread only.
 class LUMO_UI_BASE_EXPORT InfoDialog : public ATooltipEx

@@ -9,8 +9,8 @@ namespace Vela::UiBase {
 
 class TooltipExPrivate;
 
-/// The card of an extended tooltip: a title with an information icon, a text, the advanced part and a
-/// footer that promises help. The part opens when the pointer moves over the icon; a click on the
+/// The card of an extended tooltip: a title with an information icon, a text, the advanced part and
+/// a footer that promises help. The part opens when the pointer moves over the icon; a click on the
 /// card opens and closes it, so let the click not dismiss the tooltip
 /// (ATooltipObject::SetClickToDismissTooltip()).
 ///

@@ -19,8 +19,8 @@ namespace Vela::UiBase {
 /// @code
 /// TooltipExFactory &factory = TooltipExFactory::GetInstance();
 /// auto *card = static_cast<TooltipEx *>(factory.CreateExtendedTooltip(
-///     nullptr, tr("Smooth"), tr("Evens out the surface."), tr("Runs on the selection."), true, 300,
-///     ATooltipEx::EWidgetExVisibility::ExHidden, QStringLiteral("TooltipEx")));
+///     nullptr, tr("Smooth"), tr("Evens out the surface."), tr("Runs on the selection."), true,
+///     300, ATooltipEx::EWidgetExVisibility::ExHidden, QStringLiteral("TooltipEx")));
 /// int index = 0;
 /// factory.AddStaticPage(card, tr("Borders stay."), QStringLiteral("borders"), index);
 /// tooltip->SetTooltipControl(card, true);

@@ -43,8 +43,8 @@ public:
     /// @param tooltip not owned; null is ignored
     void AddTooltip(ATooltipObject *tooltip, const QString &group);
     /// Takes @p tooltip out of the first group with a name, in alphabetical order, that it is in.
-    /// Unknown tooltips and null are ignored. A tooltip that dies leaves all of its groups, also the
-    /// one without a name.
+    /// Unknown tooltips and null are ignored. A tooltip that dies leaves all of its groups, also
+    /// the one without a name.
     void RemoveTooltip(ATooltipObject *tooltip);
 
     /// Hides all tooltips of @p group but one, also those that are hidden already. What that runs
@@ -55,9 +55,9 @@ public:
     ///              happens for an unknown one
     void HideAllTooltipsInGroupExcept(ATooltipObject *except, const QString &group);
 
-    /// The widget of the view that @p tooltip has to stay in: the nearest one with a BaseView, going
-    /// up from the tooltip's parent. From a widget that floats the way goes on at the parent that it
-    /// had before.
+    /// The widget of the view that @p tooltip has to stay in: the nearest one with a BaseView,
+    /// going up from the tooltip's parent. From a widget that floats the way goes on at the parent
+    /// that it had before.
     /// @return null for null, when the tooltip's parent is no widget, and outside of any view
     QWidget *getRootViewOfTooltip(ATooltipObject *tooltip);
 

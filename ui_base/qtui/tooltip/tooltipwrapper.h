@@ -36,8 +36,8 @@ public:
 
     /// Brings the tooltip up. Without a content nothing appears.
     /// @param point where the arrow points, in global coordinates
-    /// @param useRefPoint whether @p point is used; if not, the tooltip stands where the reference of
-    ///                    GetPosCalculator() is, which is the last point unless it was changed
+    /// @param useRefPoint whether @p point is used; if not, the tooltip stands where the reference
+    ///                    of GetPosCalculator() is, which is the last point unless it was changed
     /// @param type a manual one also ends the time of an automatic one before
     void Show(const QPoint &point, bool useRefPoint, ETooltipShowUpType type);
     /// Hides the tooltip after the dismiss time, see SetCustomTooltipDismissTime().
