@@ -7,6 +7,8 @@
 #include "ui_base/command/commandbag.h"
 #include "ui_base/command/commandcontext.h"
 #include "ui_base/qtui/qtuitoolkit.h"
+#include "ui_base/toolbar/toolbar.h"
+#include "ui_base/toolbar/toolbutton.h"
 
 #include <QActionGroup>
 #include <QMap>
@@ -24,6 +26,8 @@ public:
     void initialize(CommandGroup *group);
     bool hasEnabledCommand();
 
+    QPointer<ToolBar> toolbar;
+    QPointer<ToolButton> toolButton;
     // A child of the group that made it, so it can go before a group that shares this object.
     QPointer<QActionGroup> actionGroup;
     CommandBag commandBag;
@@ -156,6 +160,8 @@ CommandBase *CommandGroup::addCommand(const std::shared_ptr<CommandBase> &comman
     d->commandRanks[id] = rank;
     if (d->actionGroup)
         Internal::addToGroup(d->actionGroup, child);
+    if (d->toolButton && isCheckable())
+        d->toolButton->setIcon(child->icon());
     connect(child, &CommandBase::toBeTriggered, this, &CommandGroup::onChildToBeTriggered,
             Qt::DirectConnection);
     connect(child, &CommandBase::toBeToggled, this, &CommandGroup::onChildToBeTriggered,
@@ -193,6 +199,9 @@ bool CommandGroup::removeCommand(const QString &id)
     disconnect(child.get(), &QAction::changed, this, &CommandGroup::onChildChanged);
     if (d->actionGroup)
         Internal::removeFromGroup(d->actionGroup, child.get());
+    const std::shared_ptr<CommandBase> last = d->commandBag.back().second;
+    if (d->toolButton && last)
+        d->toolButton->setIcon(last->icon());
     d->commandRanks.remove(leavingId);
     return d->commandBag.removeCommand(leavingId);
 }
@@ -278,14 +287,20 @@ void CommandGroup::mergeIntoEntry(const QString &id, CommandGroup *child)
 
 void CommandGroup::setEnabled(bool enabled)
 {
+    const std::shared_ptr<CommandGroupImpl> impl = d;
     QAction::setEnabled(enabled);
+    if (impl->toolButton)
+        impl->toolButton->setEnabled(enabled);
 }
 
 void CommandGroup::setChecked(bool checked)
 {
     // The siblings that this unchecks can let go of the group in their runs.
     const auto owner = weak_from_this().lock();
+    const std::shared_ptr<CommandGroupImpl> impl = d;
     QAction::setChecked(checked);
+    if (impl->toolButton)
+        impl->toolButton->setChecked(checked);
 }
 
 int CommandGroup::getCommandRank(const QString &id)
@@ -341,6 +356,30 @@ void CommandGroup::setGrid(bool grid)
 QActionGroup *CommandGroup::groupActionGroup() const
 {
     return d->actionGroup;
+}
+
+ToolBar *CommandGroup::toolbar() const
+{
+    return d->toolbar;
+}
+
+void CommandGroup::setToolbar(ToolBar *toolbar)
+{
+    d->toolbar = toolbar;
+}
+
+ToolButton *CommandGroup::toolButton() const
+{
+    return d->toolButton;
+}
+
+void CommandGroup::setToolButton(ToolButton *button)
+{
+    d->toolButton = button;
+    if (!button)
+        return;
+    button->SetHideMenuWhenUnchecked(true);
+    button->setCheckable(isCheckable());
 }
 
 void CommandGroup::listenToTrigger(CommandGroup *other, const char *slot)

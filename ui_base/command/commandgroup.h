@@ -17,6 +17,7 @@ namespace Vela::UiBase {
 class CommandBag;
 class CommandContext;
 class CommandGroupImpl;
+class ToolBar;
 
 /// A command that holds commands, which may be groups again: one checkable action for all of them.
 ///
@@ -61,7 +62,8 @@ public:
     /// \copydoc commandBag() const
     virtual CommandBag &commandBag();
 
-    /// Adds a child.
+    /// Adds a child. The tool button of a checkable group takes over the child's icon, so that it
+    /// shows the one that was added last.
     /// @param command the child, which the group owns from now on with its other owners
     /// @param rank its place on a tool bar, ascending
     /// @return the child; null for null, when a child has this id, and for this group or one that
@@ -71,7 +73,8 @@ public:
     /// last owner, which is at once if the group refuses it. One that is owned is shared.
     virtual CommandBase *addCommand(CommandBase *command, int rank = 0);
     /// Removes a child, or a command that a group among the children holds at any depth, which can end
-    /// its life. A sub-group that becomes empty by it goes too.
+    /// its life. A sub-group that becomes empty by it goes too. The tool button of the group that held
+    /// it takes over the icon of the last child, which still is the leaving one if that was last.
     /// @return whether there was such a command
     virtual bool removeCommand(const QString &id);
 
@@ -90,9 +93,9 @@ public:
     /// parts with them. Null and this group itself are ignored.
     virtual void absorbCommandGroup(CommandGroup *other);
 
-    /// Enables the action of the group and nothing below it.
+    /// Enables the action of the group and its tool button, and nothing below it.
     virtual void setEnabled(bool enabled);
-    /// Checks the action of the group and nothing below it.
+    /// Checks the action of the group and its tool button, and nothing below it.
     virtual void setChecked(bool checked);
 
     /// The rank that was set for the id; 0 without one.
@@ -120,6 +123,17 @@ public:
     /// The group that holds the children's actions, exclusive by default. Owned by this command; null
     /// when the group whose parts this one shares has ended.
     QActionGroup *groupActionGroup() const;
+
+    /// The tool bar that shows the children; null when there is none or it has died. Not owned.
+    ToolBar *toolbar() const;
+    /// Called by tool bars that show the children; null takes the bar away.
+    void setToolbar(ToolBar *toolbar);
+
+    /// The button that shows the group; null when there is none or it has died. Not owned.
+    ToolButton *toolButton() const override;
+    /// Gives the group its button, which becomes checkable as the group is and closes the menus of
+    /// other buttons when it is toggled. Null takes the button away.
+    void setToolButton(ToolButton *button) override;
 
     /// Calls @p slot of this group, written with SLOT(), whenever a child of @p other is about to be
     /// checked. With uncheckChildren(bool) the two groups exclude each other. A null group or slot is

@@ -141,12 +141,12 @@ QPixmap pixmapOf(const QIcon &icon, const QSize &size, qreal ratio, QIcon::Mode 
     return pixmap;
 }
 
-QIcon iconOf(const QPixmap &normal, const QPixmap &active)
+QIcon iconOf(const QPixmap &normal, const QPixmap &active, QIcon::State state)
 {
     const bool isPlain = normal.devicePixelRatio() <= 1 && active.devicePixelRatio() <= 1;
     QIcon icon = isPlain ? QIcon() : QIcon(new DeviceIconEngine);
-    icon.addPixmap(normal, QIcon::Normal, QIcon::Off);
-    icon.addPixmap(active, QIcon::Active, QIcon::Off);
+    icon.addPixmap(normal, QIcon::Normal, state);
+    icon.addPixmap(active, QIcon::Active, state);
     return icon;
 }
 

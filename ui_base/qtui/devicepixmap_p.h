@@ -51,9 +51,9 @@ QPixmap fitted(const QPixmap &pixmap, const QSize &size, qreal ratio);
 QPixmap pixmapOf(const QIcon &icon, const QSize &size, qreal ratio,
                  QIcon::Mode mode = QIcon::Normal, QIcon::State state = QIcon::Off);
 
-/// An icon of the pictures for QIcon::Normal and QIcon::Active, both for QIcon::Off; null ones are
+/// An icon of the pictures for QIcon::Normal and QIcon::Active, both for @p state; null ones are
 /// left out. As soon as one has a ratio above 1 the icon's actualSize() is the logical one, while
 /// it draws in full resolution.
-QIcon iconOf(const QPixmap &normal, const QPixmap &active);
+QIcon iconOf(const QPixmap &normal, const QPixmap &active, QIcon::State state = QIcon::Off);
 
 } // namespace Vela::UiBase::Internal

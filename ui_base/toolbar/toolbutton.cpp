@@ -3,12 +3,400 @@
 
 #include "ui_base/toolbar/toolbutton.h"
 
+#include "ui_base/toolbar/toolbutton_p.h"
+
+#include "ui_base/command/commandbase.h"
+#include "ui_base/qtui/devicepixmap_p.h"
+#include "ui_base/qtui/mouseeventclone_p.h"
+
+#include <lumo_common_res/Styles>
+
+#include <QActionEvent>
+#include <QCoreApplication>
+#include <QCursor>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QStyle>
+#include <QTextDocumentFragment>
+
+#include <algorithm>
+#include <utility>
+
 namespace Vela::UiBase {
+namespace {
+
+// Larger than any icon of a button, so that the icon answers with the size it has.
+const QSize sizeProbe(300, 300);
+
+// A picture smaller than its room stands in the middle of it, where the button would draw it, so
+// that every prepared icon has the size of the button's icon.
+QPixmap filledUp(const QPixmap &pixmap, const QSize &size, qreal ratio)
+{
+    if (pixmap.isNull() || Internal::logicalSize(pixmap) == size)
+        return pixmap;
+    QPixmap result(Internal::physicalSize(size, ratio));
+    result.fill(Qt::transparent);
+    // In whole pixels of the screen, or the picture would be blurred.
+    const QSize picture = pixmap.size() * (ratio / pixmap.devicePixelRatio());
+    const QRect target = QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, picture,
+                                             QRect(QPoint(), result.size()));
+    QPainter painter(&result);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.drawPixmap(target, pixmap, pixmap.rect());
+    painter.end();
+    result.setDevicePixelRatio(ratio);
+    return result;
+}
+
+QPixmap preparedPicture(const ToolButton &button, QIcon::Mode mode)
+{
+    const qreal ratio = Internal::devicePixelRatioFor(button);
+    const QSize size = button.iconSize();
+    return filledUp(Internal::pixmapOf(button.icon(), size, ratio, mode, QIcon::On), size, ratio);
+}
+
+std::shared_ptr<QIcon> iconWith(const QPixmap &pixmap)
+{
+    return std::make_shared<QIcon>(Internal::iconOf(pixmap, QPixmap()));
+}
+
+QString nameOf(const QAction &action)
+{
+    if (!action.text().isEmpty())
+        return action.iconText();
+    const QString tooltip = QTextDocumentFragment::fromHtml(action.toolTip()).toPlainText();
+    if (!tooltip.isEmpty())
+        return tooltip;
+    const auto *const command = qobject_cast<const CommandBase *>(&action);
+    return command ? command->commandId() : QString();
+}
+
+} // namespace
+
+const QString ToolButton::COMMANDID_PROPERTY = QStringLiteral("CMDID_PROP");
+
+ToolButton::IToolButtonCallbackHandler::~IToolButtonCallbackHandler() = default;
+
+ToolButtonPrivate::ToolButtonPrivate() = default;
+
+ToolButtonPrivate::~ToolButtonPrivate() = default;
+
+void ToolButtonPrivate::SetDefaults()
+{
+    action = nullptr;
+    buttonKind = EButtonKind::Plain;
+    tooltipText.clear();
+    toolBar = nullptr;
+    callbackHandlers.clear();
+    locked = false;
+    activeIcon.reset();
+    normalIcon.reset();
+    iconPinned = false;
+    hideMenuWhenUnchecked = false;
+    suppressClickedHandler = false;
+    clickedHandlerRequested = false;
+}
+
+bool ToolButtonPrivate::hasMenu() const
+{
+    return false;
+}
+
+bool ToolButtonPrivate::isEnabledByHandlers(QAction *asked) const
+{
+    // A handler may register others, delete the button, and delete the action.
+    const auto handlers = callbackHandlers.value(asked);
+    const QPointer<QAction> living(asked);
+    return std::all_of(handlers.begin(), handlers.end(), [&living](auto *handler) {
+        return living && handler->IsActionEnabled(living);
+    });
+}
+
+// The watcher goes with this object, and so before the actions that are children of the button.
+void ToolButtonPrivate::forgetHandlersWith(QAction *watched)
+{
+    if (!actionWatcher)
+        actionWatcher = std::make_unique<QObject>();
+    QObject::connect(watched, &QObject::destroyed, actionWatcher.get(),
+                     [this, watched] { callbackHandlers.remove(watched); });
+}
+
+void ToolButtonPrivate::initialize(QAction *newAction, ToolBar *newToolBar)
+{
+    Q_Q(ToolButton);
+    SetDefaults();
+    q->setMouseTracking(true);
+    q->setAttribute(Qt::WA_ShowWithoutActivating);
+    q->setFocusPolicy(Qt::NoFocus);
+    q->setSizePolicy(QSizePolicy::MinimumExpanding, QSizePolicy::Preferred);
+    q->setStyleSheet(Resource::Styles::Instance().ToolButtonOnToolPalette());
+    QObject::connect(q, &ToolButton::clicked, q, &ToolButton::OnClicked);
+    QObject::connect(q, &ToolButton::toggled, q, &ToolButton::OnToggled);
+    if (!newAction || !newToolBar)
+        return;
+    action = newAction;
+    toolBar = newToolBar;
+    q->addAction(newAction);
+    q->setDefaultAction(newAction);
+    tooltipText = newAction->toolTip();
+    updateAccessibleName();
+}
+
+void ToolButtonPrivate::postToToolBar(const QMouseEvent &event) const
+{
+    if (toolBar)
+        QCoreApplication::postEvent(toolBar, Internal::mouseEventFor(*toolBar, event).release());
+}
+
+bool ToolButtonPrivate::iconsAreStale() const
+{
+    Q_Q(const ToolButton);
+    if (q->icon().isNull())
+        return false;
+    if (!activeIcon && !normalIcon)
+        return true;
+    const QSize prepared = activeIcon ? activeIcon->actualSize(sizeProbe, QIcon::Active, QIcon::On)
+                                      : normalIcon->actualSize(sizeProbe, QIcon::Normal, QIcon::On);
+    return !prepared.isEmpty() && q->iconSize() != prepared;
+}
+
+void ToolButtonPrivate::showIcon(bool active)
+{
+    Q_Q(ToolButton);
+    q->InitIcons();
+    if (iconPinned || !activeIcon || !normalIcon)
+        return;
+    const QIcon &icon = active ? *activeIcon : *normalIcon;
+    // The pointer moves far more often than the picture changes.
+    if (q->icon().cacheKey() != icon.cacheKey())
+        q->setIcon(icon);
+}
+
+void ToolButtonPrivate::updateAccessibleName()
+{
+    Q_Q(ToolButton);
+    if (!action || q->accessibleName() != accessibleName)
+        return;
+    accessibleName = nameOf(*action);
+    q->setAccessibleName(accessibleName);
+}
+
+ToolButton::ToolButton(QAction *action, ToolBar *toolBar, QWidget *parent)
+    : ToolButton(*new ToolButtonPrivate, action, toolBar, parent)
+{ }
 
 ToolButton::ToolButton(QWidget *parent)
+    : ToolButton(*new ToolButtonPrivate, parent)
+{ }
+
+ToolButton::ToolButton(ToolButtonPrivate &dd, QAction *action, ToolBar *toolBar, QWidget *parent)
     : QToolButton(parent)
+    , d_ptr(&dd)
+{
+    d_ptr->q_ptr = this;
+    d_ptr->initialize(action, toolBar);
+}
+
+ToolButton::ToolButton(ToolButtonPrivate &dd, QWidget *parent)
+    : ToolButton(dd, nullptr, nullptr, parent)
 { }
 
 ToolButton::~ToolButton() = default;
+
+QIcon ToolButton::CreateToolButtonIcon(QString normal, QString active)
+{
+    if (active.isEmpty())
+        active = normal;
+    const qreal ratio = Internal::highestDevicePixelRatio();
+    return Internal::iconOf(Internal::loadPixmap(normal, ratio),
+                            Internal::loadPixmap(active, ratio), QIcon::On);
+}
+
+QAction *ToolButton::CreateToolButtonAction(QWidget *parent, QString text, QString normalIcon,
+                                            QString activeIcon, QString tooltip, QObject *receiver,
+                                            const char *slot)
+{
+    return CreateToolButtonAction(
+        parent, std::move(text), CreateToolButtonIcon(std::move(normalIcon), std::move(activeIcon)),
+        std::move(tooltip), receiver, slot);
+}
+
+QAction *ToolButton::CreateToolButtonAction(QWidget *parent, QString text, QIcon icon,
+                                            QString tooltip, QObject *receiver, const char *slot)
+{
+    auto *const action = new QAction(icon, text, parent);
+    if (!tooltip.isEmpty())
+        action->setToolTip(tooltip);
+    if (receiver && slot)
+        // By name: the caller says which slot it is to be.
+        connect(action, SIGNAL(triggered()), receiver, slot);
+    else
+        action->setCheckable(false);
+    return action;
+}
+
+QAction *ToolButton::Action() const
+{
+    Q_D(const ToolButton);
+    return d->action;
+}
+
+bool ToolButton::Hovered() const
+{
+    return rect().contains(mapFromGlobal(QCursor::pos()));
+}
+
+void ToolButton::IconState(bool hovered)
+{
+    Q_D(ToolButton);
+    d->showIcon(hovered && isEnabled());
+}
+
+void ToolButton::InitIcons()
+{
+    Q_D(ToolButton);
+    if (!d->iconsAreStale())
+        return;
+    const QPixmap normal = preparedPicture(*this, QIcon::Normal);
+    const QPixmap active = preparedPicture(*this, QIcon::Active);
+    d->activeIcon = iconWith(active.isNull() ? normal : active);
+    d->normalIcon = iconWith(normal);
+}
+
+void ToolButton::SetCallbackHandler(QAction *action, IToolButtonCallbackHandler *handler)
+{
+    Q_D(ToolButton);
+    if (!action || !handler)
+        return;
+    if (!d->callbackHandlers.contains(action))
+        d->forgetHandlersWith(action);
+    d->callbackHandlers[action].append(handler);
+}
+
+void ToolButton::SetLocked(bool locked)
+{
+    Q_D(ToolButton);
+    d->locked = locked;
+}
+
+void ToolButton::SetHideMenuWhenUnchecked(bool hide)
+{
+    Q_D(ToolButton);
+    d->hideMenuWhenUnchecked = hide;
+}
+
+void ToolButton::SuppressClickedHandler(bool suppress)
+{
+    Q_D(ToolButton);
+    d->suppressClickedHandler = suppress;
+}
+
+bool ToolButton::ClickedHandlerRequested() const
+{
+    Q_D(const ToolButton);
+    return d->clickedHandlerRequested;
+}
+
+void ToolButton::SetExtendMode(bool) { }
+
+void ToolButton::ClickedHandler() { }
+
+void ToolButton::EnableActions()
+{
+    Q_D(ToolButton);
+    const QPointer<QAction> action = d->action;
+    if (!d->callbackHandlers.contains(action))
+        return;
+    const QPointer<ToolButton> self(this);
+    const bool enabled = d->isEnabledByHandlers(action);
+    if (action)
+        action->setEnabled(enabled);
+    if (self)
+        setEnabled(enabled);
+}
+
+bool ToolButton::IsActionAssociated(QAction *action)
+{
+    Q_D(const ToolButton);
+    return action == d->action;
+}
+
+void ToolButton::OnClicked(bool)
+{
+    Q_D(ToolButton);
+    if (d->locked)
+        return;
+    const QPointer<ToolButton> self(this);
+    Q_EMIT ToolButtonClicked();
+    if (!self)
+        return;
+    d->clickedHandlerRequested = false;
+    if (d->suppressClickedHandler)
+        d->suppressClickedHandler = false;
+    else
+        ClickedHandler();
+}
+
+void ToolButton::OnToggled(bool checked)
+{
+    Q_D(ToolButton);
+    const QPointer<ToolButton> self(this);
+    // Also when it becomes checked: a button that opens its menu closes those of the others.
+    if (d->hasMenu() && isCheckable() && d->hideMenuWhenUnchecked && d->toolBar)
+        d->toolBar->HideAllButtonMenusExcept(true, this);
+    if (self && !checked)
+        IconState(Hovered());
+}
+
+void ToolButton::mousePressEvent(QMouseEvent *event)
+{
+    Q_D(ToolButton);
+    d->postToToolBar(*event);
+    if (!d->locked)
+        QToolButton::mousePressEvent(event);
+}
+
+void ToolButton::mouseReleaseEvent(QMouseEvent *event)
+{
+    Q_D(ToolButton);
+    d->postToToolBar(*event);
+    if (d->locked)
+        return;
+    const QPointer<ToolButton> self(this);
+    d->clickedHandlerRequested = true;
+    QToolButton::mouseReleaseEvent(event);
+    // A release that was no click must not leave its mark on the next one from code.
+    if (self)
+        d->clickedHandlerRequested = false;
+}
+
+void ToolButton::mouseMoveEvent(QMouseEvent *event)
+{
+    Q_D(ToolButton);
+    d->postToToolBar(*event);
+    d->showIcon(isEnabled());
+    if (!d->locked)
+        QToolButton::mouseMoveEvent(event);
+}
+
+void ToolButton::enterEvent(QEvent *)
+{
+    Q_D(ToolButton);
+    d->showIcon(isEnabled());
+}
+
+void ToolButton::leaveEvent(QEvent *)
+{
+    Q_D(ToolButton);
+    d->showIcon(isChecked() && isEnabled());
+}
+
+void ToolButton::actionEvent(QActionEvent *event)
+{
+    Q_D(ToolButton);
+    QToolButton::actionEvent(event);
+    if (event->type() == QEvent::ActionChanged && event->action() == d->action)
+        d->updateAccessibleName();
+}
 
 } // namespace Vela::UiBase

@@ -5,23 +5,166 @@
 
 #include "ui_base/uibaseexport.h"
 
+#include <QIcon>
+#include <QString>
 #include <QToolButton>
+
+#include <memory>
+
+class QAction;
 
 namespace Vela::UiBase {
 
-/// The button by which tool bars, action panels and tool panels show a command. A command knows the
-/// button that shows it by CommandBase::toolButton(). Main thread only.
+class ToolBar;
+class ToolButtonPrivate;
+
+/// The button by which tool bars, action panels and tool panels show an action, which as a rule is a
+/// command. The command knows its button by CommandBase::toolButton(), and the button carries the
+/// command's id in its property COMMANDID_PROPERTY.
+///
+/// While the pointer is over the button, and while it is checked, it shows the picture that its icon
+/// has for QIcon::Active, and otherwise the one for QIcon::Normal. It never takes the focus.
+///
+/// All mouse presses, moves and releases are posted to the tool bar as well, also while the button is
+/// locked. The tool bar places the button and gives it its size.
+///
+/// The button belongs to its parent, which for one on a tool bar is a panel of that. Main thread only.
 class LUMO_UI_BASE_EXPORT ToolButton : public QToolButton
 {
     Q_OBJECT
 
 public:
-    /// A bare button without an action.
+    /// Decides when an action may be enabled, see EnableActions().
+    class LUMO_UI_BASE_EXPORT IToolButtonCallbackHandler
+    {
+    public:
+        virtual ~IToolButtonCallbackHandler();
+
+        /// Whether @p action may be enabled now. Asked when the pointer comes to the tool bar.
+        virtual bool IsActionEnabled(QAction *action) = 0;
+    };
+
+    /// Name of the dynamic property by which a button made for a command carries the command's id,
+    /// "CMDID_PROP". The tool bar sets it.
+    static const QString COMMANDID_PROPERTY;
+
+    /// A button that shows @p action on @p toolBar. With one of the two missing it is a bare one.
+    /// @param action not owned; the button shows its icon, text and check mark, follows its enabled
+    ///               state and triggers it
+    /// @param toolBar not owned; hears the mouse events of the button
+    /// @param parent owner of the button, may be null
+    ToolButton(QAction *action, ToolBar *toolBar, QWidget *parent);
+    /// A bare button, without action, tool bar and tooltip.
     /// @param parent owner of the button, may be null
     explicit ToolButton(QWidget *parent);
     ~ToolButton() override;
 
+    /// Makes an icon of picture files.
+    /// @param normal file of the picture at rest; empty for none
+    /// @param active file of the picture under the pointer; with an empty one it is @p normal
+    /// @return a null icon when both are empty
+    static QIcon CreateToolButtonIcon(QString normal, QString active);
+
+    /// Makes an action with the icon that CreateToolButtonIcon() makes of the two files; else like
+    /// the other form.
+    static QAction *CreateToolButtonAction(QWidget *parent, QString text, QString normalIcon,
+                                           QString activeIcon, QString tooltip, QObject *receiver,
+                                           const char *slot);
+    /// Makes an action for a tool button.
+    /// @param parent owner of the action; with null the caller is
+    /// @param text the action's text
+    /// @param icon the action's icon
+    /// @param tooltip the action's tool tip; an empty one leaves it to follow from the text
+    /// @param receiver whose slot triggered() is connected to
+    /// @param slot the slot as SLOT() writes it. Without a receiver or a slot the action does
+    ///             nothing and is not checkable
+    static QAction *CreateToolButtonAction(QWidget *parent, QString text, QIcon icon,
+                                           QString tooltip, QObject *receiver, const char *slot);
+
+    /// The action that the button was built for; null for a bare one and once the action has died.
+    QAction *Action() const;
+
+    /// Whether the pointer is inside the button now.
+    bool Hovered() const;
+
+    /// Shows the picture for the pointer being over the button, if @p hovered is true and the button
+    /// is enabled, else the one at rest. Nothing changes for a button without an icon.
+    void IconState(bool hovered);
+    /// Prepares the two pictures that are shown in turns: out of the present icon when there are
+    /// none yet, or when they do not have the size iconSize(). They are made once, so an icon set
+    /// later shows until the next hover only, unless its size differs. The icon on show has one
+    /// picture after that, so when only iconSize() changes both become the picture now shown; set
+    /// the full icon again together with the new size.
+    void InitIcons();
+
+    /// Has @p handler decide whether @p action may be enabled. All handlers of an action have to
+    /// agree; they are asked in the order of registration, one that was registered twice twice.
+    /// @param action null is ignored; its handlers are forgotten when it dies
+    /// @param handler not owned, and has to live as long as the button and the action; null is
+    ///                ignored
+    void SetCallbackHandler(QAction *action, IToolButtonCallbackHandler *handler);
+
+    /// Locks the button: it is not pressed or clicked any more and shows no tooltip, while its tool
+    /// bar still hears its mouse events. A tool bar locks its buttons while it moves.
+    void SetLocked(bool locked);
+
+    /// Whether a toggle of a button with a menu closes the menus of all other buttons on its tool
+    /// bar. In spite of the name it does so when the button is checked, too. Nothing for a button
+    /// without a menu. Off by default.
+    void SetHideMenuWhenUnchecked(bool hide);
+    /// With true, leaves out ClickedHandler() at the next click, once. ToolButtonClicked() is
+    /// emitted all the same.
+    void SuppressClickedHandler(bool suppress);
+    /// Whether a click of the mouse is on its way to ClickedHandler(). True from the release of the
+    /// mouse button, so while the action is triggered, until ToolButtonClicked() has been emitted;
+    /// never for a click from code.
+    bool ClickedHandlerRequested() const;
+
+    /// Lets the button stand in for a button of its menu. Nothing here; buttons with a menu of
+    /// buttons override it.
+    virtual void SetExtendMode(bool on);
+    /// Called at a click, after ToolButtonClicked(). Nothing here; buttons with a menu override it.
+    virtual void ClickedHandler();
+    /// Asks the callback handlers of Action() and enables the action and the button when all agree,
+    /// or disables both. Without handlers nothing changes. The tool bar calls it when the pointer
+    /// comes in.
+    virtual void EnableActions();
+    /// Whether the button stands for @p action.
+    virtual bool IsActionAssociated(QAction *action);
+
+public Q_SLOTS:
+    /// Takes a click: emits ToolButtonClicked() and calls ClickedHandler(). Nothing while the button
+    /// is locked.
+    void OnClicked(bool isChecked);
+    /// Follows a change of the check mark: see SetHideMenuWhenUnchecked(); and a button that was
+    /// unchecked shows the picture that its pointer asks for.
+    void OnToggled(bool checked);
+
+Q_SIGNALS:
+    /// The button was clicked, with the mouse or from code, and is not locked.
+    void ToolButtonClicked();
+
+protected:
+    /// For subclasses with a private class of their own; otherwise like the public form.
+    /// @param dd taken over and deleted by the button
+    ToolButton(ToolButtonPrivate &dd, QAction *action, ToolBar *toolBar, QWidget *parent);
+    /// \overload
+    ToolButton(ToolButtonPrivate &dd, QWidget *parent);
+
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void enterEvent(QEvent *event) override;
+    void leaveEvent(QEvent *event) override;
+    /// Keeps the accessible name in step with the action.
+    void actionEvent(QActionEvent *event) override;
+
+    /// Owned by the button; what subclasses cast to their own.
+    const std::unique_ptr<ToolButtonPrivate> d_ptr;
+
 private:
+    friend class ToolBar;
+    Q_DECLARE_PRIVATE(ToolButton)
     Q_DISABLE_COPY(ToolButton)
 };
 

@@ -11,6 +11,8 @@
 #include "ui_base/command/testcommand.h"
 #include "ui_base/qtui/defaulticonprovider.h"
 #include "ui_base/qtui/qtuitoolkit.h"
+#include "ui_base/toolbar/toolbar.h"
+#include "ui_base/toolbar/toolbutton.h"
 
 #include <QActionGroup>
 #include <QSignalSpy>
@@ -25,6 +27,8 @@ using Vela::UiBase::CommandContext;
 using Vela::UiBase::CommandGroup;
 using Vela::UiBase::CommandState;
 using Vela::UiBase::State;
+using Vela::UiBase::ToolBar;
+using Vela::UiBase::ToolButton;
 
 namespace {
 
@@ -70,6 +74,13 @@ CommandGroup *addSubGroup(CommandGroup &group, const QString &name)
 void announceOf(CommandGroup &group)
 {
     group.broadcast(&Vela::UiBase::CommandStateProtocol::commandBeganExecuting, &group, true);
+}
+
+QIcon iconIn(Qt::GlobalColor color)
+{
+    QPixmap pixmap(4, 4);
+    pixmap.fill(color);
+    return QIcon(pixmap);
 }
 
 QStringList idsOf(const CommandGroup &group)
@@ -156,6 +167,12 @@ private Q_SLOTS:
     void childOnItsWayToBeingCheckedIsAnnounced();
     void groupsThatListenExcludeEachOther();
     void listeningToNothingIsIgnored();
+
+    void toolButtonFollowsTheGroup();
+    void toolButtonAndToolBarThatDieAreForgotten();
+    void toolButtonShowsTheChildAddedLast();
+    void toolButtonOfAGroupThatIsNotCheckableKeepsItsIcon();
+    void toolButtonMayEndItsGroup();
 
     void contextHoldsOneLevel();
     void savingReachesTheChildren();
@@ -804,6 +821,102 @@ void TestCommandGroup::listeningToNothingIsIgnored()
     const auto group = makeGroup();
     group->listenToTrigger(nullptr, SLOT(uncheckChildren(bool)));
     group->listenToTrigger(group.get(), nullptr);
+}
+
+void TestCommandGroup::toolButtonFollowsTheGroup()
+{
+    const auto group = makeGroup();
+    QCOMPARE(group->toolButton(), nullptr);
+    ToolButton button(nullptr);
+    group->setToolButton(&button);
+    QCOMPARE(group->toolButton(), &button);
+    QVERIFY(button.isCheckable());
+    group->setChecked(true);
+    QVERIFY(button.isChecked());
+    group->setEnabled(false);
+    QVERIFY(!button.isEnabled());
+
+    TestCommand *const child = addTo(*group, cut);
+    child->setEnabled(false);
+    child->setEnabled(true);
+    QVERIFY(button.isEnabled());
+    child->setChecked(true);
+    child->setChecked(false);
+    QVERIFY(!button.isChecked());
+
+    group->setCheckable(false);
+    group->setToolButton(&button);
+    QVERIFY(!button.isCheckable());
+    group->setToolButton(nullptr);
+    QCOMPARE(group->toolButton(), nullptr);
+    group->setEnabled(false);
+    QVERIFY(button.isEnabled());
+}
+
+void TestCommandGroup::toolButtonAndToolBarThatDieAreForgotten()
+{
+    const auto group = makeGroup();
+    QCOMPARE(group->toolbar(), nullptr);
+    auto bar = std::make_unique<ToolBar>(nullptr, Qt::TopToolBarArea);
+    auto button = std::make_unique<ToolButton>(nullptr);
+    group->setToolbar(bar.get());
+    group->setToolButton(button.get());
+    QCOMPARE(group->toolbar(), bar.get());
+    bar.reset();
+    button.reset();
+    QCOMPARE(group->toolbar(), nullptr);
+    QCOMPARE(group->toolButton(), nullptr);
+    group->setChecked(true);
+    group->setEnabled(false);
+    addTo(*group, cut);
+    QVERIFY(group->removeCommand(cut));
+}
+
+void TestCommandGroup::toolButtonShowsTheChildAddedLast()
+{
+    const auto group = makeGroup();
+    ToolButton button(nullptr);
+    group->setToolButton(&button);
+    QHash<QString, qint64> pictures;
+    for (const QString &id : {cut, copy, paste}) {
+        auto *const command = new TestCommand(id);
+        command->setIcon(iconIn(Qt::red));
+        pictures[id] = command->icon().cacheKey();
+        group->addCommand(command);
+        QCOMPARE(button.icon().cacheKey(), pictures[id]);
+    }
+    QVERIFY(group->removeCommand(cut));
+    QCOMPARE(button.icon().cacheKey(), pictures[paste]);
+    // The one that leaves is still the last one when the button is given its icon.
+    QVERIFY(group->removeCommand(paste));
+    QCOMPARE(button.icon().cacheKey(), pictures[paste]);
+    QVERIFY(group->removeCommand(copy));
+    QCOMPARE(button.icon().cacheKey(), pictures[copy]);
+}
+
+void TestCommandGroup::toolButtonOfAGroupThatIsNotCheckableKeepsItsIcon()
+{
+    const auto group = makeGroup();
+    group->setCheckable(false);
+    ToolButton button(nullptr);
+    group->setToolButton(&button);
+    auto *const command = new TestCommand(cut);
+    command->setIcon(iconIn(Qt::red));
+    group->addCommand(command);
+    QVERIFY(button.icon().isNull());
+}
+
+void TestCommandGroup::toolButtonMayEndItsGroup()
+{
+    auto group = makeGroup();
+    auto *const button = new ToolButton(nullptr);
+    const std::unique_ptr<ToolButton> owner(button);
+    group->setToolButton(button);
+    connect(group.get(), &QAction::toggled, this, [&group] { group.reset(); });
+    CommandGroup *const dying = group.get();
+    dying->setChecked(true);
+    QCOMPARE(group, nullptr);
+    QVERIFY(button->isChecked());
 }
 
 void TestCommandGroup::contextHoldsOneLevel()

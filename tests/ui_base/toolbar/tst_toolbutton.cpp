@@ -1,0 +1,871 @@
+// SPDX-FileCopyrightText: 2026 The lumo_ui_base authors
+// SPDX-License-Identifier: MIT
+
+#include <ui_base/ToolButton>
+
+#include "support/testcase.h"
+#include "support/testmain.h"
+#include "ui_base/command/testcommand.h"
+#include "ui_base/toolbar/toolbar.h"
+#include "ui_base/toolbar/toolbutton_p.h"
+
+#include <lumo_common_res/Styles>
+
+#include <QAction>
+#include <QCursor>
+#include <QHBoxLayout>
+#include <QMouseEvent>
+#include <QSignalSpy>
+#include <QTest>
+
+#include <functional>
+#include <vector>
+
+using Lumo::Test::TestCommand;
+using Vela::UiBase::ToolBar;
+using Vela::UiBase::ToolButton;
+using Vela::UiBase::ToolButtonPrivate;
+
+namespace {
+
+const QSize iconSize(24, 24);
+
+QPixmap pictureOf(const QColor &color, const QSize &size = iconSize)
+{
+    QPixmap pixmap(size);
+    pixmap.fill(color);
+    return pixmap;
+}
+
+/// Green under the pointer and red at rest.
+QIcon twoPictures(const QSize &size = iconSize)
+{
+    QIcon icon(pictureOf(Qt::red, size));
+    icon.addPixmap(pictureOf(Qt::green, size), QIcon::Active);
+    return icon;
+}
+
+/// What the button shows in the middle of its icon.
+QColor shownBy(const ToolButton &button)
+{
+    const QPixmap pixmap = button.icon().pixmap(button.iconSize());
+    return pixmap.isNull() ? QColor() : pixmap.toImage().pixelColor(pixmap.rect().center());
+}
+
+/// Keeps the mouse events that it gets.
+class RecordingBar : public ToolBar
+{
+public:
+    using ToolBar::ToolBar;
+
+    struct SMouse
+    {
+        QEvent::Type type;
+        QPoint pos;
+        QPoint globalPos;
+        Qt::MouseButton button;
+        Qt::KeyboardModifiers modifiers;
+    };
+    std::vector<SMouse> events;
+
+protected:
+    bool event(QEvent *event) override
+    {
+        if (dynamic_cast<QMouseEvent *>(event)) {
+            auto *const mouse = static_cast<QMouseEvent *>(event);
+            events.push_back({mouse->type(), mouse->pos(), mouse->globalPos(), mouse->button(),
+                              mouse->modifiers()});
+        }
+        return ToolBar::event(event);
+    }
+};
+
+class OpenPrivate : public ToolButtonPrivate
+{
+public:
+    bool hasMenu() const override { return opensMenu; }
+    bool opensMenu = false;
+};
+
+/// Opens what subclasses see and counts what they are called for.
+class OpenButton : public ToolButton
+{
+public:
+    OpenButton(QAction *action, ToolBar *bar, QWidget *parent)
+        : ToolButton(*new OpenPrivate, action, bar, parent)
+    { }
+    void ClickedHandler() override { ++handled; }
+    OpenPrivate *opened() { return static_cast<OpenPrivate *>(d_ptr.get()); }
+    int handled = 0;
+};
+
+class Handler : public ToolButton::IToolButtonCallbackHandler
+{
+public:
+    bool IsActionEnabled(QAction *action) override
+    {
+        asked << action;
+        if (whenAsked)
+            whenAsked();
+        return answer;
+    }
+    bool answer = true;
+    std::function<void()> whenAsked;
+    QVector<QAction *> asked;
+};
+
+/// A shown window with a bar, a button on it and room beside both.
+class Scene
+{
+public:
+    Scene()
+    {
+        window.resize(200, 100);
+        bar.setGeometry(10, 20, 150, 60);
+        action.setIcon(twoPictures());
+        button.setIconSize(iconSize);
+        button.setGeometry(20, 10, 36, 36);
+        window.show();
+        // The screen asks what is under the pointer only once the window is there.
+        if (!QTest::qWaitForWindowExposed(&window))
+            qFatal("The window does not come up.");
+        moveAway();
+    }
+
+    void hover() { moveTo(button.mapToGlobal(button.rect().center())); }
+    void moveAway() { moveTo(window.mapToGlobal(QPoint(195, 95))); }
+    void moveTo(const QPoint &global)
+    {
+        QCursor::setPos(global);
+        QCoreApplication::processEvents();
+    }
+    void click() { QTest::mouseClick(&button, Qt::LeftButton); }
+
+    QAction action {QStringLiteral("Smooth")};
+    QWidget window;
+    RecordingBar bar {&window, Qt::TopToolBarArea};
+    OpenButton button {&action, &bar, &bar};
+};
+
+/// Counts the events of some types that objects get.
+class EventCounter : public QObject
+{
+public:
+    explicit EventCounter(QVector<QEvent::Type> types)
+        : m_types(std::move(types))
+    { }
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        if (m_types.contains(event->type()))
+            ++count;
+        return false;
+    }
+    int count = 0;
+
+private:
+    QVector<QEvent::Type> m_types;
+};
+
+} // namespace
+
+class TestToolButton : public Lumo::Test::TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void newButtonHasItsDefaults();
+    void buttonShowsItsAction();
+    void buttonThatMissesActionOrBarIsBare_data();
+    void buttonThatMissesActionOrBarIsBare();
+    void actionThatDiesIsForgotten();
+    void accessibleNameComesFromTheAction_data();
+    void accessibleNameComesFromTheAction();
+    void accessibleNameFollowsTheAction();
+    void accessibleNameOfTheHostStays();
+
+    void iconOfTwoFilesHasTwoPictures();
+    void iconOfFilesThatAreMissing_data();
+    void iconOfFilesThatAreMissing();
+    void madeActionCallsItsReceiver();
+    void madeActionWithoutReceiverIsInert();
+    void madeActionTakesItsIconFromFiles();
+
+    void pointerSwitchesBetweenThePictures();
+    void checkedButtonKeepsTheActivePicture();
+    void disabledButtonShowsThePictureAtRest();
+    void iconStateAsksForAPicture();
+    void uncheckingShowsThePictureThatThePointerAsksFor();
+    void checkingLeavesThePictureAlone();
+    void buttonWithoutIconStaysWithoutOne();
+    void newIconSizeMakesBothPicturesTheSame();
+    void freshIconOfTheNewSizeKeepsTwoPictures();
+    void iconSmallerThanItsRoomKeepsTwoPictures_data();
+    void iconSmallerThanItsRoomKeepsTwoPictures();
+    void preparedPicturesAreCrisp();
+    void pinnedIconIgnoresThePointer();
+    void hoveringPreparesEachButtonOnce();
+    void movingOverAButtonPaintsItOnce();
+
+    void mouseEventsReachTheBarLater();
+    void clickTriggersTheActionAndIsHandled();
+    void clickOnTheWayIsTold();
+    void releaseOutsideLeavesNoMark();
+    void handlerIsSuppressedOnce();
+    void lockedButtonIsDeafButItsBarHears();
+    void unlockedButtonIsClickedAgain();
+    void clickMayDeleteTheButton_data();
+    void clickMayDeleteTheButton();
+
+    void handlersDecideWhetherTheActionIsEnabled();
+    void firstRefusalEndsTheAsking();
+    void handlerRegisteredTwiceIsAskedTwice();
+    void buttonWithoutHandlersStaysAsItIs();
+    void emptyListOfHandlersEnables();
+    void missingHandlerOrActionIsIgnored();
+    void handlersOfADeadActionAreForgotten();
+    void askedHandlerMayDeleteEverything();
+    void buttonStandsForItsActionOnly();
+};
+
+void TestToolButton::newButtonHasItsDefaults()
+{
+    const ToolButton button(nullptr);
+    QVERIFY(button.hasMouseTracking());
+    QVERIFY(button.testAttribute(Qt::WA_ShowWithoutActivating));
+    QCOMPARE(button.focusPolicy(), Qt::NoFocus);
+    QCOMPARE(button.menu(), nullptr);
+    QCOMPARE(button.sizePolicy().horizontalPolicy(), QSizePolicy::MinimumExpanding);
+    QCOMPARE(button.sizePolicy().verticalPolicy(), QSizePolicy::Preferred);
+    QVERIFY(!button.isCheckable());
+    QVERIFY(!button.isChecked());
+    QCOMPARE(button.styleSheet(), Vela::Resource::Styles::Instance().ToolButtonOnToolPalette());
+    QCOMPARE(ToolButton::COMMANDID_PROPERTY, QStringLiteral("CMDID_PROP"));
+    QVERIFY(!button.ClickedHandlerRequested());
+}
+
+void TestToolButton::buttonShowsItsAction()
+{
+    Scene scene;
+    scene.action.setCheckable(true);
+    QCOMPARE(scene.button.Action(), &scene.action);
+    QCOMPARE(scene.button.defaultAction(), &scene.action);
+    QCOMPARE(scene.button.actions(), QList<QAction *>() << &scene.action);
+    QVERIFY(scene.button.isCheckable());
+    scene.action.setEnabled(false);
+    QVERIFY(!scene.button.isEnabled());
+}
+
+void TestToolButton::buttonThatMissesActionOrBarIsBare_data()
+{
+    QTest::addColumn<bool>("withAction");
+    QTest::addColumn<bool>("withBar");
+    QTest::newRow("action without bar") << true << false;
+    QTest::newRow("bar without action") << false << true;
+    QTest::newRow("neither") << false << false;
+}
+
+void TestToolButton::buttonThatMissesActionOrBarIsBare()
+{
+    QFETCH(bool, withAction);
+    QFETCH(bool, withBar);
+    QAction action(QStringLiteral("Smooth"));
+    RecordingBar bar(nullptr, Qt::TopToolBarArea);
+    ToolButton button(withAction ? &action : nullptr, withBar ? &bar : nullptr, nullptr);
+    QCOMPARE(button.Action(), nullptr);
+    QCOMPARE(button.defaultAction(), nullptr);
+    QVERIFY(button.actions().isEmpty());
+    QTest::mouseClick(&button, Qt::LeftButton);
+    QCoreApplication::processEvents();
+    QVERIFY(bar.events.empty());
+    button.EnableActions();
+    QVERIFY(button.isEnabled());
+}
+
+void TestToolButton::actionThatDiesIsForgotten()
+{
+    ToolBar bar(nullptr, Qt::TopToolBarArea);
+    auto action = std::make_unique<QAction>(QStringLiteral("Smooth"));
+    ToolButton button(action.get(), &bar, &bar);
+    action.reset();
+    QCOMPARE(button.Action(), nullptr);
+    button.EnableActions();
+    button.click();
+}
+
+void TestToolButton::accessibleNameComesFromTheAction_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("tooltip");
+    QTest::addColumn<QString>("name");
+    QTest::newRow("text") << "&Smooth..."
+                          << "<b>Smooths</b>"
+                          << "Smooth";
+    QTest::newRow("tooltip") << ""
+                             << "<b>Smooths</b> it"
+                             << "Smooths it";
+    QTest::newRow("id") << ""
+                        << ""
+                        << "cmd.smooth";
+}
+
+void TestToolButton::accessibleNameComesFromTheAction()
+{
+    QFETCH(QString, text);
+    QFETCH(QString, tooltip);
+    const auto command = std::make_shared<TestCommand>(QStringLiteral("cmd.smooth"));
+    command->setText(text);
+    command->setToolTip(tooltip);
+    ToolBar bar(nullptr, Qt::TopToolBarArea);
+    const ToolButton button(command.get(), &bar, &bar);
+    QTEST(button.accessibleName(), "name");
+    QCOMPARE(command->text(), text);
+}
+
+void TestToolButton::accessibleNameFollowsTheAction()
+{
+    Scene scene;
+    QCOMPARE(scene.button.accessibleName(), QStringLiteral("Smooth"));
+    scene.action.setText(QStringLiteral("Flip"));
+    QCOMPARE(scene.button.accessibleName(), QStringLiteral("Flip"));
+}
+
+void TestToolButton::accessibleNameOfTheHostStays()
+{
+    Scene scene;
+    scene.button.setAccessibleName(QStringLiteral("Mine"));
+    scene.action.setText(QStringLiteral("Flip"));
+    QCOMPARE(scene.button.accessibleName(), QStringLiteral("Mine"));
+}
+
+void TestToolButton::iconOfTwoFilesHasTwoPictures()
+{
+    const QString normal = QStringLiteral(":/resources/images/cmd_pan_normal.png");
+    const QString active = QStringLiteral(":/resources/images/cmd_measure_normal.png");
+    const QIcon icon = ToolButton::CreateToolButtonIcon(normal, active);
+    const auto shown = [&](QIcon::Mode mode) {
+        return icon.pixmap(iconSize, mode, QIcon::On).toImage();
+    };
+    const QIcon alone = ToolButton::CreateToolButtonIcon(normal, QString());
+    QVERIFY(!icon.availableSizes(QIcon::Normal, QIcon::On).isEmpty());
+    QVERIFY(!icon.availableSizes(QIcon::Active, QIcon::On).isEmpty());
+    QVERIFY(icon.availableSizes(QIcon::Normal, QIcon::Off).isEmpty());
+    QVERIFY(shown(QIcon::Normal) != shown(QIcon::Active));
+    QVERIFY(!alone.availableSizes(QIcon::Active, QIcon::On).isEmpty());
+    QCOMPARE(alone.pixmap(iconSize, QIcon::Active, QIcon::On).toImage(), shown(QIcon::Normal));
+}
+
+void TestToolButton::iconOfFilesThatAreMissing_data()
+{
+    QTest::addColumn<QString>("normal");
+    QTest::addColumn<QString>("active");
+    QTest::addColumn<bool>("isNull");
+    const QString file = QStringLiteral(":/resources/images/cmd_pan_normal.png");
+    QTest::newRow("both empty") << QString() << QString() << true;
+    QTest::newRow("active only") << QString() << file << false;
+    QTest::newRow("no such file") << QStringLiteral(":/none.png") << QString() << true;
+}
+
+void TestToolButton::iconOfFilesThatAreMissing()
+{
+    QFETCH(QString, normal);
+    QFETCH(QString, active);
+    const QIcon icon = ToolButton::CreateToolButtonIcon(normal, active);
+    QTEST(icon.isNull(), "isNull");
+    QVERIFY(icon.availableSizes(QIcon::Normal, QIcon::On).isEmpty());
+    QCOMPARE(icon.availableSizes(QIcon::Active, QIcon::On).isEmpty(), icon.isNull());
+}
+
+void TestToolButton::madeActionCallsItsReceiver()
+{
+    QWidget parent;
+    QAction receiver;
+    receiver.setCheckable(true);
+    QAction *const action =
+        ToolButton::CreateToolButtonAction(&parent, QStringLiteral("Smooth"), twoPictures(),
+                                           QStringLiteral("Smooths"), &receiver, SLOT(toggle()));
+    QCOMPARE(action->parent(), &parent);
+    QCOMPARE(action->text(), QStringLiteral("Smooth"));
+    QCOMPARE(action->toolTip(), QStringLiteral("Smooths"));
+    QVERIFY(!action->icon().isNull());
+    action->trigger();
+    QVERIFY(receiver.isChecked());
+}
+
+void TestToolButton::madeActionWithoutReceiverIsInert()
+{
+    QWidget parent;
+    QAction receiver;
+    for (QObject *const object :
+         {static_cast<QObject *>(nullptr), static_cast<QObject *>(&receiver)}) {
+        const QAction *const action = ToolButton::CreateToolButtonAction(
+            &parent, QStringLiteral("Smooth"), QIcon(), QString(), object,
+            object ? nullptr : SLOT(toggle()));
+        QVERIFY(!action->isCheckable());
+        QVERIFY(!action->isChecked());
+        QCOMPARE(action->toolTip(), QStringLiteral("Smooth"));
+    }
+}
+
+void TestToolButton::madeActionTakesItsIconFromFiles()
+{
+    const QString file = QStringLiteral(":/resources/images/cmd_pan_normal.png");
+    const std::unique_ptr<QAction> action(ToolButton::CreateToolButtonAction(
+        nullptr, QStringLiteral("Pan"), file, QString(), QString(), nullptr, nullptr));
+    QVERIFY(!action->icon().availableSizes(QIcon::Active, QIcon::On).isEmpty());
+}
+
+void TestToolButton::pointerSwitchesBetweenThePictures()
+{
+    Scene scene;
+    QVERIFY(!scene.button.Hovered());
+    scene.hover();
+    QVERIFY(scene.button.Hovered());
+    QCOMPARE(shownBy(scene.button), QColor(Qt::green));
+    scene.moveAway();
+    QVERIFY(!scene.button.Hovered());
+    QCOMPARE(shownBy(scene.button), QColor(Qt::red));
+}
+
+void TestToolButton::checkedButtonKeepsTheActivePicture()
+{
+    Scene scene;
+    scene.action.setCheckable(true);
+    scene.hover();
+    scene.action.setChecked(true);
+    scene.moveAway();
+    QCOMPARE(shownBy(scene.button), QColor(Qt::green));
+}
+
+void TestToolButton::disabledButtonShowsThePictureAtRest()
+{
+    Scene scene;
+    scene.action.setCheckable(true);
+    scene.action.setChecked(true);
+    scene.hover();
+    scene.button.setEnabled(false);
+    scene.moveAway();
+    QCOMPARE(shownBy(scene.button), QColor(Qt::red));
+    scene.hover();
+    QCOMPARE(shownBy(scene.button), QColor(Qt::red));
+}
+
+void TestToolButton::iconStateAsksForAPicture()
+{
+    Scene scene;
+    scene.button.IconState(true);
+    QCOMPARE(shownBy(scene.button), QColor(Qt::green));
+    scene.button.IconState(false);
+    QCOMPARE(shownBy(scene.button), QColor(Qt::red));
+    scene.button.IconState(true);
+    scene.button.setEnabled(false);
+    scene.button.IconState(true);
+    QCOMPARE(shownBy(scene.button), QColor(Qt::red));
+}
+
+void TestToolButton::uncheckingShowsThePictureThatThePointerAsksFor()
+{
+    Scene scene;
+    ToolButton button(&scene.bar);
+    button.setCheckable(true);
+    button.setIconSize(iconSize);
+    button.setIcon(twoPictures());
+    button.setChecked(true);
+    button.IconState(true);
+    button.setChecked(false);
+    QCOMPARE(shownBy(button), QColor(Qt::red));
+}
+
+void TestToolButton::checkingLeavesThePictureAlone()
+{
+    ToolButton button(nullptr);
+    button.setCheckable(true);
+    button.setIconSize(iconSize);
+    button.setIcon(twoPictures());
+    button.IconState(true);
+    button.setChecked(true);
+    QCOMPARE(shownBy(button), QColor(Qt::green));
+}
+
+void TestToolButton::buttonWithoutIconStaysWithoutOne()
+{
+    Scene scene;
+    scene.action.setIcon(QIcon());
+    scene.hover();
+    scene.moveAway();
+    scene.button.IconState(true);
+    QVERIFY(scene.button.icon().isNull());
+    QVERIFY(!scene.button.opened()->activeIcon);
+    QVERIFY(!scene.button.opened()->normalIcon);
+}
+
+void TestToolButton::newIconSizeMakesBothPicturesTheSame()
+{
+    Scene scene;
+    scene.hover();
+    scene.button.setIconSize(QSize(16, 16));
+    scene.moveAway();
+    QCOMPARE(shownBy(scene.button), QColor(Qt::green));
+    scene.hover();
+    QCOMPARE(shownBy(scene.button), QColor(Qt::green));
+}
+
+void TestToolButton::freshIconOfTheNewSizeKeepsTwoPictures()
+{
+    Scene scene;
+    scene.hover();
+    scene.button.setIconSize(QSize(16, 16));
+    scene.button.setIcon(twoPictures());
+    scene.moveAway();
+    QCOMPARE(shownBy(scene.button), QColor(Qt::red));
+    scene.hover();
+    QCOMPARE(shownBy(scene.button), QColor(Qt::green));
+}
+
+void TestToolButton::iconSmallerThanItsRoomKeepsTwoPictures_data()
+{
+    QTest::addColumn<QSize>("size");
+    QTest::newRow("smaller") << QSize(16, 16);
+    QTest::newRow("flat") << QSize(24, 12);
+    QTest::newRow("larger") << QSize(48, 32);
+}
+
+void TestToolButton::iconSmallerThanItsRoomKeepsTwoPictures()
+{
+    QFETCH(QSize, size);
+    Scene scene;
+    scene.action.setIcon(twoPictures(size));
+    for (int pass = 0; pass < 3; ++pass) {
+        scene.hover();
+        QCOMPARE(shownBy(scene.button), QColor(Qt::green));
+        scene.moveAway();
+        QCOMPARE(shownBy(scene.button), QColor(Qt::red));
+    }
+    QCOMPARE(scene.button.icon().actualSize(QSize(300, 300)), iconSize);
+}
+
+void TestToolButton::preparedPicturesAreCrisp()
+{
+    Scene scene;
+    const qreal ratio = scene.button.devicePixelRatioF();
+    scene.action.setIcon(twoPictures(iconSize * 4));
+    scene.hover();
+    const QList<QSize> sizes = scene.button.icon().availableSizes();
+    QCOMPARE(sizes, QList<QSize>() << iconSize);
+    QCOMPARE(scene.button.icon().pixmap(QSize(300, 300)).size(), iconSize * ratio);
+}
+
+void TestToolButton::pinnedIconIgnoresThePointer()
+{
+    Scene scene;
+    scene.button.opened()->iconPinned = true;
+    const qint64 key = scene.button.icon().cacheKey();
+    scene.hover();
+    QCOMPARE(scene.button.icon().cacheKey(), key);
+    scene.moveAway();
+    QCOMPARE(scene.button.icon().cacheKey(), key);
+}
+
+void TestToolButton::hoveringPreparesEachButtonOnce()
+{
+    QAction action;
+    action.setIcon(twoPictures());
+    QWidget window;
+    ToolBar bar(&window, Qt::TopToolBarArea);
+    QVector<OpenButton *> buttons;
+    EventCounter restyling(
+        {QEvent::StyleChange, QEvent::Polish, QEvent::PolishRequest, QEvent::LayoutRequest});
+    for (int i = 0; i < 100; ++i) {
+        buttons << new OpenButton(&action, &bar, &bar);
+        buttons.last()->setFixedSize(20, 20);
+        buttons.last()->setIconSize(iconSize);
+        buttons.last()->move(20 * (i % 10), 20 * (i / 10));
+        buttons.last()->installEventFilter(&restyling);
+    }
+    bar.resize(200, 220);
+    window.resize(200, 220);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    const auto passOver = [&] {
+        for (const OpenButton *const button : qAsConst(buttons)) {
+            QCursor::setPos(button->mapToGlobal(button->rect().center()));
+            QCoreApplication::processEvents();
+        }
+    };
+    QCursor::setPos(window.mapToGlobal(QPoint(100, 210)));
+    QCoreApplication::processEvents();
+    passOver();
+    QVector<std::shared_ptr<QIcon>> prepared;
+    for (OpenButton *const button : qAsConst(buttons)) {
+        QVERIFY(button->opened()->activeIcon);
+        prepared << button->opened()->activeIcon << button->opened()->normalIcon;
+    }
+    restyling.count = 0;
+    bar.installEventFilter(&restyling);
+
+    passOver();
+    passOver();
+    for (OpenButton *const button : qAsConst(buttons)) {
+        QCOMPARE(button->opened()->activeIcon, prepared.takeFirst());
+        QCOMPARE(button->opened()->normalIcon, prepared.takeFirst());
+    }
+    QCOMPARE(restyling.count, 0);
+}
+
+void TestToolButton::movingOverAButtonPaintsItOnce()
+{
+    Scene scene;
+    scene.hover();
+    QCoreApplication::processEvents();
+    EventCounter paints({QEvent::Paint});
+    scene.button.installEventFilter(&paints);
+    for (int i = 1; i < 6; ++i)
+        scene.moveTo(scene.button.mapToGlobal(QPoint(10 + i, 10)));
+    QCOMPARE(paints.count, 0);
+    scene.moveAway();
+    QTRY_VERIFY(paints.count > 0);
+}
+
+void TestToolButton::mouseEventsReachTheBarLater()
+{
+    Scene scene;
+    scene.bar.events.clear();
+    const QPoint pos(5, 7);
+    const QVector<QEvent::Type> types {QEvent::MouseButtonPress, QEvent::MouseMove,
+                                       QEvent::MouseButtonRelease};
+    for (const QEvent::Type type : types) {
+        QMouseEvent event(type, pos, scene.button.mapToGlobal(pos), Qt::LeftButton, Qt::LeftButton,
+                          Qt::ControlModifier);
+        QCoreApplication::sendEvent(&scene.button, &event);
+    }
+    QVERIFY(scene.bar.events.empty());
+    QCoreApplication::sendPostedEvents(&scene.bar);
+    QCOMPARE(scene.bar.events.size(), std::size_t(3));
+    for (int i = 0; i < 3; ++i) {
+        const auto &event = scene.bar.events[std::size_t(i)];
+        QCOMPARE(event.type, types[i]);
+        QCOMPARE(event.pos, pos + QPoint(20, 10));
+        QCOMPARE(event.globalPos, scene.button.mapToGlobal(pos));
+        QCOMPARE(event.button, Qt::LeftButton);
+        QCOMPARE(event.modifiers, Qt::ControlModifier);
+    }
+}
+
+void TestToolButton::clickTriggersTheActionAndIsHandled()
+{
+    Scene scene;
+    QStringList order;
+    connect(&scene.action, &QAction::triggered, this,
+            [&] { order << QStringLiteral("triggered"); });
+    connect(&scene.button, &ToolButton::ToolButtonClicked, this, [&] {
+        order << QStringLiteral("clicked");
+        QCOMPARE(scene.button.handled, 0);
+    });
+    scene.click();
+    QCOMPARE(order, QStringList({QStringLiteral("triggered"), QStringLiteral("clicked")}));
+    QCOMPARE(scene.button.handled, 1);
+}
+
+void TestToolButton::clickOnTheWayIsTold()
+{
+    Scene scene;
+    QVector<bool> requested;
+    const auto note = [&] { requested << scene.button.ClickedHandlerRequested(); };
+    connect(&scene.action, &QAction::triggered, this, note);
+    connect(&scene.button, &ToolButton::ToolButtonClicked, this, note);
+    scene.click();
+    QCOMPARE(requested, QVector<bool>({true, true}));
+    QVERIFY(!scene.button.ClickedHandlerRequested());
+    requested.clear();
+    scene.button.click();
+    QCOMPARE(requested, QVector<bool>({false, false}));
+}
+
+void TestToolButton::releaseOutsideLeavesNoMark()
+{
+    Scene scene;
+    QTest::mousePress(&scene.button, Qt::LeftButton);
+    QTest::mouseRelease(&scene.button, Qt::LeftButton, {}, QPoint(-30, -30));
+    QVERIFY(!scene.button.ClickedHandlerRequested());
+    QCOMPARE(scene.button.handled, 0);
+}
+
+void TestToolButton::handlerIsSuppressedOnce()
+{
+    Scene scene;
+    QSignalSpy clicked(&scene.button, &ToolButton::ToolButtonClicked);
+    scene.button.SuppressClickedHandler(true);
+    scene.click();
+    QCOMPARE(scene.button.handled, 0);
+    QCOMPARE(clicked.count(), 1);
+    scene.click();
+    QCOMPARE(scene.button.handled, 1);
+    QCOMPARE(clicked.count(), 2);
+}
+
+void TestToolButton::lockedButtonIsDeafButItsBarHears()
+{
+    Scene scene;
+    scene.bar.events.clear();
+    QSignalSpy triggered(&scene.action, &QAction::triggered);
+    QSignalSpy clicked(&scene.button, &ToolButton::ToolButtonClicked);
+    scene.button.SetLocked(true);
+    scene.click();
+    QVERIFY(!scene.button.isDown());
+    scene.button.click();
+    QCOMPARE(clicked.count(), 0);
+    QCOMPARE(scene.button.handled, 0);
+    QCOMPARE(triggered.count(), 1); // by the click from code, which asks no lock
+    QCoreApplication::sendPostedEvents(&scene.bar);
+    QCOMPARE(scene.bar.events.size(), std::size_t(2));
+}
+
+void TestToolButton::unlockedButtonIsClickedAgain()
+{
+    Scene scene;
+    scene.button.SetLocked(true);
+    scene.button.SetLocked(false);
+    scene.click();
+    QCOMPARE(scene.button.handled, 1);
+}
+
+void TestToolButton::clickMayDeleteTheButton_data()
+{
+    QTest::addColumn<bool>("byAction");
+    QTest::newRow("from its action") << true;
+    QTest::newRow("from its signal") << false;
+}
+
+void TestToolButton::clickMayDeleteTheButton()
+{
+    QFETCH(bool, byAction);
+    QAction action(QStringLiteral("Remove me"));
+    RecordingBar bar(nullptr, Qt::TopToolBarArea);
+    QPointer<ToolButton> button = new ToolButton(&action, &bar, &bar);
+    const auto remove = [&button] { delete button; };
+    if (byAction)
+        connect(&action, &QAction::triggered, this, remove);
+    else
+        connect(button, &ToolButton::ToolButtonClicked, this, remove);
+    QTest::mouseClick(button, Qt::LeftButton);
+    QVERIFY(!button);
+}
+
+void TestToolButton::handlersDecideWhetherTheActionIsEnabled()
+{
+    Scene scene;
+    Handler first;
+    Handler second;
+    scene.button.SetCallbackHandler(&scene.action, &first);
+    scene.button.SetCallbackHandler(&scene.action, &second);
+    second.answer = false;
+    scene.button.EnableActions();
+    QVERIFY(!scene.action.isEnabled());
+    QVERIFY(!scene.button.isEnabled());
+    QCOMPARE(first.asked, QVector<QAction *>() << &scene.action);
+    second.answer = true;
+    scene.button.EnableActions();
+    QVERIFY(scene.action.isEnabled());
+    QVERIFY(scene.button.isEnabled());
+}
+
+void TestToolButton::firstRefusalEndsTheAsking()
+{
+    Scene scene;
+    Handler first;
+    Handler second;
+    first.answer = false;
+    scene.button.SetCallbackHandler(&scene.action, &first);
+    scene.button.SetCallbackHandler(&scene.action, &second);
+    scene.button.EnableActions();
+    QCOMPARE(first.asked.size(), 1);
+    QVERIFY(second.asked.isEmpty());
+}
+
+void TestToolButton::handlerRegisteredTwiceIsAskedTwice()
+{
+    Scene scene;
+    Handler handler;
+    scene.button.SetCallbackHandler(&scene.action, &handler);
+    scene.button.SetCallbackHandler(&scene.action, &handler);
+    scene.button.EnableActions();
+    QCOMPARE(handler.asked.size(), 2);
+}
+
+void TestToolButton::buttonWithoutHandlersStaysAsItIs()
+{
+    Scene scene;
+    QAction other;
+    Handler handler;
+    scene.button.SetCallbackHandler(&other, &handler);
+    for (const bool enabled : {false, true}) {
+        scene.button.setEnabled(enabled);
+        scene.button.EnableActions();
+        QCOMPARE(scene.button.isEnabled(), enabled);
+    }
+    scene.bar.setEnabled(false);
+    scene.button.EnableActions();
+    scene.bar.setEnabled(true);
+    QVERIFY(scene.button.isEnabled());
+    QVERIFY(handler.asked.isEmpty());
+}
+
+void TestToolButton::emptyListOfHandlersEnables()
+{
+    Scene scene;
+    scene.button.opened()->callbackHandlers.insert(&scene.action, {});
+    scene.action.setEnabled(false);
+    QVERIFY(!scene.button.isEnabled());
+    scene.button.EnableActions();
+    QVERIFY(scene.action.isEnabled());
+    QVERIFY(scene.button.isEnabled());
+}
+
+void TestToolButton::missingHandlerOrActionIsIgnored()
+{
+    Scene scene;
+    Handler handler;
+    scene.button.SetCallbackHandler(nullptr, &handler);
+    scene.button.SetCallbackHandler(&scene.action, nullptr);
+    QVERIFY(scene.button.opened()->callbackHandlers.isEmpty());
+}
+
+void TestToolButton::handlersOfADeadActionAreForgotten()
+{
+    Scene scene;
+    Handler handler;
+    auto action = std::make_unique<QAction>();
+    scene.button.SetCallbackHandler(action.get(), &handler);
+    action.reset();
+    QVERIFY(scene.button.opened()->callbackHandlers.isEmpty());
+    auto button = std::make_unique<ToolButton>(nullptr);
+    button->SetCallbackHandler(new QAction(button.get()), &handler);
+    button.reset();
+}
+
+void TestToolButton::askedHandlerMayDeleteEverything()
+{
+    auto bar = std::make_unique<ToolBar>(nullptr, Qt::TopToolBarArea);
+    auto action = std::make_unique<QAction>();
+    auto *const button = new ToolButton(action.get(), bar.get(), bar.get());
+    Handler first;
+    Handler second;
+    first.whenAsked = [&] {
+        bar.reset();
+        action.reset();
+    };
+    button->SetCallbackHandler(action.get(), &first);
+    button->SetCallbackHandler(action.get(), &second);
+    button->EnableActions();
+    QVERIFY(second.asked.isEmpty());
+}
+
+void TestToolButton::buttonStandsForItsActionOnly()
+{
+    Scene scene;
+    QAction other;
+    QVERIFY(scene.button.IsActionAssociated(&scene.action));
+    QVERIFY(!scene.button.IsActionAssociated(&other));
+}
+
+LUMO_TEST_MAIN(TestToolButton)
+#include "tst_toolbutton.moc"

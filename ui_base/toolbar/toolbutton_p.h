@@ -1,0 +1,70 @@
+// SPDX-FileCopyrightText: 2026 The lumo_ui_base authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "ui_base/toolbar/toolbar.h"
+#include "ui_base/toolbar/toolbutton.h"
+
+#include <QAction>
+#include <QList>
+#include <QMap>
+#include <QPointer>
+
+namespace Vela::UiBase {
+
+/// The state of a ToolButton. A subclass with state of its own derives from this and hands an object
+/// of its class to the protected constructor of the button.
+class LUMO_UI_BASE_EXPORT ToolButtonPrivate
+{
+    Q_DECLARE_PUBLIC(ToolButton)
+
+public:
+    enum class EButtonKind : int {
+        Plain = 0,
+        ButtonMenu = 1,
+        WidgetMenu = 2
+    };
+
+    ToolButtonPrivate();
+    virtual ~ToolButtonPrivate();
+
+    /// Brings all fields to the values of a new button.
+    virtual void SetDefaults();
+    /// Whether the button is a ToolButtonWithMenu.
+    virtual bool hasMenu() const;
+
+    /// Asks the handlers registered for @p asked. @return \c true without any
+    bool isEnabledByHandlers(QAction *asked) const;
+
+    QPointer<QAction> action;
+    EButtonKind buttonKind = EButtonKind::Plain;
+    QString tooltipText; ///< as the action had it when the button was made
+    QPointer<ToolBar> toolBar;
+    QMap<QAction *, QList<ToolButton::IToolButtonCallbackHandler *>> callbackHandlers;
+    bool locked = false;
+    std::shared_ptr<QIcon> activeIcon; ///< shown under the pointer and while checked
+    std::shared_ptr<QIcon> normalIcon; ///< shown at rest
+    bool iconPinned = false;           ///< the pointer leaves the icon alone
+    bool hideMenuWhenUnchecked = false;
+    bool suppressClickedHandler = false;
+    bool clickedHandlerRequested = false;
+
+protected:
+    ToolButton *q_ptr = nullptr;
+
+private:
+    friend class ToolButton;
+
+    void initialize(QAction *newAction, ToolBar *newToolBar);
+    void forgetHandlersWith(QAction *watched);
+    void postToToolBar(const QMouseEvent &event) const;
+    bool iconsAreStale() const;
+    void showIcon(bool active);
+    void updateAccessibleName();
+
+    std::unique_ptr<QObject> actionWatcher;
+    QString accessibleName; ///< the one that the button gave itself
+};
+
+} // namespace Vela::UiBase
