@@ -6,6 +6,7 @@
 #include "ui_base/toolbar/toolbutton_p.h"
 
 #include "ui_base/command/commandbase.h"
+#include "ui_base/popup/widgetposcalculator.h"
 #include "ui_base/qtui/devicepixmap_p.h"
 #include "ui_base/qtui/mouseeventclone_p.h"
 
@@ -79,7 +80,11 @@ ToolButton::IToolButtonCallbackHandler::~IToolButtonCallbackHandler() = default;
 
 ToolButtonPrivate::ToolButtonPrivate() = default;
 
-ToolButtonPrivate::~ToolButtonPrivate() = default;
+ToolButtonPrivate::~ToolButtonPrivate()
+{
+    // Before the fields that its preparation needs.
+    delete tooltipObject;
+}
 
 void ToolButtonPrivate::SetDefaults()
 {
@@ -140,6 +145,44 @@ void ToolButtonPrivate::initialize(QAction *newAction, ToolBar *newToolBar)
     q->setDefaultAction(newAction);
     tooltipText = newAction->toolTip();
     updateAccessibleName();
+    initializeTooltipObject();
+}
+
+// Content and window wait until the pointer comes: a bar has many buttons, of which few are pointed
+// at.
+void ToolButtonPrivate::initializeTooltipObject()
+{
+    Q_Q(ToolButton);
+    tooltipObject = new TooltipObject(toolBar ? toolBar->GetTooltipGroupName() : QString(), q);
+    tooltipObject->setObjectName(tooltipText);
+    tooltipObject->SetUseCustomTooltipSettings(true);
+    tooltipObject->SetCustomTooltipShowUpTime(0);
+    tooltipObject->SetCustomTooltipDismissTime(0);
+    tooltipObject->SetPreparation([this](ATooltipObject &tooltip) { prepareTooltip(tooltip); });
+    tooltipObject->AttachTo(q);
+}
+
+void ToolButtonPrivate::prepareTooltip(ATooltipObject &tooltip)
+{
+    isTooltipPrepared = true;
+    if (ArrowedWindow *const window = tooltip.GetArrowedWindow())
+        window->SetBorder(Resource::Styles::Instance().ColorActionPanelBorder(), 1, Qt::SolidLine,
+                          Qt::BevelJoin);
+    tooltip.SetTooltipControl(ATooltipObject::CreateTooltipControl(tooltipText), true);
+    tooltip.ForceHideTooltip();
+    if (tooltipPlace)
+        placeTooltip(*tooltipPlace);
+    tooltipPlace.reset();
+}
+
+void ToolButtonPrivate::placeTooltip(const STooltipPlace &place)
+{
+    Q_Q(ToolButton);
+    if (ArrowedWindow *const window = tooltipObject->GetArrowedWindow())
+        window->SetArrow(place.arrow);
+    if (WidgetPosCalculator *const calculator = tooltipObject->GetPosCalculator())
+        q->SetPosParameters(*calculator, place.direction, place.baseOffset, place.align,
+                            place.additionalOffset);
 }
 
 void ToolButtonPrivate::postToToolBar(const QMouseEvent &event) const
@@ -241,6 +284,50 @@ QAction *ToolButton::Action() const
     return d->action;
 }
 
+TooltipObject *ToolButton::GetTooltipObject() const
+{
+    Q_D(const ToolButton);
+    return d->tooltipObject;
+}
+
+void ToolButton::SetTooltipParameters(const ArrowedWindow::SArrowParam &arrow, EDirection direction,
+                                      int baseOffset, EWidgetsAlign align, QPoint additionalOffset)
+{
+    Q_D(ToolButton);
+    if (!d->tooltipObject)
+        return;
+    const STooltipPlace place {arrow, direction, baseOffset, align, additionalOffset};
+    if (d->isTooltipPrepared)
+        d->placeTooltip(place);
+    else
+        d->tooltipPlace = place;
+}
+
+void ToolButton::RaiseTooltip()
+{
+    Q_D(ToolButton);
+    if (!d->tooltipObject || !d->isTooltipPrepared)
+        return;
+    if (ArrowedWindow *const window = d->tooltipObject->GetArrowedWindow())
+        window->raise();
+}
+
+void ToolButton::RefreshTooltip()
+{
+    Q_D(ToolButton);
+    if (d->tooltipObject && d->action)
+        d->tooltipObject->setText(d->action->toolTip());
+}
+
+void ToolButton::SetPosParameters(WidgetPosCalculator &calc, EDirection direction, int baseOffset,
+                                  EWidgetsAlign align, QPoint additionalOffset)
+{
+    calc.SetDirection(direction);
+    calc.SetBaseOffset(baseOffset);
+    calc.SetAlignment(align);
+    calc.SetAdditionalOffset(additionalOffset);
+}
+
 bool ToolButton::Hovered() const
 {
     return rect().contains(mapFromGlobal(QCursor::pos()));
@@ -277,6 +364,8 @@ void ToolButton::SetLocked(bool locked)
 {
     Q_D(ToolButton);
     d->locked = locked;
+    if (d->tooltipObject)
+        d->tooltipObject->SetEnableTooltip(!locked);
 }
 
 void ToolButton::SetHideMenuWhenUnchecked(bool hide)

@@ -3,9 +3,12 @@
 
 #pragma once
 
+#include "ui_base/popup/arrowedwindow.h"
+#include "ui_base/popup/direction.h"
 #include "ui_base/uibaseexport.h"
 
 #include <QIcon>
+#include <QPoint>
 #include <QString>
 #include <QToolButton>
 
@@ -17,6 +20,8 @@ namespace Vela::UiBase {
 
 class ToolBar;
 class ToolButtonPrivate;
+class TooltipObject;
+class WidgetPosCalculator;
 
 /// The button by which tool bars, action panels and tool panels show an action, which as a rule is a
 /// command. The command knows its button by CommandBase::toolButton(), and the button carries the
@@ -24,6 +29,9 @@ class ToolButtonPrivate;
 ///
 /// While the pointer is over the button, and while it is checked, it shows the picture that its icon
 /// has for QIcon::Active, and otherwise the one for QIcon::Normal. It never takes the focus.
+///
+/// A button on a tool bar has a tooltip with the text of the action's tool tip, in the tooltip group
+/// of the bar, which comes and goes at once. It is made when it is first needed.
 ///
 /// All mouse presses, moves and releases are posted to the tool bar as well, also while the button is
 /// locked. The tool bar places the button and gives it its size.
@@ -83,6 +91,21 @@ public:
 
     /// The action that the button was built for; null for a bare one and once the action has died.
     QAction *Action() const;
+
+    /// The tooltip, which belongs to the button; null for a bare button.
+    TooltipObject *GetTooltipObject() const;
+    /// Sets where the tooltip stands and its arrow. Nothing for a bare button.
+    /// @param arrow the arrow of the tooltip's window
+    /// @param direction the side of the button on which it stands, if there is room
+    /// @param baseOffset its distance from the button, in logical pixels
+    /// @param align how it is aligned with the button; without effect on a window with an arrow
+    /// @param additionalOffset is added to its place; without effect on a window with an arrow
+    void SetTooltipParameters(const ArrowedWindow::SArrowParam &arrow, EDirection direction,
+                              int baseOffset, EWidgetsAlign align, QPoint additionalOffset);
+    /// Brings the tooltip in front of other widgets, as after one of them was raised.
+    void RaiseTooltip();
+    /// Gives the tooltip the text that the action's tool tip has now. It does not follow by itself.
+    void RefreshTooltip();
 
     /// Whether the pointer is inside the button now.
     bool Hovered() const;
@@ -150,6 +173,11 @@ protected:
     ToolButton(ToolButtonPrivate &dd, QAction *action, ToolBar *toolBar, QWidget *parent);
     /// \overload
     ToolButton(ToolButtonPrivate &dd, QWidget *parent);
+
+    /// Has @p calc place a popup beside the button: sets direction, base offset, alignment and
+    /// additional offset.
+    void SetPosParameters(WidgetPosCalculator &calc, EDirection direction, int baseOffset,
+                          EWidgetsAlign align, QPoint additionalOffset);
 
     void mousePressEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;

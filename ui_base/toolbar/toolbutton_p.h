@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "ui_base/qtui/tooltip/tooltipobject.h"
 #include "ui_base/toolbar/toolbar.h"
 #include "ui_base/toolbar/toolbutton.h"
 
@@ -11,7 +12,19 @@
 #include <QMap>
 #include <QPointer>
 
+#include <optional>
+
 namespace Vela::UiBase {
+
+/// Where a tooltip stands beside its button. Lengths are logical pixels.
+struct STooltipPlace
+{
+    ArrowedWindow::SArrowParam arrow;
+    EDirection direction = EDirection::Top;
+    int baseOffset = 10;
+    EWidgetsAlign align = EWidgetsAlign::AlignCenter;
+    QPoint additionalOffset;
+};
 
 /// The state of a ToolButton. A subclass with state of its own derives from this and hands an object
 /// of its class to the protected constructor of the button.
@@ -43,9 +56,10 @@ public:
     QPointer<ToolBar> toolBar;
     QMap<QAction *, QList<ToolButton::IToolButtonCallbackHandler *>> callbackHandlers;
     bool locked = false;
-    std::shared_ptr<QIcon> activeIcon; ///< shown under the pointer and while checked
-    std::shared_ptr<QIcon> normalIcon; ///< shown at rest
-    bool iconPinned = false;           ///< the pointer leaves the icon alone
+    QPointer<TooltipObject> tooltipObject; ///< owned; null for a bare button
+    std::shared_ptr<QIcon> activeIcon;     ///< shown under the pointer and while checked
+    std::shared_ptr<QIcon> normalIcon;     ///< shown at rest
+    bool iconPinned = false;               ///< the pointer leaves the icon alone
     bool hideMenuWhenUnchecked = false;
     bool suppressClickedHandler = false;
     bool clickedHandlerRequested = false;
@@ -56,6 +70,9 @@ protected:
 private:
     friend class ToolButton;
 
+    void initializeTooltipObject();
+    void prepareTooltip(ATooltipObject &tooltip);
+    void placeTooltip(const STooltipPlace &place);
     void initialize(QAction *newAction, ToolBar *newToolBar);
     void forgetHandlersWith(QAction *watched);
     void postToToolBar(const QMouseEvent &event) const;
@@ -64,7 +81,9 @@ private:
     void updateAccessibleName();
 
     std::unique_ptr<QObject> actionWatcher;
-    QString accessibleName; ///< the one that the button gave itself
+    bool isTooltipPrepared = false;
+    std::optional<STooltipPlace> tooltipPlace; ///< for when the tooltip is prepared
+    QString accessibleName;                    ///< the one that the button gave itself
 };
 
 } // namespace Vela::UiBase

@@ -3,9 +3,13 @@
 
 #include <ui_base/ToolButton>
 
+#include "support/eventloop.h"
 #include "support/testcase.h"
 #include "support/testmain.h"
 #include "ui_base/command/testcommand.h"
+#include "ui_base/popup/widgetposcalculator.h"
+#include "ui_base/qtui/tooltip/tooltipmanager.h"
+#include "ui_base/qtui/tooltip/tooltipobject.h"
 #include "ui_base/toolbar/toolbar.h"
 #include "ui_base/toolbar/toolbutton_p.h"
 
@@ -13,7 +17,7 @@
 
 #include <QAction>
 #include <QCursor>
-#include <QHBoxLayout>
+#include <QLabel>
 #include <QMouseEvent>
 #include <QSignalSpy>
 #include <QTest>
@@ -22,9 +26,16 @@
 #include <vector>
 
 using Lumo::Test::TestCommand;
+using Vela::UiBase::ArrowedWindow;
+using Vela::UiBase::EArrowPosition;
+using Vela::UiBase::EDirection;
+using Vela::UiBase::EWidgetsAlign;
 using Vela::UiBase::ToolBar;
 using Vela::UiBase::ToolButton;
 using Vela::UiBase::ToolButtonPrivate;
+using Vela::UiBase::TooltipManager;
+using Vela::UiBase::TooltipObject;
+using Vela::UiBase::WidgetPosCalculator;
 
 namespace {
 
@@ -125,6 +136,7 @@ public:
         action.setIcon(twoPictures());
         button.setIconSize(iconSize);
         button.setGeometry(20, 10, 36, 36);
+        button.setObjectName(QStringLiteral("button"));
         window.show();
         // The screen asks what is under the pointer only once the window is there.
         if (!QTest::qWaitForWindowExposed(&window))
@@ -205,6 +217,18 @@ private Q_SLOTS:
     void pinnedIconIgnoresThePointer();
     void hoveringPreparesEachButtonOnce();
     void movingOverAButtonPaintsItOnce();
+
+    void tooltipComesAndGoesWithThePointer();
+    void tooltipIsMadeWhenItIsNeeded();
+    void tooltipHasTheTextOfTheAction();
+    void tooltipStandsInTheGroupOfItsBar();
+    void tooltipWindowHasABorderAndStandsBesideTheButton();
+    void tooltipParametersAreTakenOver_data();
+    void tooltipParametersAreTakenOver();
+    void tooltipIsRaised();
+    void bareButtonHasNoTooltip();
+    void lockedButtonHasItsTooltipDisabled();
+    void buttonThatDiesTakesItsTooltipAlong();
 
     void mouseEventsReachTheBarLater();
     void clickTriggersTheActionAndIsHandled();
@@ -567,7 +591,7 @@ void TestToolButton::pinnedIconIgnoresThePointer()
 
 void TestToolButton::hoveringPreparesEachButtonOnce()
 {
-    QAction action;
+    QAction action(QStringLiteral("Smooth"));
     action.setIcon(twoPictures());
     QWidget window;
     ToolBar bar(&window, Qt::TopToolBarArea);
@@ -576,22 +600,24 @@ void TestToolButton::hoveringPreparesEachButtonOnce()
         {QEvent::StyleChange, QEvent::Polish, QEvent::PolishRequest, QEvent::LayoutRequest});
     for (int i = 0; i < 100; ++i) {
         buttons << new OpenButton(&action, &bar, &bar);
-        buttons.last()->setFixedSize(20, 20);
+        buttons.last()->setFixedSize(3, 20);
         buttons.last()->setIconSize(iconSize);
-        buttons.last()->move(20 * (i % 10), 20 * (i / 10));
+        // In a row, where the tooltip of one covers no other.
+        buttons.last()->move(3 * i, 0);
         buttons.last()->installEventFilter(&restyling);
     }
-    bar.resize(200, 220);
-    window.resize(200, 220);
+    bar.resize(300, 20);
+    window.setGeometry(50, 200, 300, 40);
     window.show();
     QVERIFY(QTest::qWaitForWindowExposed(&window));
     const auto passOver = [&] {
         for (const OpenButton *const button : qAsConst(buttons)) {
             QCursor::setPos(button->mapToGlobal(button->rect().center()));
-            QCoreApplication::processEvents();
+            const TooltipObject *const tooltip = button->GetTooltipObject();
+            QVERIFY(Lumo::Test::runLoopUntil([tooltip] { return tooltip->IsVisible(); }));
         }
     };
-    QCursor::setPos(window.mapToGlobal(QPoint(100, 210)));
+    QCursor::setPos(window.mapToGlobal(QPoint(100, 30)));
     QCoreApplication::processEvents();
     passOver();
     QVector<std::shared_ptr<QIcon>> prepared;
@@ -600,10 +626,11 @@ void TestToolButton::hoveringPreparesEachButtonOnce()
         prepared << button->opened()->activeIcon << button->opened()->normalIcon;
     }
     restyling.count = 0;
-    bar.installEventFilter(&restyling);
-
+    // The tooltips that the first pass made show up again.
+    qApp->installEventFilter(&restyling);
     passOver();
     passOver();
+    qApp->removeEventFilter(&restyling);
     for (OpenButton *const button : qAsConst(buttons)) {
         QCOMPARE(button->opened()->activeIcon, prepared.takeFirst());
         QCOMPARE(button->opened()->normalIcon, prepared.takeFirst());
@@ -623,6 +650,158 @@ void TestToolButton::movingOverAButtonPaintsItOnce()
     QCOMPARE(paints.count, 0);
     scene.moveAway();
     QTRY_VERIFY(paints.count > 0);
+}
+
+void TestToolButton::tooltipComesAndGoesWithThePointer()
+{
+    Scene scene;
+    TooltipObject *const tooltip = scene.button.GetTooltipObject();
+    scene.hover();
+    QTRY_VERIFY(tooltip->IsVisible());
+    scene.moveAway();
+    QTRY_VERIFY(!tooltip->IsVisible());
+}
+
+void TestToolButton::tooltipIsMadeWhenItIsNeeded()
+{
+    Scene scene;
+    scene.bar.SetTooltipGroup(QStringLiteral("tools"));
+    scene.button.SetTooltipParameters({}, EDirection::Left, 3, EWidgetsAlign::AlignEnd, {});
+    scene.button.RaiseTooltip();
+    scene.button.SetLocked(true);
+    scene.button.SetLocked(false);
+    QVERIFY(scene.button.findChildren<QWidget *>().isEmpty());
+    QVERIFY(scene.button.findChildren<QTimer *>().isEmpty());
+    QVERIFY(scene.button.GetTooltipObject()->TooltipControl());
+    QVERIFY(!scene.button.findChildren<QWidget *>().isEmpty());
+}
+
+void TestToolButton::tooltipHasTheTextOfTheAction()
+{
+    Scene scene;
+    scene.action.setToolTip(QStringLiteral("Smooths it all"));
+    const TooltipObject *const tooltip = scene.button.GetTooltipObject();
+    // What the action said when the button was made.
+    QCOMPARE(tooltip->objectName(), QStringLiteral("Smooth"));
+    const QLabel *const label = tooltip->TooltipControl()->findChild<QLabel *>();
+    QCOMPARE(label->text(), QStringLiteral("Smooth"));
+    scene.button.RefreshTooltip();
+    QCOMPARE(label->text(), QStringLiteral("Smooths it all"));
+}
+
+void TestToolButton::tooltipStandsInTheGroupOfItsBar()
+{
+    QWidget window;
+    QAction action(QStringLiteral("Smooth"));
+    ToolBar bar(&window, Qt::TopToolBarArea);
+    bar.SetTooltipGroup(QStringLiteral("tools"));
+    ToolButton first(&action, &bar, &bar);
+    ToolButton second(&action, &bar, &bar);
+    window.show();
+    first.GetTooltipObject()->ShowTooltip();
+    QVERIFY(first.GetTooltipObject()->IsVisible());
+    TooltipManager::GetInstance().HideAllTooltipsInGroupExcept(nullptr, QStringLiteral("others"));
+    QVERIFY(first.GetTooltipObject()->IsVisible());
+    second.GetTooltipObject()->ShowTooltip();
+    QVERIFY(!first.GetTooltipObject()->IsVisible());
+    TooltipManager::GetInstance().HideAllTooltipsInGroupExcept(nullptr, QStringLiteral("tools"));
+    QVERIFY(!second.GetTooltipObject()->IsVisible());
+}
+
+void TestToolButton::tooltipWindowHasABorderAndStandsBesideTheButton()
+{
+    Scene scene;
+    TooltipObject *const tooltip = scene.button.GetTooltipObject();
+    QCOMPARE(tooltip->GetPosCalculator()->RefWidget(), &scene.button);
+    ArrowedWindow *const frame = tooltip->GetArrowedWindow();
+    const QImage picture = frame->grab().toImage();
+    const QColor border = Vela::Resource::Styles::Instance().ColorActionPanelBorder();
+    const QRect bounds(frame->GetBounds().topLeft() * picture.devicePixelRatio(),
+                       frame->GetBounds().size() * picture.devicePixelRatio());
+    bool hasBorder = false;
+    for (int y = bounds.top(); y < bounds.bottom(); ++y)
+        hasBorder = hasBorder || picture.pixelColor(bounds.left(), y) == border;
+    QVERIFY(hasBorder);
+}
+
+void TestToolButton::tooltipParametersAreTakenOver_data()
+{
+    QTest::addColumn<bool>("isMade");
+    QTest::newRow("before it is made") << false;
+    QTest::newRow("afterwards") << true;
+}
+
+void TestToolButton::tooltipParametersAreTakenOver()
+{
+    QFETCH(bool, isMade);
+    Scene scene;
+    TooltipObject *const tooltip = scene.button.GetTooltipObject();
+    if (isMade)
+        QVERIFY(tooltip->TooltipControl());
+    ArrowedWindow::SArrowParam arrow;
+    arrow.position = EArrowPosition::Right;
+    arrow.length = 17;
+    scene.button.SetTooltipParameters(arrow, EDirection::Left, 12, EWidgetsAlign::AlignEnd,
+                                      QPoint(3, 4));
+    const WidgetPosCalculator *const calculator = tooltip->GetPosCalculator();
+    QCOMPARE(calculator->Directions().first(), EDirection::Left);
+    QCOMPARE(calculator->BaseOffset(), 12);
+    QCOMPARE(calculator->Alignment(), EWidgetsAlign::AlignEnd);
+    QCOMPARE(calculator->AdditionalOffset(), QPoint(3, 4));
+    const auto arrows = tooltip->GetArrowedWindow()->GetArrowParams();
+    QCOMPARE(arrows.first().position, EArrowPosition::Right);
+    QCOMPARE(arrows.first().length, 17);
+}
+
+void TestToolButton::tooltipIsRaised()
+{
+    Scene scene;
+    ArrowedWindow *const frame = scene.button.GetTooltipObject()->GetArrowedWindow();
+    const QWidget inFront(frame->parentWidget());
+    QCOMPARE(frame->parentWidget()->children().last(), &inFront);
+    scene.button.RaiseTooltip();
+    QCOMPARE(frame->parentWidget()->children().last(), frame);
+}
+
+void TestToolButton::bareButtonHasNoTooltip()
+{
+    ToolButton button(nullptr);
+    QCOMPARE(button.GetTooltipObject(), nullptr);
+    button.SetTooltipParameters({}, EDirection::Left, 3, EWidgetsAlign::AlignEnd, {});
+    button.RaiseTooltip();
+    button.RefreshTooltip();
+    button.SetLocked(true);
+}
+
+void TestToolButton::lockedButtonHasItsTooltipDisabled()
+{
+    Scene scene;
+    TooltipObject *const tooltip = scene.button.GetTooltipObject();
+    scene.button.SetLocked(true);
+    QVERIFY(!tooltip->IsTooltipEnabled());
+    scene.button.SetLocked(false);
+    QVERIFY(tooltip->IsTooltipEnabled());
+}
+
+void TestToolButton::buttonThatDiesTakesItsTooltipAlong()
+{
+    QWidget window;
+    QAction action(QStringLiteral("Smooth"));
+    ToolBar bar(&window, Qt::TopToolBarArea);
+    auto button = std::make_unique<ToolButton>(&action, &bar, &bar);
+    window.show();
+    const QPointer<TooltipObject> tooltip = button->GetTooltipObject();
+    tooltip->ShowTooltip();
+    const QPointer<QWidget> frame = tooltip->GetArrowedWindow();
+    QVERIFY(frame->isVisible());
+    button.reset();
+    QVERIFY(!tooltip);
+    QVERIFY(!frame);
+    auto other = std::make_unique<ToolButton>(&action, &bar, &bar);
+    delete other->GetTooltipObject();
+    QCOMPARE(other->GetTooltipObject(), nullptr);
+    other->RefreshTooltip();
+    other->SetLocked(true);
 }
 
 void TestToolButton::mouseEventsReachTheBarLater()
