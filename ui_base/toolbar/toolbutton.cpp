@@ -3,6 +3,7 @@
 
 #include "ui_base/toolbar/toolbutton.h"
 
+#include "ui_base/toolbar/toolbar_p.h"
 #include "ui_base/toolbar/toolbutton_p.h"
 
 #include "ui_base/command/commandbase.h"
@@ -244,7 +245,12 @@ ToolButton::ToolButton(ToolButtonPrivate &dd, QWidget *parent)
     : ToolButton(dd, nullptr, nullptr, parent)
 { }
 
-ToolButton::~ToolButton() = default;
+ToolButton::~ToolButton()
+{
+    Q_D(ToolButton);
+    if (d->toolBar)
+        d->toolBar->d_func()->forget(this);
+}
 
 QIcon ToolButton::CreateToolButtonIcon(QString normal, QString active)
 {

@@ -192,6 +192,7 @@ protected:
 
 private:
     friend class ToolBar;
+    friend class ToolBarPrivate;
     Q_DECLARE_PRIVATE(ToolButton)
     Q_DISABLE_COPY(ToolButton)
 };

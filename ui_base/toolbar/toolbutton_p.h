@@ -69,6 +69,7 @@ protected:
 
 private:
     friend class ToolButton;
+    friend class ToolButtonWithMenu;
 
     void initializeTooltipObject();
     void prepareTooltip(ATooltipObject &tooltip);

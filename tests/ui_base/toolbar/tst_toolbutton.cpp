@@ -132,10 +132,10 @@ public:
     Scene()
     {
         window.resize(200, 100);
-        bar.setGeometry(10, 20, 150, 60);
+        bar.move(10, 5);
         action.setIcon(twoPictures());
         button.setIconSize(iconSize);
-        button.setGeometry(20, 10, 36, 36);
+        button.setGeometry(30, 30, 36, 36);
         button.setObjectName(QStringLiteral("button"));
         window.show();
         // The screen asks what is under the pointer only once the window is there.
@@ -156,7 +156,7 @@ public:
     QAction action {QStringLiteral("Smooth")};
     QWidget window;
     RecordingBar bar {&window, Qt::TopToolBarArea};
-    OpenButton button {&action, &bar, &bar};
+    OpenButton button {&action, &bar, &window};
 };
 
 /// Counts the events of some types that objects get.
@@ -599,14 +599,13 @@ void TestToolButton::hoveringPreparesEachButtonOnce()
     EventCounter restyling(
         {QEvent::StyleChange, QEvent::Polish, QEvent::PolishRequest, QEvent::LayoutRequest});
     for (int i = 0; i < 100; ++i) {
-        buttons << new OpenButton(&action, &bar, &bar);
+        buttons << new OpenButton(&action, &bar, &window);
         buttons.last()->setFixedSize(3, 20);
         buttons.last()->setIconSize(iconSize);
         // In a row, where the tooltip of one covers no other.
         buttons.last()->move(3 * i, 0);
         buttons.last()->installEventFilter(&restyling);
     }
-    bar.resize(300, 20);
     window.setGeometry(50, 200, 300, 40);
     window.show();
     QVERIFY(QTest::qWaitForWindowExposed(&window));
@@ -695,8 +694,8 @@ void TestToolButton::tooltipStandsInTheGroupOfItsBar()
     QAction action(QStringLiteral("Smooth"));
     ToolBar bar(&window, Qt::TopToolBarArea);
     bar.SetTooltipGroup(QStringLiteral("tools"));
-    ToolButton first(&action, &bar, &bar);
-    ToolButton second(&action, &bar, &bar);
+    ToolButton first(&action, &bar, &window);
+    ToolButton second(&action, &bar, &window);
     window.show();
     first.GetTooltipObject()->ShowTooltip();
     QVERIFY(first.GetTooltipObject()->IsVisible());
@@ -788,7 +787,7 @@ void TestToolButton::buttonThatDiesTakesItsTooltipAlong()
     QWidget window;
     QAction action(QStringLiteral("Smooth"));
     ToolBar bar(&window, Qt::TopToolBarArea);
-    auto button = std::make_unique<ToolButton>(&action, &bar, &bar);
+    auto button = std::make_unique<ToolButton>(&action, &bar, &window);
     window.show();
     const QPointer<TooltipObject> tooltip = button->GetTooltipObject();
     tooltip->ShowTooltip();
@@ -822,7 +821,7 @@ void TestToolButton::mouseEventsReachTheBarLater()
     for (int i = 0; i < 3; ++i) {
         const auto &event = scene.bar.events[std::size_t(i)];
         QCOMPARE(event.type, types[i]);
-        QCOMPARE(event.pos, pos + QPoint(20, 10));
+        QCOMPARE(event.pos, pos + QPoint(20, 25));
         QCOMPARE(event.globalPos, scene.button.mapToGlobal(pos));
         QCOMPARE(event.button, Qt::LeftButton);
         QCOMPARE(event.modifiers, Qt::ControlModifier);
@@ -981,9 +980,9 @@ void TestToolButton::buttonWithoutHandlersStaysAsItIs()
         scene.button.EnableActions();
         QCOMPARE(scene.button.isEnabled(), enabled);
     }
-    scene.bar.setEnabled(false);
+    scene.window.setEnabled(false);
     scene.button.EnableActions();
-    scene.bar.setEnabled(true);
+    scene.window.setEnabled(true);
     QVERIFY(scene.button.isEnabled());
     QVERIFY(handler.asked.isEmpty());
 }

@@ -1,0 +1,205 @@
+// SPDX-FileCopyrightText: 2026 The lumo_ui_base authors
+// SPDX-License-Identifier: MIT
+
+#include "ui_base/toolbar/buttonline_p.h"
+
+#include <QAbstractButton>
+#include <QLayoutItem>
+#include <QWidget>
+
+#include <algorithm>
+#include <type_traits>
+
+namespace Vela::UiBase::Internal {
+
+ButtonLine::~ButtonLine() = default;
+
+ButtonLine *ButtonLine::of(const QWidget *panel)
+{
+    return panel ? dynamic_cast<ButtonLine *>(panel->layout()) : nullptr;
+}
+
+ButtonLine::SettingUp::SettingUp(ButtonLine *line)
+    : m_line(line)
+{
+    if (m_line)
+        ++m_line->setups;
+}
+
+ButtonLine::SettingUp::~SettingUp()
+{
+    if (m_line)
+        --m_line->setups;
+}
+
+template<typename Box>
+ButtonLineOf<Box>::ButtonLineOf() = default;
+
+template<typename Box>
+void ButtonLineOf<Box>::insertButton(int index, QAbstractButton *button)
+{
+    const int place = index < 0 ? Box::count() : index;
+    m_isInserting = true;
+    button->setAttribute(Qt::WA_LaidOut);
+    auto *const item = new QWidgetItem(button);
+    Box::insertItem(place, item);
+    m_isInserting = false;
+    m_firstMisplaced = std::min(m_firstMisplaced, place);
+    // A new child of a visible panel is hidden until somebody shows it.
+    const bool isKeptHidden =
+        button->isHidden() && button->testAttribute(Qt::WA_WState_ExplicitShowHide);
+    if (m_isSumValid)
+        addToSum(*item, !isKeptHidden);
+    const SettingUp itIsCounted(this);
+    if (!isKeptHidden && button->parentWidget()->isVisible())
+        button->show();
+}
+
+template<typename Box>
+QSize ButtonLineOf<Box>::sizeHint() const
+{
+    return sum().isSimple ? totalSize() : Box::sizeHint();
+}
+
+template<typename Box>
+QSize ButtonLineOf<Box>::minimumSize() const
+{
+    return sum().isSimple ? totalSize() : Box::minimumSize();
+}
+
+template<typename Box>
+Qt::Orientations ButtonLineOf<Box>::expandingDirections() const
+{
+    return sum().isSimple ? sum().expanding : Box::expandingDirections();
+}
+
+template<typename Box>
+bool ButtonLineOf<Box>::hasHeightForWidth() const
+{
+    return !sum().isSimple && Box::hasHeightForWidth();
+}
+
+template<typename Box>
+void ButtonLineOf<Box>::invalidate()
+{
+    if (!m_isInserting && setups > 0)
+        return;
+    if (!m_isInserting) {
+        m_isSumValid = false;
+        m_firstMisplaced = 0;
+    }
+    Box::invalidate();
+}
+
+template<typename Box>
+void ButtonLineOf<Box>::setGeometry(const QRect &rect)
+{
+    const QRect room = rect.marginsRemoved(Box::contentsMargins());
+    if (!fits(room)) {
+        m_firstMisplaced = 0;
+        Box::setGeometry(rect);
+        return;
+    }
+    const bool isSamePlace = room.topLeft() == m_placedIn.topLeft()
+        && (isHorizontal() ? room.height() == m_placedIn.height()
+                           : room.width() == m_placedIn.width());
+    placeFrom(isSamePlace ? m_firstMisplaced : 0, room);
+    m_placedIn = room;
+    m_firstMisplaced = Box::count();
+    QLayout::setGeometry(rect);
+}
+
+template<typename Box>
+bool ButtonLineOf<Box>::isHorizontal() const
+{
+    return std::is_same_v<Box, QHBoxLayout>;
+}
+
+template<typename Box>
+const ButtonLine::SSum &ButtonLineOf<Box>::sum() const
+{
+    if (m_isSumValid)
+        return m_sum;
+    m_isSumValid = true;
+    m_sum = {};
+    for (int i = 0; i < Box::count(); ++i) {
+        addToSum(*Box::itemAt(i), !Box::itemAt(i)->isEmpty());
+        m_sum.isSimple = m_sum.isSimple && Box::stretch(i) == 0;
+    }
+    return m_sum;
+}
+
+template<typename Box>
+void ButtonLineOf<Box>::addToSum(const QLayoutItem &item, bool isSeen) const
+{
+    const QWidget *const widget = const_cast<QLayoutItem &>(item).widget();
+    const bool isFixed = widget && widget->minimumSize() == widget->maximumSize();
+    if (!isFixed || item.alignment() != Qt::Alignment()) {
+        m_sum.isSimple = false;
+        return;
+    }
+    if (!isSeen)
+        return;
+    const QSize size = widget->minimumSize();
+    m_sum.length += isHorizontal() ? size.width() : size.height();
+    m_sum.thickness = std::max(m_sum.thickness, isHorizontal() ? size.height() : size.width());
+    m_sum.expanding |= widget->sizePolicy().expandingDirections();
+    ++m_sum.count;
+}
+
+template<typename Box>
+QSize ButtonLineOf<Box>::totalSize() const
+{
+    const int length = m_sum.length + std::max(0, m_sum.count - 1) * Box::spacing();
+    const QMargins margins = Box::contentsMargins();
+    const QSize size =
+        isHorizontal() ? QSize(length, m_sum.thickness) : QSize(m_sum.thickness, length);
+    return size + QSize(margins.left() + margins.right(), margins.top() + margins.bottom());
+}
+
+template<typename Box>
+bool ButtonLineOf<Box>::fits(const QRect &room) const
+{
+    const auto wanted = isHorizontal() ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom;
+    const QWidget *const panel = Box::parentWidget();
+    if (!sum().isSimple || Box::direction() != wanted || Box::alignment() != Qt::Alignment()
+        || (isHorizontal() && panel && panel->isRightToLeft()))
+        return false;
+    const int length = m_sum.length + std::max(0, m_sum.count - 1) * Box::spacing();
+    return length == (isHorizontal() ? room.width() : room.height());
+}
+
+template<typename Box>
+void ButtonLineOf<Box>::placeFrom(int index, const QRect &room)
+{
+    int position = endOfItemBefore(index, room);
+    for (int i = index; i < Box::count(); ++i) {
+        QLayoutItem *const item = Box::itemAt(i);
+        if (item->isEmpty())
+            continue;
+        const QSize size = item->widget()->minimumSize();
+        const QRect place = isHorizontal()
+            ? QRect(position, room.top(), size.width(), room.height())
+            : QRect(room.left(), position, room.width(), size.height());
+        item->setGeometry(place);
+        position += (isHorizontal() ? size.width() : size.height()) + Box::spacing();
+    }
+}
+
+template<typename Box>
+int ButtonLineOf<Box>::endOfItemBefore(int index, const QRect &room) const
+{
+    for (int i = index - 1; i >= 0; --i) {
+        const QLayoutItem *const item = Box::itemAt(i);
+        if (item->isEmpty())
+            continue;
+        const QRect place = item->geometry();
+        return (isHorizontal() ? place.right() : place.bottom()) + 1 + Box::spacing();
+    }
+    return isHorizontal() ? room.left() : room.top();
+}
+
+template class ButtonLineOf<QHBoxLayout>;
+template class ButtonLineOf<QVBoxLayout>;
+
+} // namespace Vela::UiBase::Internal

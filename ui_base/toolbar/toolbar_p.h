@@ -1,0 +1,194 @@
+// SPDX-FileCopyrightText: 2026 The lumo_ui_base authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "ui_base/toolbar/toolbar.h"
+#include "ui_base/toolbar/toolbuttonwithmenu.h"
+
+#include <QColor>
+#include <QHash>
+#include <QList>
+#include <QPainterPath>
+#include <QPixmap>
+#include <QPointer>
+#include <QStateMachine>
+#include <QVector>
+
+#include <functional>
+#include <set>
+#include <utility>
+
+class QAbstractAnimation;
+class QBoxLayout;
+class QGraphicsDropShadowEffect;
+class QGridLayout;
+class QPainter;
+class QState;
+class QTimer;
+
+namespace Vela::UiBase {
+
+/// How a popup that belongs to a button stands beside it. Lengths are logical pixels.
+struct SPopupDefaults
+{
+    ArrowedWindow::SArrowParam arrow;
+    int offset = 5;
+    EDirection direction = EDirection::Top;
+    EWidgetsAlign align = EWidgetsAlign::AlignCenter;
+    QPoint additionalOffset;
+};
+
+/// The state of a ToolBar. A subclass with state of its own derives from this and hands an object of
+/// its class to the protected constructor of the bar. Lengths are logical pixels, times milliseconds.
+class LUMO_UI_BASE_EXPORT ToolBarPrivate
+{
+    Q_DECLARE_PUBLIC(ToolBar)
+
+public:
+    ToolBarPrivate();
+    virtual ~ToolBarPrivate();
+
+    /// Brings all fields to the values of a new bar, apart from what the constructor is given.
+    virtual void SetDefaults();
+
+    void AddButtonToLayout(ToolButton *button, const QString &groupName, int rank);
+    bool FindPanelIndexToInsertInLayout(QLayout *layout, int rank, int &index) const;
+    bool FindButtonIndexToInsertInBoxLayout(QBoxLayout *layout, int rank, int &index) const;
+    void AddButtonToNewPanelLayout(ToolButton *button, QWidget *panel, int rank);
+    void AddButtonToExistingPanelLayout(ToolButton *button, QWidget *panel, int count, int rank);
+
+    /// Marks all paths as out of date; they are worked out before the next painting.
+    void UpdatePathMaps();
+    /// Marks the separators alone as out of date.
+    void UpdateButtonSeparatorPaths();
+    /// Works out what is out of date.
+    void EnsurePaths();
+
+    /// The buttons of the bar that are a @p T, by the names of their groups and in the order of adding.
+    template<typename T>
+    QList<T *> CollectButtons() const
+    {
+        QList<T *> found;
+        for (const QList<ToolButton *> &buttons : buttonsByGroup) {
+            for (ToolButton *const button : buttons) {
+                if (auto *const wanted = qobject_cast<T *>(button))
+                    found << wanted;
+            }
+        }
+        return found;
+    }
+
+    QWidget *centralWidget = nullptr;
+    QPointer<QWidget> refParent; ///< by which the bar is placed
+    Qt::ToolBarArea area = Qt::NoToolBarArea;
+    bool isGrid = false;
+    int gridSize = 0;
+    bool gridRowMajor = true;
+    QPoint offset {100, 0};
+    bool centered = true;
+    QMap<QString, QList<ToolButton *>> buttonsByGroup; ///< each list in the order of adding
+    QMap<QString, QWidget *> panels;                   ///< by the name of the group
+    QMargins mainContentMargins;
+    QMargins groupContentMargins {1, 1, 1, 1};
+    QBoxLayout *mainLayout = nullptr; ///< of the central widget; null while the side is not known
+    QColor backColor;
+    QColor groupBackColor;
+    QSize iconSize {24, 24};
+    QSize buttonSize {36, 36};
+    int buttonSpacing = 1;
+    int groupSpacing = 10;
+    Qt::ToolButtonStyle toolButtonStyle = Qt::ToolButtonIconOnly;
+    bool autoPositionEnabled = false;
+    ToolBar::EToolBarRoundCorner mainRoundCorner = ToolBar::EToolBarRoundCorner::NoRoundCorners;
+    ToolBar::EToolBarRoundCorner groupRoundCorner = ToolBar::EToolBarRoundCorner::NoRoundCorners;
+    int cornerRadius = 4;
+    QPainterPath backgroundPath;
+    QMap<QWidget *, QPainterPath> panelPaths; ///< in coordinates of the bar
+    SPopupDefaults defaultMenu;
+    bool defaultMenuShadow = true;
+    SPopupDefaults defaultTooltip;
+    QTimer *autoPositionTimer = nullptr;
+    int autoPositionInterval = 100;
+    bool hideOnButtonClick = false;
+    QPixmap hSeparatorPixmap;
+    QPixmap vSeparatorPixmap;
+    int reservedMargin = 15;
+    bool inShowMode = true;
+    QStateMachine stateMachine;
+    QState *initialState = nullptr;
+    QString tooltipGroupName;
+    QColor separatorColor;
+    QVector<QRect> separatorRects;     ///< in coordinates of the bar
+    QPointer<ToolButton> parentButton; ///< whose menu the bar is
+    bool keepMenuStateOnHide = true;
+    bool keepStateOnClickOutside = false;
+    QGraphicsDropShadowEffect *shadowEffect = nullptr; ///< owned by the bar
+    int borderWidth = 1;
+    QColor borderColor;
+    bool borderAroundPanels = true;
+    QMap<QString, QList<QPointer<QToolButton>>> exclusiveGroups;
+    QHash<ToolButton *, int> buttonRanks;
+    QTimer *resizeTimer = nullptr;
+    bool delayRelocationOnResize = false;
+
+protected:
+    ToolBar *q_ptr = nullptr;
+
+private:
+    friend class ToolBar;
+    friend class ToolButton;
+
+    void initialize(QWidget *parent);
+    void makeCentralWidget();
+    void makeMainLayout();
+    QWidget *makePanel(const QString &groupName) const;
+    void putPanel(QWidget *panel, int rank);
+    int rankOf(const QString &groupName) const;
+    void addPlaceholders(QGridLayout *grid, const ToolButton *button, QWidget *panel) const;
+    void placeInGrid(QGridLayout *grid, ToolButton *button, int position) const;
+    void placeInBox(QBoxLayout *box, ToolButton *button, int rank) const;
+    QWidget *parentForNewButton(const QString &groupName) const;
+    void setRank(ToolButton *button, int rank);
+    void forget(ToolButton *button);
+    void forEachButton(const std::function<void(ToolButton &button)> &visit) const;
+    void forEachLayout(const std::function<void(QWidget &panel, QLayout &layout)> &visit) const;
+
+    void applyMenuDefaults(ToolButton *button) const;
+    void applySizes(ToolButton *button);
+    void removeButtonFrom(const QString &name, ToolButton *button);
+    void hideAfterClick(const ToolButtonWithMenu *clicked);
+    void hideMenus(const QList<QPointer<ToolButtonWithMenu>> &buttons) const;
+    void reopenMenus();
+    void onResized(QObject *watched);
+    static ToolBar *subMenuOf(const ToolButton &button);
+    QList<ToolButton *> buttonsWithSubMenus() const;
+    QList<QPointer<ToolButtonWithMenu>> menuButtons(bool includeSubMenus) const;
+
+    void noteCommandId(ToolButton *button);
+    void forgetCommandId(ToolButton *button);
+    ToolButton *buttonOfCommand(const QString &commandId) const;
+
+    void preparePanelPaths();
+    void prepareSeparators();
+    void addSeparatorsOfBox(const QList<ToolButton *> &buttons, const QRect &panel);
+    void addSeparatorsOfGrid(const QList<ToolButton *> &buttons, const QRect &panel, int perLine,
+                             int lines);
+    void paintPlates(QPainter &painter, const QRect &exposed) const;
+    void paintSeparators(QPainter &painter, const QRect &exposed) const;
+    void paintBorder(QPainter &painter, const QRect &exposed) const;
+
+    void slide(bool show, const QEasingCurve &curve);
+
+    bool mayHaveMenus = false;
+    bool pathsAreStale = true;
+    bool separatorsAreStale = true;
+    // By rank and address: who comes next is asked for each button that is added.
+    std::set<std::pair<int, ToolButton *>> ranked;
+    // How many buttons carry an id, and which one each carries: a bar is asked for each command.
+    QHash<QString, int> commandIds;
+    QHash<ToolButton *, QString> commandIdOf;
+    QPointer<QAbstractAnimation> slideAnimation;
+};
+
+} // namespace Vela::UiBase

@@ -1,0 +1,521 @@
+// SPDX-FileCopyrightText: 2026 The lumo_ui_base authors
+// SPDX-License-Identifier: MIT
+
+// How actions and commands become buttons of a tool bar, and what a click on one does to the others.
+
+#include "ui_base/toolbar/toolbar.h"
+
+#include "ui_base/toolbar/toolbar_p.h"
+
+#include "ui_base/command/commandbag.h"
+#include "ui_base/command/commandbase.h"
+#include "ui_base/command/commandgroup.h"
+#include "ui_base/qtui/mouseeventclone_p.h"
+#include "ui_base/qtui/qtuitoolkit.h"
+#include "ui_base/qtui/tooltip/tooltipmanager.h"
+#include "ui_base/toolbar/buttonline_p.h"
+#include "ui_base/toolbar/toolbutton_p.h"
+#include "ui_base/toolbar/toolbuttonwithmenu.h"
+
+#include <QBoxLayout>
+#include <QCoreApplication>
+#include <QMouseEvent>
+
+#include <algorithm>
+
+namespace Vela::UiBase {
+namespace {
+
+const QByteArray &commandIdProperty()
+{
+    static const QByteArray name = ToolButton::COMMANDID_PROPERTY.toLatin1();
+    return name;
+}
+
+QString commandIdOn(const ToolButton &button)
+{
+    return button.property(commandIdProperty().constData()).toString();
+}
+
+// A copy of what a button was told is no click on what the bar stands on.
+void endHere(QMouseEvent &event)
+{
+    if (!event.spontaneous())
+        event.accept();
+}
+
+// Kept alive while they are walked: what adding runs may change the bag.
+std::vector<std::shared_ptr<CommandBase>> commandsOf(const CommandGroup &group)
+{
+    std::vector<std::shared_ptr<CommandBase>> commands;
+    for (const auto &[id, command] : group.commandBag()) {
+        if (command)
+            commands.push_back(command);
+    }
+    return commands;
+}
+
+} // namespace
+
+ToolButton *ToolBar::AddAction(QAction *action, const QString &groupName, int rank,
+                               bool useTooltipDefaults, bool useMenuDefaults)
+{
+    Q_D(ToolBar);
+    if (!action)
+        return nullptr;
+    QtUiToolkit::Instance().UpdateIconSize(action, d->iconSize);
+    // A button with a style sheet is made in its place: to move it there later would cost more.
+    QWidget *const parent = d->parentForNewButton(groupName);
+    ToolButton *button = nullptr;
+    {
+        const Internal::ButtonLine::SettingUp guard(Internal::ButtonLine::of(parent));
+        button = new ToolButton(action, this, parent);
+    }
+    OnButtonCreated(button, groupName, useTooltipDefaults, useMenuDefaults, rank);
+    return button;
+}
+
+void ToolBar::OnButtonCreated(ToolButton *button, const QString &groupName, bool useTooltipDefaults,
+                              bool useMenuDefaults, int rank)
+{
+    Q_D(ToolBar);
+    {
+        const Internal::ButtonLine::SettingUp guard(
+            Internal::ButtonLine::of(button->parentWidget()));
+        connect(button, &ToolButton::ToolButtonClicked, this, &ToolBar::OnToolButtonClicked);
+        button->setToolButtonStyle(d->toolButtonStyle);
+        button->installEventFilter(this);
+        if (useTooltipDefaults)
+            button->SetTooltipParameters(d->defaultTooltip.arrow, d->defaultTooltip.direction,
+                                         d->defaultTooltip.offset, d->defaultTooltip.align,
+                                         d->defaultTooltip.additionalOffset);
+        if (useMenuDefaults)
+            d->applyMenuDefaults(button);
+        d->applySizes(button);
+        const QList<QAction *> actions = button->actions();
+        auto *const command =
+            actions.size() == 1 ? qobject_cast<CommandBase *>(actions.first()) : nullptr;
+        if (command)
+            button->setProperty(commandIdProperty().constData(), command->commandId());
+    }
+    d->AddButtonToLayout(button, groupName, rank);
+}
+
+void ToolBarPrivate::applyMenuDefaults(ToolButton *button) const
+{
+    if (auto *const menuButton = qobject_cast<ToolButtonWithMenu *>(button))
+        menuButton->SetMenuPosParameters(defaultMenu.direction, defaultMenu.offset,
+                                         defaultMenu.align, defaultMenu.additionalOffset);
+}
+
+// A bar without sizes takes them from the first icon that it is given.
+void ToolBarPrivate::applySizes(ToolButton *button)
+{
+    Q_Q(ToolBar);
+    if (iconSize == QSize(0, 0) && button->Action())
+        iconSize = button->Action()->icon().actualSize(QSize(256, 256), QIcon::Normal, QIcon::Off);
+    const QSize icon = iconSize == QSize(0, 0) ? button->iconSize() : iconSize;
+    button->setIconSize(icon);
+    if (buttonSize == QSize(0, 0)) {
+        const int difference = q->ButtonIconSizeDiff();
+        buttonSize = icon + QSize(difference, difference);
+    }
+    button->setFixedSize(buttonSize);
+    button->updateGeometry();
+}
+
+ToolButton *ToolBar::AddCommandGroup(CommandGroup *group)
+{
+    return group ? AddCommandGroup(group, nullptr) : nullptr;
+}
+
+ToolButton *ToolBar::AddCommandGroup(CommandGroup *group, CommandGroup *)
+{
+    if (!group)
+        return nullptr;
+    const auto keptAlive = group->weak_from_this().lock();
+    if (group->isVirtualGroup()) {
+        ToolButton *last = nullptr;
+        for (const auto &command : commandsOf(*group))
+            last = AddSingleCommand(command.get(), group);
+        return last;
+    }
+    const QPointer<ToolBar> subBar = group->toolbar();
+    if (!subBar)
+        return nullptr;
+    for (const auto &command : commandsOf(*group)) {
+        if (!subBar)
+            return nullptr;
+        if (auto *const child = qobject_cast<CommandGroup *>(command.get()))
+            subBar->AddCommandGroup(child, group);
+        else
+            subBar->AddSingleCommand(command.get(), group);
+    }
+    if (subBar)
+        subBar->AdjustToolBarSize(true);
+    return group->toolButton();
+}
+
+ToolButton *ToolBar::AddSingleCommand(CommandBase *command, CommandGroup *group)
+{
+    Q_D(ToolBar);
+    if (!command || qobject_cast<CommandGroup *>(command))
+        return nullptr;
+    const QString id = command->commandId();
+    if (ToolButton *const existing = d->buttonOfCommand(id))
+        return existing;
+    const int rank = group ? group->getCommandRank(id) : 0;
+    const QPointer<ToolButton> button = AddAction(command, command->baseGroupName(), rank);
+    if (!button)
+        return nullptr;
+    command->setToolButton(button);
+    button->setCheckable(command->isCheckable());
+    if (command->isCheckable()) {
+        button->OnToggled(command->isChecked());
+        button->setChecked(command->isChecked());
+    }
+    if (!command->objectName().isEmpty())
+        button->setObjectName(command->objectName());
+    return button;
+}
+
+void ToolBarPrivate::noteCommandId(ToolButton *button)
+{
+    if (!button)
+        return;
+    const QString id = commandIdOn(*button);
+    const QString oldId = commandIdOf.value(button);
+    if (id == oldId)
+        return;
+    if (!oldId.isEmpty() && --commandIds[oldId] == 0)
+        commandIds.remove(oldId);
+    if (id.isEmpty()) {
+        commandIdOf.remove(button);
+        return;
+    }
+    commandIdOf[button] = id;
+    ++commandIds[id];
+}
+
+ToolButton *ToolBarPrivate::buttonOfCommand(const QString &commandId) const
+{
+    if (!commandIds.contains(commandId))
+        return nullptr;
+    for (ToolButton *const button : CollectButtons<ToolButton>()) {
+        if (commandIdOf.value(button) == commandId)
+            return button;
+    }
+    return nullptr;
+}
+
+bool ToolBar::RemoveCommand(CommandBase *command)
+{
+    auto *const group = qobject_cast<CommandGroup *>(command);
+    if (!group)
+        return RemoveSingleCommand(command);
+    bool isRemoved = true;
+    for (const auto &child : commandsOf(*group))
+        isRemoved = RemoveCommand(child.get()) && isRemoved;
+    return isRemoved;
+}
+
+bool ToolBar::RemoveSingleCommand(CommandBase *command)
+{
+    if (!command || qobject_cast<CommandGroup *>(command))
+        return false;
+    const QString id = command->commandId();
+    for (ToolButton *const button : GetBaseToolBar()->d_func()->buttonsWithSubMenus()) {
+        if (commandIdOn(*button) != id)
+            continue;
+        ToolBar *const owner = button->d_func()->toolBar;
+        return owner && owner->RemoveButton(command);
+    }
+    return false;
+}
+
+bool ToolBar::RemoveButton(QAction *action)
+{
+    Q_D(ToolBar);
+    if (!action)
+        return false;
+    const auto *const command = qobject_cast<CommandBase *>(action);
+    const QString id = command ? command->commandId() : QString();
+    for (auto it = d->buttonsByGroup.cbegin(); it != d->buttonsByGroup.cend(); ++it) {
+        for (ToolButton *const button : *it) {
+            const bool isOfAction = button->actions().contains(action);
+            if (!isOfAction && (!command || commandIdOn(*button) != id))
+                continue;
+            d->removeButtonFrom(it.key(), button);
+            return true;
+        }
+    }
+    return false;
+}
+
+void ToolBarPrivate::removeButtonFrom(const QString &name, ToolButton *button)
+{
+    Q_Q(ToolBar);
+    const QString groupName = name;
+    TooltipManager::GetInstance().RemoveTooltip(button->GetTooltipObject());
+    const QPointer<ToolBar> self(q);
+    const QPointer<ToolButton> leaving(button);
+    if (auto *const menuButton = qobject_cast<ToolButtonWithMenu *>(button))
+        menuButton->HideMenu();
+    if (!self)
+        return;
+    QWidget *const panel = panels.value(groupName);
+    if (leaving && panel && panel->layout())
+        panel->layout()->removeWidget(leaving);
+    if (buttonsByGroup.value(groupName).size() > 1) {
+        buttonsByGroup[groupName].removeAll(button);
+    } else {
+        buttonsByGroup.remove(groupName);
+        panels.remove(groupName);
+        panelPaths.remove(panel);
+        if (mainLayout)
+            mainLayout->removeWidget(panel);
+        delete panel;
+    }
+    if (leaving)
+        forgetCommandId(leaving);
+    q->AdjustToolBarSize(false);
+    Q_EMIT q->LayoutChanged();
+}
+
+void ToolBar::AddCallbackHandler(ToolButton::IToolButtonCallbackHandler *handler, QAction *action)
+{
+    Q_D(ToolBar);
+    for (ToolButton *const button : d->CollectButtons<ToolButton>()) {
+        if (!button->IsActionAssociated(action))
+            continue;
+        button->SetCallbackHandler(action, handler);
+        return;
+    }
+}
+
+void ToolBar::EnableActions()
+{
+    Q_D(ToolBar);
+    d->forEachButton([](ToolButton &button) { button.EnableActions(); });
+}
+
+ToolButton *ToolBar::FindOneButton(const QString &text, bool includeSubMenus) const
+{
+    Q_D(const ToolBar);
+    const QList<ToolButton *> buttons =
+        includeSubMenus ? d->buttonsWithSubMenus() : d->CollectButtons<ToolButton>();
+    const auto found = std::find_if(buttons.begin(), buttons.end(),
+                                    [&text](const auto *button) { return button->text() == text; });
+    return found == buttons.end() ? nullptr : *found;
+}
+
+void ToolBar::AddExclusiveGroupButton(const QString &group, QToolButton *button)
+{
+    Q_D(ToolBar);
+    if (button && !d->exclusiveGroups[group].contains(button))
+        d->exclusiveGroups[group] << button;
+}
+
+void ToolBar::SetLocked(bool locked)
+{
+    Q_D(ToolBar);
+    d->forEachButton([locked](ToolButton &button) { button.SetLocked(locked); });
+}
+
+// All groups, also those that the button is not in.
+void ToolBar::OnButtonClickCheckExclusiveGroups(ToolButton *clicked)
+{
+    Q_D(ToolBar);
+    const QPointer<ToolBar> self(this);
+    const auto groups = d->exclusiveGroups;
+    for (const auto &buttons : groups) {
+        for (const QPointer<QToolButton> &button : buttons) {
+            if (self && button && button->isCheckable())
+                button->setChecked(button == clicked);
+        }
+    }
+}
+
+void ToolBar::OnToolButtonClicked()
+{
+    Q_D(ToolBar);
+    const QPointer<ToolBar> self(this);
+    const QPointer<ToolButton> button = qobject_cast<ToolButton *>(sender());
+    if (!button)
+        return;
+    OnButtonClickCheckExclusiveGroups(button);
+    if (self && button)
+        Q_EMIT ToolButtonClicked(button);
+    if (self)
+        HideAllButtonMenusExcept(false, button);
+    if (self && button && d->hideOnButtonClick
+        && button->d_func()->buttonKind != ToolButtonPrivate::EButtonKind::ButtonMenu)
+        d->hideAfterClick(qobject_cast<ToolButtonWithMenu *>(button));
+}
+
+void ToolBarPrivate::hideAfterClick(const ToolButtonWithMenu *clicked)
+{
+    Q_Q(ToolBar);
+    if (!parentButton) {
+        if (!clicked)
+            q->hide();
+        return;
+    }
+    if (auto *const owner = qobject_cast<ToolButtonWithMenu *>(parentButton))
+        owner->HideMenu();
+}
+
+void ToolBar::HideAllButtonMenusExcept(bool keepState, ToolButton *except)
+{
+    Q_D(ToolBar);
+    const bool isBase = GetBaseToolBar() == this;
+    for (const QPointer<ToolButtonWithMenu> &button : d->menuButtons(isBase)) {
+        if (!button || button == except)
+            continue;
+        button->SetSaveMenuState(keepState);
+        button->HideMenu();
+    }
+}
+
+void ToolBarPrivate::hideMenus(const QList<QPointer<ToolButtonWithMenu>> &buttons) const
+{
+    for (const QPointer<ToolButtonWithMenu> &button : buttons) {
+        if (button)
+            button->HideMenu();
+    }
+}
+
+void ToolBarPrivate::reopenMenus()
+{
+    for (const QPointer<ToolButtonWithMenu> &button : menuButtons(false)) {
+        if (!button || !button->SaveMenuState() || !button->GetMenu())
+            continue;
+        const QPointer<ToolButtonWithMenu> owner = button->SavedMenuOwner();
+        if (!owner)
+            continue;
+        if (owner == button) {
+            button->ShowMenu();
+        } else if (owner->GetMenu()) {
+            owner->ShowMenu();
+            if (!button)
+                continue;
+            button->SetSaveMenuState(false);
+            button->SetSavedMenuOwner(nullptr);
+        }
+    }
+}
+
+void ToolBar::OnMouseClickedOutside()
+{
+    Q_D(ToolBar);
+    for (const QPointer<ToolButtonWithMenu> &button : d->menuButtons(false)) {
+        const auto *const bar = button ? ToolBarPrivate::subMenuOf(*button) : nullptr;
+        const bool isButtonMenu = button
+            && button->ToolButton::d_func()->buttonKind
+                == ToolButtonPrivate::EButtonKind::ButtonMenu;
+        if (isButtonMenu && !(bar && bar->d_func()->keepStateOnClickOutside))
+            button->HideMenu();
+    }
+}
+
+void ToolBar::SetKeepStateOnClickOutside(bool keep)
+{
+    Q_D(ToolBar);
+    d->keepStateOnClickOutside = keep;
+}
+
+QMap<ToolButton *, ToolBar *> ToolBar::GetAllParentButtonsMap(ToolButton *) const
+{
+    return {};
+}
+
+ToolBar *ToolBar::GetBaseToolBar()
+{
+    ToolBar *base = this;
+    for (;;) {
+        const ToolButton *const button = base->d_func()->parentButton;
+        ToolBar *const next = button ? button->d_func()->toolBar.data() : nullptr;
+        if (!next || next == base)
+            return base;
+        base = next;
+    }
+}
+
+ToolBar *ToolBarPrivate::subMenuOf(const ToolButton &button)
+{
+    if (button.d_func()->buttonKind != ToolButtonPrivate::EButtonKind::ButtonMenu)
+        return nullptr;
+    const auto *const menuButton = qobject_cast<const ToolButtonWithMenu *>(&button);
+    return menuButton ? qobject_cast<ToolBar *>(menuButton->GetMenu()) : nullptr;
+}
+
+QList<ToolButton *> ToolBarPrivate::buttonsWithSubMenus() const
+{
+    QList<ToolButton *> list;
+    for (ToolButton *const button : CollectButtons<ToolButton>()) {
+        list << button;
+        if (const ToolBar *const menu = subMenuOf(*button))
+            list << menu->d_func()->buttonsWithSubMenus();
+    }
+    return list;
+}
+
+QList<QPointer<ToolButtonWithMenu>> ToolBarPrivate::menuButtons(bool includeSubMenus) const
+{
+    QList<QPointer<ToolButtonWithMenu>> list;
+    // Asked at each resize, of bars that mostly have none.
+    if (!mayHaveMenus)
+        return list;
+    const QList<ToolButton *> all =
+        includeSubMenus ? buttonsWithSubMenus() : CollectButtons<ToolButton>();
+    for (ToolButton *const button : all) {
+        if (auto *const menuButton = qobject_cast<ToolButtonWithMenu *>(button))
+            list << menuButton;
+    }
+    return list;
+}
+
+QWidget *ToolBar::getRefParent() const
+{
+    Q_D(const ToolBar);
+    return d->refParent;
+}
+
+void ToolBar::PassMouseEvent(QMouseEvent *event)
+{
+    Q_D(ToolBar);
+    const ToolButton *const button = d->parentButton;
+    ToolBar *const owner = button ? button->d_func()->toolBar.data() : nullptr;
+    ToolBar *const target = owner && owner != this ? owner->GetBaseToolBar() : this;
+    if (target != this)
+        QCoreApplication::postEvent(target, Internal::mouseEventFor(*target, *event).release());
+}
+
+void ToolBar::mousePressEvent(QMouseEvent *event)
+{
+    PassMouseEvent(event);
+    QWidget::mousePressEvent(event);
+    endHere(*event);
+}
+
+void ToolBar::mouseReleaseEvent(QMouseEvent *event)
+{
+    PassMouseEvent(event);
+    QWidget::mouseReleaseEvent(event);
+    endHere(*event);
+}
+
+void ToolBar::mouseMoveEvent(QMouseEvent *event)
+{
+    PassMouseEvent(event);
+    QWidget::mouseMoveEvent(event);
+    endHere(*event);
+}
+
+void ToolBar::enterEvent(QEvent *event)
+{
+    EnableActions();
+    QWidget::enterEvent(event);
+}
+
+} // namespace Vela::UiBase

@@ -1,0 +1,232 @@
+// SPDX-FileCopyrightText: 2026 The lumo_ui_base authors
+// SPDX-License-Identifier: MIT
+
+// How a tool bar keeps its place, slides in and out, and has its menus follow.
+
+#include "ui_base/toolbar/toolbar.h"
+
+#include "ui_base/toolbar/toolbar_p.h"
+
+#include "ui_base/toolbar/toolbargeometry_p.h"
+#include "ui_base/toolbar/toolbuttonwithmenu.h"
+
+#include <QEasingCurve>
+#include <QEvent>
+#include <QPropertyAnimation>
+#include <QState>
+#include <QTimer>
+
+namespace Vela::UiBase {
+namespace {
+
+constexpr int slideDuration = 300;
+constexpr int resizeDelay = 100;
+
+} // namespace
+
+void ToolBar::InitializeStateMachine()
+{
+    Q_D(ToolBar);
+    d->initialState = new QState;
+    d->stateMachine.addState(d->initialState);
+    d->stateMachine.setInitialState(d->initialState);
+    d->stateMachine.start();
+}
+
+void ToolBar::InitializeResizeTimer()
+{
+    Q_D(ToolBar);
+    delete d->resizeTimer;
+    d->resizeTimer = new QTimer(this);
+    d->resizeTimer->setSingleShot(true);
+    d->resizeTimer->setInterval(resizeDelay);
+    connect(d->resizeTimer, &QTimer::timeout, this, &ToolBar::OnResizeTimerTimeOut);
+}
+
+void ToolBar::AutoPosition()
+{
+    Q_D(ToolBar);
+    d->autoPositionTimer->start(d->autoPositionInterval);
+}
+
+void ToolBar::OnAutoPosition()
+{
+    Q_D(ToolBar);
+    const bool hasSide = d->area != Qt::AllToolBarAreas && d->area != Qt::NoToolBarArea;
+    if (d->autoPositionEnabled && hasSide && d->refParent)
+        move(Internal::placeAtSide(d->area, d->refParent->size(), size(), d->offset, d->centered));
+}
+
+void ToolBar::SetEnableAutoPosition(bool enable)
+{
+    Q_D(ToolBar);
+    d->autoPositionEnabled = enable;
+}
+
+void ToolBar::SetCentered(bool centered)
+{
+    Q_D(ToolBar);
+    d->centered = centered;
+    OnAutoPosition();
+}
+
+void ToolBar::SetOffset(const QPoint &offset)
+{
+    Q_D(ToolBar);
+    d->offset = offset;
+    OnAutoPosition();
+}
+
+void ToolBar::setDelayRelocationOnResize(bool delay)
+{
+    Q_D(ToolBar);
+    d->delayRelocationOnResize = delay;
+    if (delay)
+        InitializeResizeTimer();
+}
+
+void ToolBar::OnResizeTimerTimeOut()
+{
+    Q_D(ToolBar);
+    for (const QPointer<ToolButtonWithMenu> &button : d->menuButtons(true)) {
+        if (button->IsMenuShowing()) {
+            button->ShowMenu();
+            return;
+        }
+    }
+}
+
+QPropertyAnimation *ToolBar::InitializePosAnimation(bool show, QWidget *widget, ToolBar *toolBar,
+                                                    QPoint offset, const QEasingCurve &curve,
+                                                    int durationMs)
+{
+    auto *const animation = new QPropertyAnimation(widget, "pos", widget);
+    animation->setDuration(durationMs);
+    animation->setEasingCurve(curve);
+    animation->setStartValue(GetAnimationTargetPos(show, true, widget, toolBar, offset));
+    animation->setEndValue(GetAnimationTargetPos(show, false, widget, toolBar, offset));
+    connect(animation, &QAbstractAnimation::finished, toolBar,
+            show ? &ToolBar::ShowAnimationFinished : &ToolBar::HideAnimationFinished);
+    connect(animation, &QAbstractAnimation::finished, toolBar,
+            show ? &ToolBar::OnShowAnimationDone : &ToolBar::OnHideAnimationDone);
+    return animation;
+}
+
+QPoint ToolBar::GetAnimationTargetPos(bool show, bool isStart, QWidget *widget, ToolBar *toolBar,
+                                      QPoint offset)
+{
+    const QWidget *const parent = widget->parentWidget();
+    if (!parent)
+        return widget->pos();
+    return Internal::placeOfSlide(toolBar->d_func()->area, show != isStart, parent->rect(),
+                                  widget->rect(), widget->pos(), offset);
+}
+
+// A slide that has not ended is given up: its end would undo this one.
+void ToolBarPrivate::slide(bool show, const QEasingCurve &curve)
+{
+    Q_Q(ToolBar);
+    if (slideAnimation)
+        slideAnimation->stop();
+    QPropertyAnimation *const animation =
+        ToolBar::InitializePosAnimation(show, q, q, offset, curve, slideDuration);
+    slideAnimation = animation;
+    if (show && !q->isVisible()) {
+        q->move(animation->startValue().toPoint());
+        q->show();
+    }
+    if (show)
+        q->setEnabled(true);
+    inShowMode = show;
+    animation->start(QAbstractAnimation::DeleteWhenStopped);
+}
+
+void ToolBar::ShowAnimated()
+{
+    Q_D(ToolBar);
+    d->slide(true, QEasingCurve::OutExpo);
+}
+
+void ToolBar::HideAnimated()
+{
+    Q_D(ToolBar);
+    HideAllButtonMenusExcept(false, nullptr);
+    SetLocked(true);
+    d->slide(false, QEasingCurve::InExpo);
+}
+
+void ToolBar::OnShowAnimationDone()
+{
+    SetLocked(false);
+}
+
+void ToolBar::OnHideAnimationDone()
+{
+    hide();
+}
+
+bool ToolBar::InShowMode()
+{
+    Q_D(ToolBar);
+    if (!isVisible())
+        d->inShowMode = false;
+    return d->inShowMode;
+}
+
+void ToolBar::ShowMe()
+{
+    show();
+    raise();
+}
+
+void ToolBar::HideMe(bool keepMenuState)
+{
+    Q_D(ToolBar);
+    d->keepMenuStateOnHide = keepMenuState;
+    d->hideMenus(d->menuButtons(true));
+    hide();
+}
+
+bool ToolBar::eventFilter(QObject *watched, QEvent *event)
+{
+    Q_D(ToolBar);
+    if (event->type() == QEvent::Resize)
+        d->onResized(watched);
+    else if (event->type() == QEvent::DynamicPropertyChange)
+        d->noteCommandId(qobject_cast<ToolButton *>(watched));
+    return QWidget::eventFilter(watched, event);
+}
+
+void ToolBarPrivate::onResized(QObject *watched)
+{
+    Q_Q(ToolBar);
+    if (watched == centralWidget || panels.values().contains(static_cast<QWidget *>(watched))) {
+        q->resize(centralWidget->size());
+        centralWidget->move(0, 0);
+        UpdatePathMaps();
+    }
+    if (watched == refParent)
+        q->OnAutoPosition();
+    if (delayRelocationOnResize)
+        resizeTimer->start();
+    else
+        q->OnResizeTimerTimeOut();
+}
+
+void ToolBar::showEvent(QShowEvent *event)
+{
+    Q_D(ToolBar);
+    AdjustToolBarSize(false);
+    d->reopenMenus();
+    QWidget::showEvent(event);
+    d->keepMenuStateOnHide = true;
+}
+
+void ToolBar::hideEvent(QHideEvent *event)
+{
+    Q_D(ToolBar);
+    HideAllButtonMenusExcept(d->keepMenuStateOnHide, nullptr);
+    QWidget::hideEvent(event);
+}
+
+} // namespace Vela::UiBase
