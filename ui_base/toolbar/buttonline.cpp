@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <type_traits>
+#include <utility>
 
 namespace Vela::UiBase::Internal {
 
@@ -39,55 +40,64 @@ template<typename Box>
 void ButtonLineOf<Box>::insertButton(int index, QAbstractButton *button)
 {
     const int place = index < 0 ? Box::count() : index;
-    m_isInserting = true;
-    button->setAttribute(Qt::WA_LaidOut);
-    auto *const item = new QWidgetItem(button);
-    Box::insertItem(place, item);
-    m_isInserting = false;
-    m_firstMisplaced = std::min(m_firstMisplaced, place);
     // A new child of a visible panel is hidden until somebody shows it.
     const bool isKeptHidden =
         button->isHidden() && button->testAttribute(Qt::WA_WState_ExplicitShowHide);
-    if (m_isSumValid)
-        addToSum(*item, !isKeptHidden);
-    const SettingUp itIsCounted(this);
-    if (!isKeptHidden && button->parentWidget()->isVisible())
-        button->show();
+    auto *const item = new QWidgetItem(button);
+    button->setAttribute(Qt::WA_LaidOut);
+    const bool isCounted = m_isSumValid && m_sum.isSimple;
+    {
+        const SettingUp guard(this);
+        Box::insertItem(place, item);
+        m_isBoxStale = true;
+        m_firstMisplaced = std::min(m_firstMisplaced, place);
+        if (isCounted)
+            addToSum(*item, !isKeptHidden);
+        if (!isKeptHidden && button->parentWidget()->isVisible())
+            button->show();
+    }
+    if (!isCounted || !m_sum.isSimple)
+        invalidate();
 }
 
 template<typename Box>
 QSize ButtonLineOf<Box>::sizeHint() const
 {
-    return sum().isSimple ? totalSize() : Box::sizeHint();
+    return sum().isSimple ? totalSize() : upToDate().Box::sizeHint();
 }
 
 template<typename Box>
 QSize ButtonLineOf<Box>::minimumSize() const
 {
-    return sum().isSimple ? totalSize() : Box::minimumSize();
+    return sum().isSimple ? totalSize() : upToDate().Box::minimumSize();
+}
+
+template<typename Box>
+QSize ButtonLineOf<Box>::maximumSize() const
+{
+    return upToDate().Box::maximumSize();
 }
 
 template<typename Box>
 Qt::Orientations ButtonLineOf<Box>::expandingDirections() const
 {
-    return sum().isSimple ? sum().expanding : Box::expandingDirections();
+    return sum().isSimple ? sum().expanding : upToDate().Box::expandingDirections();
 }
 
 template<typename Box>
 bool ButtonLineOf<Box>::hasHeightForWidth() const
 {
-    return !sum().isSimple && Box::hasHeightForWidth();
+    return !sum().isSimple && upToDate().Box::hasHeightForWidth();
 }
 
 template<typename Box>
 void ButtonLineOf<Box>::invalidate()
 {
-    if (!m_isInserting && setups > 0)
+    if (setups > 0)
         return;
-    if (!m_isInserting) {
-        m_isSumValid = false;
-        m_firstMisplaced = 0;
-    }
+    m_isSumValid = false;
+    m_firstMisplaced = 0;
+    m_isBoxStale = false;
     Box::invalidate();
 }
 
@@ -97,6 +107,7 @@ void ButtonLineOf<Box>::setGeometry(const QRect &rect)
     const QRect room = rect.marginsRemoved(Box::contentsMargins());
     if (!fits(room)) {
         m_firstMisplaced = 0;
+        upToDate();
         Box::setGeometry(rect);
         return;
     }
@@ -107,6 +118,15 @@ void ButtonLineOf<Box>::setGeometry(const QRect &rect)
     m_placedIn = room;
     m_firstMisplaced = Box::count();
     QLayout::setGeometry(rect);
+}
+
+// The box layout is not told of buttons while nobody asks it.
+template<typename Box>
+const ButtonLineOf<Box> &ButtonLineOf<Box>::upToDate() const
+{
+    if (std::exchange(m_isBoxStale, false))
+        const_cast<ButtonLineOf *>(this)->Box::invalidate();
+    return *this;
 }
 
 template<typename Box>

@@ -62,12 +62,14 @@ public:
 
     QSize sizeHint() const override;
     QSize minimumSize() const override;
+    QSize maximumSize() const override;
     Qt::Orientations expandingDirections() const override;
     bool hasHeightForWidth() const override;
     void invalidate() override;
     void setGeometry(const QRect &rect) override;
 
 private:
+    const ButtonLineOf &upToDate() const;
     bool isHorizontal() const;
     const SSum &sum() const;
     void addToSum(const QLayoutItem &item, bool isSeen) const;
@@ -78,7 +80,7 @@ private:
 
     mutable SSum m_sum;
     mutable bool m_isSumValid = true;
-    bool m_isInserting = false;
+    mutable bool m_isBoxStale = false;
     int m_firstMisplaced = 0;
     QRect m_placedIn;
 };

@@ -169,6 +169,8 @@ void ToolBarPrivate::AddButtonToLayout(ToolButton *button, const QString &groupN
             mainLayout->insertWidget(index, panel);
         else if (mainLayout)
             mainLayout->addWidget(panel);
+        if (mainLayout && centralWidget->isVisible())
+            panel->show();
         panel->adjustSize();
     }
     setRank(button, rank);
@@ -562,11 +564,25 @@ void ToolBar::AdjustToolBarSize(bool forceRelayout)
             panel->layout()->setSizeConstraint(QLayout::SetMinimumSize);
             resize(oldSize);
         }
-        panel->adjustSize();
     }
+    d->updateMinimumSizes();
+    for (QWidget *const panel : qAsConst(d->panels))
+        panel->adjustSize();
     d->centralWidget->adjustSize();
     d->UpdatePathMaps();
     OnAutoPosition();
+}
+
+// Those of before would keep panels and bar from shrinking.
+void ToolBarPrivate::updateMinimumSizes() const
+{
+    for (QWidget *const panel : panels) {
+        if (QLayout *const layout = panel->layout())
+            layout->activate();
+        panel->updateGeometry();
+    }
+    if (mainLayout)
+        mainLayout->activate();
 }
 
 void ToolBar::SetMainContentMargins(QMargins margins)
@@ -833,6 +849,7 @@ void ToolBar::resizeEvent(QResizeEvent *event)
     Q_D(ToolBar);
     d->UpdateButtonSeparatorPaths();
     QWidget::resizeEvent(event);
+    OnAutoPosition();
 }
 
 } // namespace Vela::UiBase

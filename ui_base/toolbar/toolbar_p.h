@@ -142,6 +142,7 @@ private:
     void initialize(QWidget *parent);
     void makeCentralWidget();
     void makeMainLayout();
+    void updateMinimumSizes() const;
     QWidget *makePanel(const QString &groupName) const;
     void putPanel(QWidget *panel, int rank);
     int rankOf(const QString &groupName) const;
