@@ -1,0 +1,181 @@
+// SPDX-FileCopyrightText: 2026 The lumo_ui_base authors
+// SPDX-License-Identifier: MIT
+//
+// What does a long tool bar cost next to Qt's: to fill it, hidden or shown, to keep it in memory, and
+// to paint it? Each pass makes a window with a bar of its own; the actions and their icons are at
+// hand, as an application's commands are.
+
+#include "ui_base/toolbar/toolbar.h"
+
+#include "support/heapcount.h"
+#include "support/runbenchmarks.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QPixmap>
+#include <QToolBar>
+
+#include <benchmark/benchmark.h>
+
+#include <deque>
+#include <memory>
+
+using namespace Lumo::Bench;
+using Vela::UiBase::ToolBar;
+
+namespace {
+
+std::deque<QAction> makeActions(std::int64_t count)
+{
+    QPixmap picture(24, 24);
+    picture.fill(Qt::red);
+    const QIcon icon(picture);
+    std::deque<QAction> actions(static_cast<std::size_t>(count));
+    int number = 0;
+    for (QAction &action : actions) {
+        action.setText(QStringLiteral("Command %1").arg(++number));
+        action.setIcon(icon);
+    }
+    return actions;
+}
+
+struct QtBar
+{
+    explicit QtBar(QWidget *window)
+        : bar(new QToolBar(window))
+    {
+        bar->setIconSize(QSize(24, 24));
+    }
+    void add(QAction &action) { bar->addAction(&action); }
+    void fit(int count) { bar->resize(count * 40, 40); }
+    QWidget *widget() { return bar; }
+    QToolBar *const bar;
+};
+
+struct LumoBar
+{
+    explicit LumoBar(QWidget *window)
+        : bar(new ToolBar(window, Qt::TopToolBarArea))
+    { }
+    void add(QAction &action) { bar->AddAction(&action, QStringLiteral("tools")); }
+    void fit(int) { }
+    QWidget *widget() { return bar; }
+    ToolBar *const bar;
+};
+
+void settle()
+{
+    QCoreApplication::sendPostedEvents();
+    QCoreApplication::processEvents();
+}
+
+template<typename Bar>
+void fillHidden(benchmark::State &state)
+{
+    std::deque<QAction> actions = makeActions(state.range(0));
+    for (auto _ : state) {
+        QWidget window;
+        window.resize(1000, 100);
+        Bar bar(&window);
+        for (QAction &action : actions)
+            bar.add(action);
+        window.show();
+        settle();
+        state.PauseTiming();
+        delete bar.widget();
+        state.ResumeTiming();
+    }
+}
+
+template<typename Bar>
+void fillShown(benchmark::State &state)
+{
+    std::deque<QAction> actions = makeActions(state.range(0));
+    for (auto _ : state) {
+        state.PauseTiming();
+        QWidget window;
+        window.resize(1000, 100);
+        Bar bar(&window);
+        window.show();
+        settle();
+        state.ResumeTiming();
+        for (QAction &action : actions)
+            bar.add(action);
+        settle();
+        state.PauseTiming();
+        delete bar.widget();
+        state.ResumeTiming();
+    }
+}
+
+template<typename Bar>
+void heap(benchmark::State &state)
+{
+    std::deque<QAction> actions = makeActions(state.range(0));
+    std::int64_t bytes = 0;
+    for (auto _ : state) {
+        QWidget window;
+        Bar bar(&window);
+        window.show();
+        settle();
+        const std::int64_t before = liveHeapBytes();
+        for (QAction &action : actions)
+            bar.add(action);
+        settle();
+        bytes = liveHeapBytes() - before;
+    }
+    state.counters["bytes"] = double(bytes) / double(state.range(0));
+}
+
+template<typename Bar>
+void repaint(benchmark::State &state, bool wholeBar)
+{
+    const int count = int(state.range(0));
+    std::deque<QAction> actions = makeActions(count);
+    QWidget window;
+    window.resize(count * 40, 60);
+    Bar bar(&window);
+    for (QAction &action : actions)
+        bar.add(action);
+    window.show();
+    bar.fit(count);
+    settle();
+    QImage screen(bar.widget()->size(), QImage::Format_ARGB32_Premultiplied);
+    QWidget *const button = bar.widget()->childAt(20, 20);
+    const QRect region = wholeBar
+                             ? bar.widget()->rect()
+                             : QRect(button->mapTo(bar.widget(), QPoint()), button->size());
+    while (state.KeepRunningBatch(wholeBar ? count : 1))
+        bar.widget()->render(&screen, region.topLeft(), region);
+}
+
+template<typename Bar>
+void repaintAll(benchmark::State &state)
+{
+    repaint<Bar>(state, true);
+}
+
+template<typename Bar>
+void repaintOne(benchmark::State &state)
+{
+    repaint<Bar>(state, false);
+}
+
+BENCHMARK_TEMPLATE(fillHidden, QtBar)->Name("fillHiddenQt")->Arg(300)->Arg(2000);
+BENCHMARK_TEMPLATE(fillHidden, LumoBar)->Name("fillHiddenLumo")->Arg(300)->Arg(2000);
+BENCHMARK_TEMPLATE(fillShown, QtBar)->Name("fillShownQt")->Arg(300)->Arg(2000);
+BENCHMARK_TEMPLATE(fillShown, LumoBar)->Name("fillShownLumo")->Arg(300)->Arg(2000);
+BENCHMARK_TEMPLATE(heap, QtBar)->Name("heapQt")->Arg(2000)->Iterations(1);
+BENCHMARK_TEMPLATE(heap, LumoBar)->Name("heapLumo")->Arg(2000)->Iterations(1);
+BENCHMARK_TEMPLATE(repaintAll, QtBar)->Name("repaintAllQt")->Arg(200);
+BENCHMARK_TEMPLATE(repaintAll, LumoBar)->Name("repaintAllLumo")->Arg(200);
+BENCHMARK_TEMPLATE(repaintOne, QtBar)->Name("repaintOneQt")->Arg(2000);
+BENCHMARK_TEMPLATE(repaintOne, LumoBar)->Name("repaintOneLumo")->Arg(2000);
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    QApplication app(argc, argv);
+    return runBenchmarks(argc, argv);
+}
