@@ -49,7 +49,13 @@ TooltipObject::TooltipObject(TooltipObjectPrivate &dd, const QString &groupName,
     : ATooltipObject(dd, groupName, parent)
 { }
 
-TooltipObject::~TooltipObject() = default;
+TooltipObject::~TooltipObject()
+{
+    Q_D(TooltipObject);
+    // Its window is a child of the host, which hears of the end of that.
+    if (d->hostWidget)
+        d->hostWidget->removeEventFilter(this);
+}
 
 void TooltipObject::AttachTo(QWidget *host)
 {
