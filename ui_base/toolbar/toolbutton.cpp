@@ -142,7 +142,6 @@ void ToolButtonPrivate::initialize(QAction *newAction, ToolBar *newToolBar)
         return;
     action = newAction;
     toolBar = newToolBar;
-    q->addAction(newAction);
     q->setDefaultAction(newAction);
     tooltipText = newAction->toolTip();
     updateAccessibleName();
@@ -279,8 +278,6 @@ QAction *ToolButton::CreateToolButtonAction(QWidget *parent, QString text, QIcon
     if (receiver && slot)
         // By name: the caller says which slot it is to be.
         connect(action, SIGNAL(triggered()), receiver, slot);
-    else
-        action->setCheckable(false);
     return action;
 }
 

@@ -17,6 +17,7 @@
 
 #include <QAction>
 #include <QCursor>
+#include <QIconEngine>
 #include <QLabel>
 #include <QMouseEvent>
 #include <QSignalSpy>
@@ -105,9 +106,14 @@ public:
     OpenButton(QAction *action, ToolBar *bar, QWidget *parent)
         : ToolButton(*new OpenPrivate, action, bar, parent)
     { }
-    void ClickedHandler() override { ++handled; }
+    void ClickedHandler() override
+    {
+        ++handled;
+        requestedWhenHandled = ClickedHandlerRequested();
+    }
     OpenPrivate *opened() { return static_cast<OpenPrivate *>(d_ptr.get()); }
     int handled = 0;
+    bool requestedWhenHandled = false;
 };
 
 class Handler : public ToolButton::IToolButtonCallbackHandler
@@ -209,6 +215,7 @@ private Q_SLOTS:
     void uncheckingShowsThePictureThatThePointerAsksFor();
     void checkingLeavesThePictureAlone();
     void buttonWithoutIconStaysWithoutOne();
+    void pictureAtRestStandsInForAMissingActiveOne();
     void newIconSizeMakesBothPicturesTheSame();
     void freshIconOfTheNewSizeKeepsTwoPictures();
     void iconSmallerThanItsRoomKeepsTwoPictures_data();
@@ -522,6 +529,24 @@ void TestToolButton::buttonWithoutIconStaysWithoutOne()
     QVERIFY(!scene.button.opened()->normalIcon);
 }
 
+void TestToolButton::pictureAtRestStandsInForAMissingActiveOne()
+{
+    class RestOnly : public QIconEngine
+    {
+    public:
+        void paint(QPainter *, const QRect &, QIcon::Mode, QIcon::State) override { }
+        QIconEngine *clone() const override { return new RestOnly; }
+        QPixmap pixmap(const QSize &size, QIcon::Mode mode, QIcon::State) override
+        {
+            return mode == QIcon::Normal ? pictureOf(Qt::red, size) : QPixmap();
+        }
+    };
+    Scene scene;
+    scene.action.setIcon(QIcon(new RestOnly));
+    scene.hover();
+    QCOMPARE(shownBy(scene.button), QColor(Qt::red));
+}
+
 void TestToolButton::newIconSizeMakesBothPicturesTheSame()
 {
     Scene scene;
@@ -657,6 +682,8 @@ void TestToolButton::tooltipComesAndGoesWithThePointer()
     TooltipObject *const tooltip = scene.button.GetTooltipObject();
     scene.hover();
     QTRY_VERIFY(tooltip->IsVisible());
+    for (const QTimer *const timer : tooltip->findChildren<QTimer *>())
+        QVERIFY(timer->interval() == 0 || !timer->isSingleShot());
     scene.moveAway();
     QTRY_VERIFY(!tooltip->IsVisible());
 }
@@ -852,6 +879,7 @@ void TestToolButton::clickOnTheWayIsTold()
     connect(&scene.button, &ToolButton::ToolButtonClicked, this, note);
     scene.click();
     QCOMPARE(requested, QVector<bool>({true, true}));
+    QVERIFY(!scene.button.requestedWhenHandled);
     QVERIFY(!scene.button.ClickedHandlerRequested());
     requested.clear();
     scene.button.click();
