@@ -99,8 +99,12 @@ void fillShown(benchmark::State &state)
         window.show();
         settle();
         state.ResumeTiming();
-        for (QAction &action : actions)
+        for (QAction &action : actions) {
             bar.add(action);
+            // Each has its place before the next one comes, as when commands arrive one by one.
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::MetaCall);
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+        }
         settle();
         state.PauseTiming();
         delete bar.widget();

@@ -619,6 +619,11 @@ void TestToolBarCommands::hidingForGoodForgetsTheOpenPopup()
     QVERIFY(bar.isVisible());
     QVERIFY(!button->IsMenuShowing());
     QVERIFY(bar.opened()->keepMenuStateOnHide);
+    bar.hide();
+    button->SetSavedMenuOwner(button);
+    button->SetSaveMenuState(false);
+    bar.show();
+    QVERIFY(!button->IsMenuShowing());
 }
 
 void TestToolBarCommands::popupIsReopenedByItsOwner()
