@@ -105,7 +105,8 @@ template<typename Box>
 void ButtonLineOf<Box>::setGeometry(const QRect &rect)
 {
     const QRect room = rect.marginsRemoved(Box::contentsMargins());
-    if (!fits(room)) {
+    m_isInPlace = fits(room);
+    if (!m_isInPlace) {
         m_firstMisplaced = 0;
         upToDate();
         Box::setGeometry(rect);
@@ -117,7 +118,13 @@ void ButtonLineOf<Box>::setGeometry(const QRect &rect)
     placeFrom(isSamePlace ? m_firstMisplaced : 0, room);
     m_placedIn = room;
     m_firstMisplaced = Box::count();
-    QLayout::setGeometry(rect);
+    m_geometry = rect;
+}
+
+template<typename Box>
+QRect ButtonLineOf<Box>::geometry() const
+{
+    return m_isInPlace ? m_geometry : Box::geometry();
 }
 
 // The box layout is not told of buttons while nobody asks it.

@@ -67,6 +67,7 @@ public:
     bool hasHeightForWidth() const override;
     void invalidate() override;
     void setGeometry(const QRect &rect) override;
+    QRect geometry() const override;
 
 private:
     const ButtonLineOf &upToDate() const;
@@ -82,6 +83,8 @@ private:
     mutable bool m_isSumValid = true;
     mutable bool m_isBoxStale = false;
     int m_firstMisplaced = 0;
+    bool m_isInPlace = false;
+    QRect m_geometry;
     QRect m_placedIn;
 };
 

@@ -83,10 +83,10 @@ public:
     QPointer<QWidget> refParent; ///< by which the bar is placed
     Qt::ToolBarArea area = Qt::NoToolBarArea;
     bool isGrid = false;
-    int gridSize = 0;
     bool gridRowMajor = true;
-    QPoint offset {100, 0};
     bool centered = true;
+    int gridSize = 0;
+    QPoint offset {100, 0};
     QMap<QString, QList<ToolButton *>> buttonsByGroup; ///< each list in the order of adding
     QMap<QString, QWidget *> panels;                   ///< by the name of the group
     QMargins mainContentMargins;
@@ -99,38 +99,38 @@ public:
     int buttonSpacing = 1;
     int groupSpacing = 10;
     Qt::ToolButtonStyle toolButtonStyle = Qt::ToolButtonIconOnly;
-    bool autoPositionEnabled = false;
     ToolBar::EToolBarRoundCorner mainRoundCorner = ToolBar::EToolBarRoundCorner::NoRoundCorners;
     ToolBar::EToolBarRoundCorner groupRoundCorner = ToolBar::EToolBarRoundCorner::NoRoundCorners;
     int cornerRadius = 4;
     QPainterPath backgroundPath;
     QMap<QWidget *, QPainterPath> panelPaths; ///< in coordinates of the bar
     SPopupDefaults defaultMenu;
-    bool defaultMenuShadow = true;
     SPopupDefaults defaultTooltip;
     QTimer *autoPositionTimer = nullptr;
     int autoPositionInterval = 100;
-    bool hideOnButtonClick = false;
     QPixmap hSeparatorPixmap;
     QPixmap vSeparatorPixmap;
     int reservedMargin = 15;
+    bool autoPositionEnabled = false;
+    bool hideOnButtonClick = false;
+    bool defaultMenuShadow = true;
     bool inShowMode = true;
+    bool keepMenuStateOnHide = true;
+    bool keepStateOnClickOutside = false;
+    bool borderAroundPanels = true;
+    bool delayRelocationOnResize = false;
     QStateMachine stateMachine;
     QState *initialState = nullptr;
     QString tooltipGroupName;
     QColor separatorColor;
-    QVector<QRect> separatorRects;     ///< in coordinates of the bar
-    QPointer<ToolButton> parentButton; ///< whose menu the bar is
-    bool keepMenuStateOnHide = true;
-    bool keepStateOnClickOutside = false;
+    QVector<QRect> separatorRects;                     ///< in coordinates of the bar
+    QPointer<ToolButton> parentButton;                 ///< whose menu the bar is
     QGraphicsDropShadowEffect *shadowEffect = nullptr; ///< owned by the bar
     int borderWidth = 1;
     QColor borderColor;
-    bool borderAroundPanels = true;
     QMap<QString, QList<QPointer<QToolButton>>> exclusiveGroups;
     QHash<ToolButton *, int> buttonRanks;
     QTimer *resizeTimer = nullptr;
-    bool delayRelocationOnResize = false;
 
 protected:
     ToolBar *q_ptr = nullptr;
@@ -157,7 +157,9 @@ private:
 
     void applyMenuDefaults(ToolButton *button) const;
     void applySizes(ToolButton *button);
-    void removeButtonFrom(const QString &name, ToolButton *button);
+    ToolButton *buttonOfAction(QAction *action) const;
+    QString groupOf(ToolButton *button) const;
+    void removeButton(ToolButton *button);
     void hideAfterClick(const ToolButtonWithMenu *clicked);
     void hideMenus(const QList<QPointer<ToolButtonWithMenu>> &buttons) const;
     void reopenMenus();

@@ -236,26 +236,36 @@ bool ToolBar::RemoveSingleCommand(CommandBase *command)
 bool ToolBar::RemoveButton(QAction *action)
 {
     Q_D(ToolBar);
-    if (!action)
-        return false;
-    const auto *const command = qobject_cast<CommandBase *>(action);
-    const QString id = command ? command->commandId() : QString();
-    for (auto it = d->buttonsByGroup.cbegin(); it != d->buttonsByGroup.cend(); ++it) {
-        for (ToolButton *const button : *it) {
-            const bool isOfAction = button->actions().contains(action);
-            if (!isOfAction && (!command || commandIdOn(*button) != id))
-                continue;
-            d->removeButtonFrom(it.key(), button);
-            return true;
-        }
-    }
-    return false;
+    ToolButton *const button = action ? d->buttonOfAction(action) : nullptr;
+    if (button)
+        d->removeButton(button);
+    return button;
 }
 
-void ToolBarPrivate::removeButtonFrom(const QString &name, ToolButton *button)
+ToolButton *ToolBarPrivate::buttonOfAction(QAction *action) const
+{
+    const auto *const command = qobject_cast<CommandBase *>(action);
+    const QString id = command ? command->commandId() : QString();
+    for (ToolButton *const button : CollectButtons<ToolButton>()) {
+        if (button->actions().contains(action) || (command && commandIdOn(*button) == id))
+            return button;
+    }
+    return nullptr;
+}
+
+QString ToolBarPrivate::groupOf(ToolButton *button) const
+{
+    for (auto it = buttonsByGroup.cbegin(); it != buttonsByGroup.cend(); ++it) {
+        if (it->contains(button))
+            return it.key();
+    }
+    return {};
+}
+
+void ToolBarPrivate::removeButton(ToolButton *button)
 {
     Q_Q(ToolBar);
-    const QString groupName = name;
+    const QString groupName = groupOf(button);
     TooltipManager::GetInstance().RemoveTooltip(button->GetTooltipObject());
     const QPointer<ToolBar> self(q);
     const QPointer<ToolButton> leaving(button);

@@ -48,10 +48,11 @@ constexpr SPaletteColors DARK_COLORS {
 
 // Qt parses the sheet once for each button of a bar, so every character counts.
 constexpr char TOOL_BUTTON_ON_TOOL_PALETTE[] =
-    "QToolButton{background:transparent;border:none;border-radius:3px;color:@text;font:12px Arial}"
-    "QToolButton:hover,QToolButton:checked{background:@hoverPlate;color:@plateText}"
-    "QToolButton:pressed{background:@pressedPlate;color:@plateText}"
-    "QToolButton:disabled{background:transparent;color:@disabledText}"
+    "QToolButton{background-color:transparent;border:none;border-radius:3px;color:@text;"
+    "font-family:Arial;font-size:12px}"
+    "QToolButton:hover,QToolButton:checked{background-color:@hoverPlate;color:@plateText}"
+    "QToolButton:pressed{background-color:@pressedPlate;color:@plateText}"
+    "QToolButton:disabled{background-color:transparent;color:@disabledText}"
     "QToolButton::menu-indicator{image:none}";
 
 constexpr char TOOL_BUTTON_SYSTEM[] = R"(QToolButton {

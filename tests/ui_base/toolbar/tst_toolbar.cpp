@@ -394,6 +394,8 @@ void TestToolBar::buttonsOfALineStandByRank_data()
     QTest::newRow("equal") << QList<int> {0, 0, 0} << QList<int> {0, 1, 2};
     QTest::newRow("between") << QList<int> {1, 5, 3} << QList<int> {0, 2, 1};
     QTest::newRow("behind an equal one") << QList<int> {1, 5, 1} << QList<int> {0, 2, 1};
+    QTest::newRow("highest possible, added last")
+        << QList<int> {1, 2147483647} << QList<int> {0, 1};
     QTest::newRow("highest possible") << QList<int> {2147483647, 1} << QList<int> {1, 0};
 }
 
@@ -549,6 +551,10 @@ void TestToolBar::barGrowsWithItsContents()
     QTRY_COMPARE(bar.x(), (400 - 38) / 2);
     bar.add(tools);
     QTRY_COMPARE(bar.x(), (400 - 75) / 2);
+    bar.add(views);
+    bar.SetButtonGroupSpacing(50);
+    QTRY_COMPARE(bar.width(), 75 + 50 + 38);
+    QTRY_COMPARE(bar.x(), (400 - 163) / 2);
 }
 
 void TestToolBar::gridIsFilledByCount_data()
@@ -785,6 +791,8 @@ void TestToolBar::parametersAreCopied()
     QCOMPARE(d->reservedMargin, 8);
     to.CopyAllParametersFrom(nullptr);
     QCOMPARE(to.GetButtonSpacing(), 3);
+    to.CopyAllParametersFrom(std::make_unique<OpenBar>().get());
+    QCOMPARE(to.IconSize(), QSize(24, 24)); // not what the size of the buttons gives
 }
 
 void TestToolBar::menuAndTooltipParametersAreCopiedAlone()
