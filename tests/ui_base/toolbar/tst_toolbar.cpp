@@ -17,6 +17,7 @@
 #include <QCursor>
 #include <QGraphicsDropShadowEffect>
 #include <QGridLayout>
+#include <QPainter>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -94,7 +95,7 @@ QImage paintedOf(OpenBar &bar)
         button->setVisible(false);
     QImage image(bar.size(), QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
-    bar.render(&image, {}, {}, QWidget::DrawWindowBackground);
+    bar.render(&image, {}, {}, QWidget::RenderFlags());
     return image;
 }
 
@@ -175,6 +176,7 @@ private Q_SLOTS:
     void plateBackgroundAndSeparatorsArePainted();
     void borderStandsWhereItIsWanted_data();
     void borderStandsWhereItIsWanted();
+    void thinBorderHasThePixelsOfALine();
     void separatorColorWaitsForTheNextPainting();
     void platesFollowTheirPanels();
 };
@@ -994,6 +996,29 @@ void TestToolBar::borderStandsWhereItIsWanted()
     const QImage image = paintedOf(bar);
     QTEST(image.pixelColor(37, 19) == QColor(Qt::red), "atPanel");
     QTEST(image.pixelColor(0, 19) == QColor(Qt::red), "atBar");
+}
+
+void TestToolBar::thinBorderHasThePixelsOfALine()
+{
+    QWidget window;
+    OpenBar bar(&window);
+    const QColor translucent(200, 30, 90, 100);
+    bar.SetBackColor(Qt::transparent);
+    bar.SetGroupBackColor(Qt::transparent);
+    bar.SetBorder(1, translucent, true);
+    bar.add(tools);
+    showAndSettle(window);
+    QImage expected(bar.size(), QImage::Format_ARGB32_Premultiplied);
+    expected.fill(Qt::transparent);
+    QPainter painter(&expected);
+    painter.setPen(QPen(QBrush(translucent), 1));
+    const QRect rect = bar.rect();
+    painter.drawLine(rect.topLeft(), rect.topRight());
+    painter.drawLine(rect.topRight(), rect.bottomRight());
+    painter.drawLine(rect.bottomRight(), rect.bottomLeft());
+    painter.drawLine(rect.bottomLeft(), rect.topLeft());
+    painter.end();
+    QCOMPARE(paintedOf(bar), expected);
 }
 
 void TestToolBar::separatorColorWaitsForTheNextPainting()
