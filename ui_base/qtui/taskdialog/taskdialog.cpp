@@ -442,11 +442,15 @@ void TaskDialogPrivate::breakLongWords(QLabel *label, int width) const
 void TaskDialogPrivate::fitSize()
 {
     Q_Q(TaskDialog);
+    QLayout *const layout = q->layout();
     q->adjustSize();
+    layout->activate();
+    QSize size = q->size();
     if (hasWidget)
-        return;
-    q->layout()->activate();
-    q->resize(q->width(), q->layout()->totalHeightForWidth(q->width()));
+        size = size.expandedTo(layout->totalMinimumSize());
+    if (layout->hasHeightForWidth())
+        size.setHeight(layout->totalHeightForWidth(size.width()));
+    q->resize(size);
 }
 
 // The bar ends where the cross begins.
