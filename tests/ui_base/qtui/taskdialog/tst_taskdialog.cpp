@@ -18,6 +18,7 @@
 #include <QLayout>
 #include <QLineEdit>
 #include <QMetaMethod>
+#include <QPainter>
 #include <QPointer>
 #include <QPushButton>
 #include <QRegularExpression>
@@ -127,12 +128,18 @@ QImage imageOf(const QString &path)
     return image;
 }
 
-// The picture of an icon in its own pixels.
+// What an icon of 16 by 16 draws on the screen.
 QImage imageOf(const QIcon &icon)
 {
-    QPixmap pixmap = icon.pixmap(icon.availableSizes().value(0));
-    pixmap.setDevicePixelRatio(1);
-    return pixmap.toImage().convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    const qreal ratio = qApp->devicePixelRatio();
+    QImage image(QSize(16, 16) * ratio, QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(ratio);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    icon.paint(&painter, QRect(0, 0, 16, 16));
+    painter.end();
+    image.setDevicePixelRatio(1);
+    return image;
 }
 
 QString atRatio(QString path)
