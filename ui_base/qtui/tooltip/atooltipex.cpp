@@ -254,6 +254,7 @@ void ATooltipEx::OnIndexChanged(int index)
     UpdateContent();
 }
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): the signature is what others connect to.
 void ATooltipEx::OnKeywordChanged(QString keyword)
 {
     Q_D(ATooltipEx);

@@ -34,6 +34,7 @@ void DefaultTooltip::SetBackgroundColor(const QColor &color)
     setPalette(fresh);
 }
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): the signature is what others connect to.
 void DefaultTooltip::onUpdateTooltip(QString tooltipText)
 {
     d->ui.label->setText(tooltipText);
