@@ -350,6 +350,7 @@ protected:
 
 private:
     friend class ToolButton;
+    friend class ToolButtonPrivate;
     friend class ToolButtonWithMenu;
     Q_DECLARE_PRIVATE(ToolBar)
     Q_DISABLE_COPY(ToolBar)

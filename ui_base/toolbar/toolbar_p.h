@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "ui_base/toolbar/buttonplates_p.h"
 #include "ui_base/toolbar/toolbar.h"
 #include "ui_base/toolbar/toolbuttonwithmenu.h"
 
@@ -138,6 +139,7 @@ protected:
 private:
     friend class ToolBar;
     friend class ToolButton;
+    friend class ToolButtonPrivate;
 
     void initialize(QWidget *parent);
     void makeCentralWidget();
@@ -192,6 +194,7 @@ private:
     QHash<QString, int> commandIds;
     QHash<ToolButton *, QString> commandIdOf;
     QPointer<QAbstractAnimation> slideAnimation;
+    Internal::ButtonPlates plates;
 };
 
 } // namespace Vela::UiBase

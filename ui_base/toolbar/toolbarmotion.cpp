@@ -194,6 +194,8 @@ bool ToolBar::eventFilter(QObject *watched, QEvent *event)
         d->onResized(watched);
     else if (event->type() == QEvent::DynamicPropertyChange)
         d->noteCommandId(qobject_cast<ToolButton *>(watched));
+    else if (event->type() == QEvent::StyleChange)
+        d->plates.clear();
     return QWidget::eventFilter(watched, event);
 }
 

@@ -19,6 +19,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QStyle>
+#include <QStyleOptionToolButton>
 #include <QTextDocumentFragment>
 
 #include <algorithm>
@@ -222,6 +223,33 @@ void ToolButtonPrivate::updateAccessibleName()
         return;
     accessibleName = nameOf(*action);
     q->setAccessibleName(accessibleName);
+}
+
+// With another style sheet, be it one of a widget around the button, a plate of the bar's would be
+// wrong.
+bool ToolButtonPrivate::isPlain() const
+{
+    Q_Q(const ToolButton);
+    if (!toolBar || q->toolButtonStyle() != Qt::ToolButtonIconOnly || q->icon().isNull()
+        || q->menu() || q->arrowType() != Qt::NoArrow || q->autoRaise()
+        || q->styleSheet() != Resource::Styles::Instance().ToolButtonOnToolPalette())
+        return false;
+    for (const QWidget *widget = q->parentWidget(); widget; widget = widget->parentWidget()) {
+        if (!widget->styleSheet().isEmpty())
+            return false;
+    }
+    return true;
+}
+
+bool ToolButtonPrivate::paintPlainly() const
+{
+    Q_Q(const ToolButton);
+    if (!isPlain())
+        return false;
+    QStyleOptionToolButton option;
+    q->initStyleOption(&option);
+    QPainter painter(const_cast<ToolButton *>(q));
+    return toolBar->d_func()->plates.paint(painter, option, *q);
 }
 
 ToolButton::ToolButton(QAction *action, ToolBar *toolBar, QWidget *parent)
@@ -481,6 +509,13 @@ void ToolButton::leaveEvent(QEvent *)
 {
     Q_D(ToolButton);
     d->showIcon(isChecked() && isEnabled());
+}
+
+void ToolButton::paintEvent(QPaintEvent *event)
+{
+    Q_D(ToolButton);
+    if (!d->paintPlainly())
+        QToolButton::paintEvent(event);
 }
 
 void ToolButton::actionEvent(QActionEvent *event)

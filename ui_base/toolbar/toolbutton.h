@@ -184,6 +184,9 @@ protected:
     void mouseMoveEvent(QMouseEvent *event) override;
     void enterEvent(QEvent *event) override;
     void leaveEvent(QEvent *event) override;
+    /// Paints what its style sheet says. A button on a bar that shows nothing but its icon does so out
+    /// of pictures that the buttons of the bar share.
+    void paintEvent(QPaintEvent *event) override;
     /// Keeps the accessible name in step with the action.
     void actionEvent(QActionEvent *event) override;
 

@@ -80,6 +80,8 @@ private:
     bool iconsAreStale() const;
     void showIcon(bool active);
     void updateAccessibleName();
+    bool isPlain() const;
+    bool paintPlainly() const;
 
     std::unique_ptr<QObject> actionWatcher;
     bool isTooltipPrepared = false;

@@ -48,8 +48,8 @@ constexpr SPaletteColors DARK_COLORS {
 
 // Qt parses the sheet once for each button of a bar, so every character counts.
 constexpr char TOOL_BUTTON_ON_TOOL_PALETTE[] =
-    "QToolButton{background-color:transparent;border:none;border-radius:3px;color:@text;"
-    "font-family:Arial;font-size:12px}"
+    "QToolButton{background-color:transparent;border:none;border-radius:3px;padding:0px;"
+    "color:@text;font-family:Arial;font-size:12px}"
     "QToolButton:hover,QToolButton:checked{background-color:@hoverPlate;color:@plateText}"
     "QToolButton:pressed{background-color:@pressedPlate;color:@plateText}"
     "QToolButton:disabled{background-color:transparent;color:@disabledText}"

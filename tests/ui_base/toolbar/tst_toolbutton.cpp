@@ -225,6 +225,11 @@ private Q_SLOTS:
     void hoveringPreparesEachButtonOnce();
     void movingOverAButtonPaintsItOnce();
 
+    void plainPaintingLooksLikeThatOfTheStyleSheet_data();
+    void plainPaintingLooksLikeThatOfTheStyleSheet();
+    void otherSheetIsPaintedToo_data();
+    void otherSheetIsPaintedToo();
+
     void tooltipComesAndGoesWithThePointer();
     void tooltipIsMadeWhenItIsNeeded();
     void tooltipHasTheTextOfTheAction();
@@ -674,6 +679,79 @@ void TestToolButton::movingOverAButtonPaintsItOnce()
     QCOMPARE(paints.count, 0);
     scene.moveAway();
     QTRY_VERIFY(paints.count > 0);
+}
+
+void TestToolButton::plainPaintingLooksLikeThatOfTheStyleSheet_data()
+{
+    QTest::addColumn<bool>("enabled");
+    QTest::addColumn<bool>("hovered");
+    QTest::addColumn<bool>("checked");
+    QTest::addColumn<bool>("down");
+    for (int bits = 0; bits < 16; ++bits)
+        QTest::newRow(qPrintable(QString::number(bits, 2)))
+            << !(bits & 1) << bool(bits & 2) << bool(bits & 4) << bool(bits & 8);
+}
+
+void TestToolButton::plainPaintingLooksLikeThatOfTheStyleSheet()
+{
+    QFETCH(bool, enabled);
+    QFETCH(bool, hovered);
+    QFETCH(bool, checked);
+    QFETCH(bool, down);
+    QWidget window;
+    ToolBar bar(&window, Qt::TopToolBarArea);
+    QAction action(QStringLiteral("Smooth"));
+    action.setIcon(twoPictures(QSize(20, 12)));
+    action.setCheckable(true);
+    ToolButton plain(&action, &bar, &window);
+    QToolButton styled(&window);
+    styled.setStyleSheet(plain.styleSheet());
+    styled.setDefaultAction(&action);
+    action.setChecked(checked);
+    action.setEnabled(enabled);
+    // Twice: the second time out of what was kept of the first.
+    for (int pass = 0; pass < 2; ++pass) {
+        QVector<QImage> pictures;
+        for (QToolButton *const button : {static_cast<QToolButton *>(&plain), &styled}) {
+            button->setIconSize(iconSize);
+            button->setGeometry(10, 10, 37, 36);
+            button->setAttribute(Qt::WA_UnderMouse, hovered);
+            button->setDown(down);
+            QImage image(button->size() * button->devicePixelRatioF(),
+                         QImage::Format_ARGB32_Premultiplied);
+            image.setDevicePixelRatio(button->devicePixelRatioF());
+            image.fill(QColor(200, 220, 240));
+            button->render(&image, {}, {}, QWidget::RenderFlags());
+            pictures << image;
+        }
+        QCOMPARE(pictures[0], pictures[1]);
+    }
+}
+
+void TestToolButton::otherSheetIsPaintedToo_data()
+{
+    QTest::addColumn<int>("where");
+    QTest::newRow("of the button") << 0;
+    QTest::newRow("of a widget around it") << 1;
+    QTest::newRow("of the application") << 2;
+}
+
+void TestToolButton::otherSheetIsPaintedToo()
+{
+    QFETCH(int, where);
+    const QString sheet = QStringLiteral("QToolButton#button { margin-left: 10px; }");
+    Scene scene;
+    const QImage before = scene.button.grab().toImage();
+    if (where == 0)
+        scene.button.setStyleSheet(sheet);
+    else if (where == 1)
+        scene.window.setStyleSheet(sheet);
+    else
+        qApp->setStyleSheet(sheet);
+    QVERIFY(scene.button.grab().toImage() != before);
+    qApp->setStyleSheet(QString());
+    scene.window.setStyleSheet(QString());
+    QCOMPARE(scene.button.grab().toImage() == before, where != 0);
 }
 
 void TestToolButton::tooltipComesAndGoesWithThePointer()
