@@ -43,6 +43,19 @@ bool isOneSide(Qt::ToolBarArea area)
         || area == Qt::BottomToolBarArea;
 }
 
+// Qt works out the whole of a shape however little of it is to be painted.
+void fillShape(QPainter &painter, const QPainterPath &path, bool isRectangle, const QColor &color,
+               const QRect &exposed)
+{
+    const QRect bounds = path.controlPointRect().toAlignedRect();
+    if (!bounds.intersects(exposed))
+        return;
+    if (isRectangle)
+        painter.fillRect(bounds.intersected(exposed), color);
+    else
+        painter.fillPath(path, QBrush(color));
+}
+
 void drawFrame(QPainter &painter, const QRect &rect)
 {
     const QLine edges[] = {{rect.topLeft(), rect.topRight()},
@@ -473,11 +486,13 @@ void ToolBarPrivate::addSeparatorsOfGrid(const QList<ToolButton *> &buttons, con
 
 void ToolBarPrivate::paintPlates(QPainter &painter, const QRect &exposed) const
 {
-    painter.fillPath(backgroundPath, QBrush(backColor));
-    for (const QPainterPath &path : panelPaths) {
-        if (path.controlPointRect().toAlignedRect().intersects(exposed))
-            painter.fillPath(path, QBrush(groupBackColor));
-    }
+    const auto isSquare = [](ToolBar::EToolBarRoundCorner corners) {
+        return corners != ToolBar::EToolBarRoundCorner::RoundAllCorners
+            && corners != ToolBar::EToolBarRoundCorner::RoundOuterCorners;
+    };
+    fillShape(painter, backgroundPath, isSquare(mainRoundCorner), backColor, exposed);
+    for (const QPainterPath &path : panelPaths)
+        fillShape(painter, path, isSquare(groupRoundCorner), groupBackColor, exposed);
 }
 
 void ToolBarPrivate::paintSeparators(QPainter &painter, const QRect &exposed) const
