@@ -23,7 +23,6 @@
 #include <QTextDocumentFragment>
 
 #include <algorithm>
-#include <utility>
 
 namespace Vela::UiBase {
 namespace {
@@ -67,7 +66,7 @@ QString nameOf(const QAction &action)
 {
     if (!action.text().isEmpty())
         return action.iconText();
-    const QString tooltip = QTextDocumentFragment::fromHtml(action.toolTip()).toPlainText();
+    QString tooltip = QTextDocumentFragment::fromHtml(action.toolTip()).toPlainText();
     if (!tooltip.isEmpty())
         return tooltip;
     const auto *const command = qobject_cast<const CommandBase *>(&action);
@@ -279,32 +278,32 @@ ToolButton::~ToolButton()
         d->toolBar->d_func()->forget(this);
 }
 
-QIcon ToolButton::CreateToolButtonIcon(QString normal, QString active)
+QIcon ToolButton::CreateToolButtonIcon(const QString &normal, const QString &active)
 {
-    if (active.isEmpty())
-        active = normal;
     const qreal ratio = Internal::highestDevicePixelRatio();
     return Internal::iconOf(Internal::loadPixmap(normal, ratio),
-                            Internal::loadPixmap(active, ratio), QIcon::On);
+                            Internal::loadPixmap(active.isEmpty() ? normal : active, ratio),
+                            QIcon::On);
 }
 
-QAction *ToolButton::CreateToolButtonAction(QWidget *parent, QString text, QString normalIcon,
-                                            QString activeIcon, QString tooltip, QObject *receiver,
+QAction *ToolButton::CreateToolButtonAction(QWidget *parent, const QString &text,
+                                            const QString &normalIcon, const QString &activeIcon,
+                                            const QString &tooltip, QObject *receiver,
                                             const char *slot)
 {
-    return CreateToolButtonAction(
-        parent, std::move(text), CreateToolButtonIcon(std::move(normalIcon), std::move(activeIcon)),
-        std::move(tooltip), receiver, slot);
+    return CreateToolButtonAction(parent, text, CreateToolButtonIcon(normalIcon, activeIcon),
+                                  tooltip, receiver, slot);
 }
 
-QAction *ToolButton::CreateToolButtonAction(QWidget *parent, QString text, QIcon icon,
-                                            QString tooltip, QObject *receiver, const char *slot)
+QAction *ToolButton::CreateToolButtonAction(QWidget *parent, const QString &text, const QIcon &icon,
+                                            const QString &tooltip, QObject *receiver,
+                                            const char *slot)
 {
     auto *const action = new QAction(icon, text, parent);
     if (!tooltip.isEmpty())
         action->setToolTip(tooltip);
+    // By name: the caller says which slot it is to be.
     if (receiver && slot)
-        // By name: the caller says which slot it is to be.
         connect(action, SIGNAL(triggered()), receiver, slot);
     return action;
 }

@@ -71,12 +71,13 @@ public:
     /// @param normal file of the picture at rest; empty for none
     /// @param active file of the picture under the pointer; with an empty one it is @p normal
     /// @return a null icon when both are empty
-    static QIcon CreateToolButtonIcon(QString normal, QString active);
+    static QIcon CreateToolButtonIcon(const QString &normal, const QString &active);
 
     /// Makes an action with the icon that CreateToolButtonIcon() makes of the two files; else like
     /// the other form.
-    static QAction *CreateToolButtonAction(QWidget *parent, QString text, QString normalIcon,
-                                           QString activeIcon, QString tooltip, QObject *receiver,
+    static QAction *CreateToolButtonAction(QWidget *parent, const QString &text,
+                                           const QString &normalIcon, const QString &activeIcon,
+                                           const QString &tooltip, QObject *receiver,
                                            const char *slot);
     /// Makes an action for a tool button.
     /// @param parent owner of the action; with null the caller is
@@ -86,8 +87,9 @@ public:
     /// @param receiver whose slot triggered() is connected to
     /// @param slot the slot as SLOT() writes it. Without a receiver or a slot the action does
     ///             nothing and is not checkable
-    static QAction *CreateToolButtonAction(QWidget *parent, QString text, QIcon icon,
-                                           QString tooltip, QObject *receiver, const char *slot);
+    static QAction *CreateToolButtonAction(QWidget *parent, const QString &text, const QIcon &icon,
+                                           const QString &tooltip, QObject *receiver,
+                                           const char *slot);
 
     /// The action that the button was built for; null for a bare one and once the action has died.
     QAction *Action() const;
