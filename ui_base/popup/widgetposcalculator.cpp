@@ -89,27 +89,6 @@ QRect shrunk(const QRect &area, const QMargins &room)
                    bounded(qint64(area.bottom()) - room.bottom() - AreaInset))};
 }
 
-bool isInside(const QRect &t, const QRect &area)
-{
-    return t.left() >= area.left() && t.right() <= area.right() && t.top() >= area.top()
-        && t.bottom() <= area.bottom();
-}
-
-// How far the arrow slides for a popup at @p t that overflows @p area: the first overflowing side
-// counts. A popup smaller than the room of the arrow slides the other way.
-QPoint slide(const QRect &t, const QRect &area)
-{
-    const qint64 sideways = t.width() - ArrowRoom;
-    const qint64 upright = t.height() - ArrowRoom;
-    if (t.left() < area.left())
-        return {bounded(-std::min(sideways, qint64(area.left()) - t.left())), 0};
-    if (t.right() > area.right())
-        return {bounded(std::min(sideways, qint64(t.right()) - area.right())), 0};
-    if (t.top() < area.top())
-        return {0, bounded(-std::min(upright, qint64(area.top()) - t.top()))};
-    return {0, bounded(std::min(upright, qint64(t.bottom()) - area.bottom()))};
-}
-
 // One axis of a rectangle.
 struct Span
 {
@@ -118,14 +97,38 @@ struct Span
     qint64 length;
 };
 
-Span across(const QRect &rect)
+Span spanOf(qint64 first, qint64 last)
 {
-    return {rect.left(), rect.right(), rect.width()};
+    return {first, last, last - first + 1};
 }
 
-Span upright(const QRect &rect)
+Span across(const QRect &rect, int by = 0)
 {
-    return {rect.top(), rect.bottom(), rect.height()};
+    return spanOf(qint64(rect.left()) + by, qint64(rect.right()) + by);
+}
+
+Span upright(const QRect &rect, int by = 0)
+{
+    return spanOf(qint64(rect.top()) + by, qint64(rect.bottom()) + by);
+}
+
+QSize sizeOf(const QRect &rect)
+{
+    return {bounded(across(rect).length), bounded(upright(rect).length)};
+}
+
+bool isInside(const Span &popup, const Span &area)
+{
+    return popup.first >= area.first && popup.last <= area.last;
+}
+
+// How far the arrow slides for a popup that overflows the area: the first overflowing end counts. A
+// popup smaller than the room of the arrow slides the other way.
+int slide(const Span &popup, const Span &area)
+{
+    const qint64 limit = popup.length - ArrowRoom;
+    return popup.first < area.first ? bounded(-std::min(limit, area.first - popup.first))
+                                    : bounded(std::min(limit, popup.last - area.last));
 }
 
 // Where the popup starts along the edge that it shares with the reference; @p before for an
@@ -368,7 +371,7 @@ bool WidgetPosCalculator::GetPosition(QPoint &result, const QRect &rect, bool us
     QRect ref;
     if (!d->widget || !GetRefGeometry(ref))
         return false;
-    const QRect popup(QPoint(0, 0), rect.isEmpty() ? d->widget->size() : rect.size());
+    const QRect popup(QPoint(0, 0), rect.isEmpty() ? d->widget->size() : sizeOf(rect));
     result = useArrow ? GetPosition(ref, popup, point) : GetPosition(ref, popup);
     return true;
 }
@@ -380,10 +383,12 @@ bool WidgetPosCalculator::VerifyPosition(const QPoint &pos, const QRect &rect, Q
     QRect area;
     if (!GetMaxAvailableMovingArea(area))
         return true;
-    const QRect t = rect.translated(pos);
-    if (isInside(t, area))
+    const Span x = across(rect, pos.x());
+    const Span y = upright(rect, pos.y());
+    const bool fitsAcross = isInside(x, across(area));
+    if (fitsAcross && isInside(y, upright(area)))
         return true;
-    adjust = slide(t, area);
+    adjust = fitsAcross ? QPoint(0, slide(y, upright(area))) : QPoint(slide(x, across(area)), 0);
     return false;
 }
 

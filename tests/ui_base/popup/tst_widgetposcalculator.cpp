@@ -276,7 +276,10 @@ private Q_SLOTS:
     void arrowSolveWithoutContentTriesAll();
     void arrowModeNeedsAnArrowedWindow();
     void arrowSolvesEqualTheReference();
+    void referenceMayDieBeforeTheArrowIsPlaced();
+    void withoutAreaTheFirstArrowIsTaken();
     void hugeNumbersEnd();
+    void hugePopupsEnd();
     void popupsLargerThanTheAreaEnd();
 };
 
@@ -1177,6 +1180,59 @@ void WidgetPosCalculatorTest::hugeNumbersEnd()
                 QRect(QPoint(Smallest, Smallest), QPoint(Smallest + 5, Smallest + 5)));
             QVERIFY(solve());
         }
+    }
+}
+
+void WidgetPosCalculatorTest::referenceMayDieBeforeTheArrowIsPlaced()
+{
+    ArrowScene scene;
+    scene.popup->SetArrow(EArrowPosition::Left, 10, false, 0, 90, true, 0);
+    const SArrowParam before = scene.arrow();
+    delete scene.button;
+    QCOMPARE(scene.solve(), QPoint(Largest, Largest));
+    QVERIFY(scene.arrow() == before);
+    scene.calculator.SetRefPoint(QPoint(50, 60));
+    QVERIFY(scene.solve() != QPoint(Largest, Largest));
+    delete scene.popup;
+    QCOMPARE(scene.solve(), QPoint(Largest, Largest));
+}
+
+void WidgetPosCalculatorTest::withoutAreaTheFirstArrowIsTaken()
+{
+    ArrowScene scene;
+    scene.popup->SetArrow(EArrowPosition::Left, 10, false, 0, 90, true, 0);
+    scene.calculator.setMaxAvailableRect(QRect());
+    QVERIFY(!QApplication::activeWindow());
+    scene.button->move(-9000, 7000);
+    QCOMPARE(scene.solve() + scene.popup->GetArrowPoint(), QPoint(-9000 + 59 + 10, 7000 + 19));
+    QCOMPARE(scene.arrow().offset, 0);
+}
+
+void WidgetPosCalculatorTest::hugePopupsEnd()
+{
+    Scene scene;
+    scene.calculator.SetAlignment(EWidgetsAlign::AlignEnd);
+    const QRect all(QPoint(Smallest, Smallest), QPoint(Largest, Largest));
+    for (const QRect &area : {QRect(0, 0, 500, 400), all}) {
+        scene.calculator.setMaxAvailableRect(area);
+        for (const QRect &popup :
+             {all, QRect(0, 0, Largest, Largest), QRect(QPoint(Smallest, 0), QPoint(-1, 5)),
+              QRect(0, 0, -5, -7), QRect(0, 0, Smallest, Smallest)}) {
+            for (const EDirection direction : {Left, Top, Right, Bottom}) {
+                scene.calculator.SetDirection(direction);
+                scene.calculator.SetRefPoint(QPoint(Largest, Smallest));
+                QVERIFY(scene.solve(false, popup) != QPoint(Largest, Largest));
+                scene.calculator.SetRefWidget(scene.button);
+                QVERIFY(scene.solve(false, popup) != QPoint(Largest, Largest));
+            }
+        }
+    }
+    scene.calculator.setMaxAvailableRect(QRect(0, 0, 500, 400));
+    for (const int huge : {Largest, Smallest}) {
+        QPoint adjust;
+        QVERIFY(!scene.calculator.VerifyPosition(QPoint(huge, 50), QRect(0, 0, 100, 80), adjust));
+        QCOMPARE(adjust, QPoint(huge < 0 ? -30 : 30, 0));
+        QVERIFY(!scene.calculator.VerifyPosition(QPoint(huge, huge), all, adjust));
     }
 }
 
