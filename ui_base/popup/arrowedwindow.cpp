@@ -35,6 +35,14 @@ QRect limited(const QRect &rect)
             QPoint(limit(rect.right()), limit(rect.bottom()))};
 }
 
+// Whether @p window stands in @p w, or is it: such a widget cannot stand in the window in turn.
+bool isAround(const QWidget *w, const QWidget *window)
+{
+    while (window && window != w)
+        window = window->parentWidget();
+    return window;
+}
+
 // The layout of the window, which can tell whether anything has changed in it.
 class FrameLayout : public QVBoxLayout
 {
@@ -98,13 +106,17 @@ void ArrowedWindowPrivate::layOut()
 bool ArrowedWindowPrivate::isAtLayout() const
 {
     const QSize size = laidOut.size;
-    return static_cast<const FrameLayout *>(layout)->generation() == appliedGeneration
+    return static_cast<const FrameLayout *>(layout.data())->generation() == appliedGeneration
         && appliedMargins == laidOut.margins && q_ptr->size() == size
         && q_ptr->minimumSize() == size && q_ptr->maximumSize() == size;
 }
 
 void ArrowedWindowPrivate::bringToLayout()
 {
+    if (!layout) {
+        q_ptr->setFixedSize(laidOut.size);
+        return;
+    }
     if (isAtLayout())
         return;
     const QMargins margins = laidOut.margins;
@@ -112,7 +124,7 @@ void ArrowedWindowPrivate::bringToLayout()
     layout->setContentsMargins(margins);
     q_ptr->adjustSize();
     appliedMargins = margins;
-    appliedGeneration = static_cast<const FrameLayout *>(layout)->generation();
+    appliedGeneration = static_cast<const FrameLayout *>(layout.data())->generation();
 }
 
 const QPainterPath &ArrowedWindowPrivate::Outline()
@@ -172,21 +184,30 @@ void ArrowedWindow::Initialize()
     setMouseTracking(true);
     setFocusPolicy(Qt::NoFocus);
     setAttribute(Qt::WA_ShowWithoutActivating);
-    d->makeLayout();
-    d->makeShadow();
+    if (!layout())
+        d->makeLayout();
+    if (!d->shadow)
+        d->makeShadow();
     setGraphicsEffect(nullptr);
 }
 
 void ArrowedWindow::AttachWidget(QWidget *w)
 {
     Q_D(ArrowedWindow);
-    if (!w || w == d->internalWidget)
+    if (!w || w == d->internalWidget || isAround(w, this))
         return;
+    // Hiding a content runs code of its owner.
+    const QPointer<QWidget> content(w);
+    auto *const holder = qobject_cast<ArrowedWindow *>(w->parentWidget());
+    if (holder && holder->InternalWidget() == w)
+        holder->DetachWidget();
     DetachWidget();
+    if (!content)
+        return;
     w->installEventFilter(this);
     d->internalWidget = w;
     d->backgroundColor = w->palette().color(QPalette::Window);
-    delete d->layout;
+    delete layout();
     d->makeLayout();
     d->layout->setContentsMargins(0, 0, 0, 0);
     d->layout->addWidget(w);
@@ -342,8 +363,8 @@ void ArrowedWindow::SetPartialBackgroundColor(bool enable, const QRect &rect, co
     Q_D(ArrowedWindow);
     d->partialEnabled = enable;
     if (enable) {
-        d->partialRect =
-            limited(rect).translated(d->bounds.left(), d->layout->contentsMargins().top());
+        const int top = d->layout ? d->layout->contentsMargins().top() : 0;
+        d->partialRect = limited(rect).translated(d->bounds.left(), top);
         d->partialRect.setWidth(d->bounds.width());
         d->partialColor = color;
     }

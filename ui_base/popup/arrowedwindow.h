@@ -102,7 +102,9 @@ public:
     /// the window out for the current arrow.
     ///
     /// @param w becomes a child of the window and dies with it unless it is detached and given
-    ///          another parent; nothing happens for null and for what is attached already
+    ///          another parent. Another ArrowedWindow that holds it lets it go first. Nothing
+    ///          happens for null, for what is attached already, and for the window itself and
+    ///          what it stands in
     void AttachWidget(QWidget *w);
     /// Takes the content out again: hides it and forgets it. The window stays as it is, and so does
     /// the parent of the content: give it another one, or it dies with the window.
@@ -182,6 +184,10 @@ public:
     /// @param color what the band is filled with
     void SetPartialBackgroundColor(bool enable, const QRect &rect, const QColor &color);
 
+    /// Sets the window up: focus, attributes, layout and shadow. The constructor calls it, so what
+    /// a subclass overrides is not called from there. Once more it only switches the shadow off.
+    virtual void Initialize();
+
     /// Watches the content: a new size of it is a new layout, at once or before the next showing,
     /// and hiding it hides the window.
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -189,10 +195,6 @@ public:
 protected:
     /// For subclasses with a private part of their own, which passes to the window.
     ArrowedWindow(ArrowedWindowPrivate &dd, QWidget *parent);
-
-    /// Sets the window up: focus, attributes, layout and shadow. The constructor calls it, so what
-    /// a subclass overrides is not called from there.
-    virtual void Initialize();
 
     /// Fills the outline with the colour of the content's background, or a half transparent white
     /// where that is next to transparent, and draws it.

@@ -11,8 +11,7 @@
 #include <QPainterPath>
 #include <QPointer>
 #include <QRect>
-
-class QVBoxLayout;
+#include <QVBoxLayout>
 
 namespace Vela::UiBase {
 
@@ -35,7 +34,7 @@ public:
     /// The outline in coordinates of the window, that of the last layout which had an arrow.
     const QPainterPath &Outline();
 
-    QVBoxLayout *layout = nullptr;
+    QPointer<QVBoxLayout> layout; ///< null when somebody has deleted it
     QPointer<QWidget> internalWidget;
     QPainterPath path; ///< what Outline() gave last
     int borderWidth = 1;

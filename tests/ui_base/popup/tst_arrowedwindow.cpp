@@ -123,7 +123,12 @@ private Q_SLOTS:
     void attachingWithoutArrowsLaysNothingOut();
     void attachingNullChangesNothing();
     void attachingTheContentAgainChangesNothing();
+    void attachingWhatTheWindowStandsInChangesNothing();
     void attachingAnotherForgetsTheFirst();
+    void contentOfAnotherWindowLeavesIt();
+    void contentMayDieWhileAnotherIsHidden();
+    void layoutMayBeDeleted();
+    void initializingAgainSwitchesTheShadowOff();
     void detachedContentBelongsToItsOwner();
     void detachedContentThatNobodyTakesDiesWithTheWindow();
     void detachedContentCanComeBack();
@@ -313,6 +318,103 @@ void ArrowedWindowTest::attachingTheContentAgainChangesNothing()
     window.AttachWidget(content);
     QCOMPARE(window.layout(), layout.data());
     QCOMPARE(window.data().backgroundColor, QColor(Qt::red));
+}
+
+void ArrowedWindowTest::attachingWhatTheWindowStandsInChangesNothing()
+{
+    QWidget outermost;
+    auto *const parent = new QWidget(&outermost, Qt::Window);
+    auto *const window = new OpenWindow(parent);
+    QWidget *const content = makeContent(100, 40);
+    window->AttachWidget(content);
+    for (QWidget *const around : {static_cast<QWidget *>(window), parent, &outermost}) {
+        window->AttachWidget(around);
+        QCOMPARE(window->InternalWidget(), content);
+    }
+    QCOMPARE(window->parentWidget(), parent);
+    QCOMPARE(parent->parentWidget(), &outermost);
+    QVERIFY(!outermost.parentWidget());
+}
+
+void ArrowedWindowTest::contentOfAnotherWindowLeavesIt()
+{
+    OpenWindow first;
+    OpenWindow second;
+    QWidget *const content = makeContent(100, 40);
+    first.AttachWidget(content);
+    second.AttachWidget(content);
+    QVERIFY(!first.InternalWidget());
+    QCOMPARE(second.InternalWidget(), content);
+    QCOMPARE(content->parentWidget(), &second);
+    first.show();
+    second.show();
+    QVERIFY(content->isVisible());
+    first.AttachWidget(makeContent(10, 10));
+    QVERIFY(content->isVisible());
+    content->hide();
+    QVERIFY(first.isVisible());
+    QVERIFY(second.isHidden());
+}
+
+void ArrowedWindowTest::contentMayDieWhileAnotherIsHidden()
+{
+    class Killer : public QWidget
+    {
+    public:
+        explicit Killer(QWidget *victim)
+            : m_victim(victim)
+        { }
+
+    protected:
+        void hideEvent(QHideEvent *) override { delete m_victim; }
+
+    private:
+        const QPointer<QWidget> m_victim;
+    };
+    OpenWindow window;
+    QWidget *const content = makeContent(100, 40);
+    window.AttachWidget(new Killer(content));
+    window.show();
+    window.AttachWidget(content);
+    QVERIFY(!window.InternalWidget());
+}
+
+void ArrowedWindowTest::layoutMayBeDeleted()
+{
+    OpenWindow window;
+    QWidget *const content = makeContent(100, 40);
+    window.AttachWidget(content);
+    delete window.layout();
+    window.SetArrow(EArrowPosition::Left, 20, false, 0, 90, true, 0);
+    QCOMPARE(window.size(), QSize(128, 53));
+    window.SetPartialBackgroundColor(true, QRect(3, 20, 7, 12), Qt::blue);
+    window.grab();
+    window.AttachWidget(makeContent(60, 30));
+    QCOMPARE(window.layout()->count(), 1);
+    // So may one that somebody has put in its place.
+    delete window.layout();
+    auto *const other = new QVBoxLayout(&window);
+    other->addWidget(window.InternalWidget());
+    window.GenerateLayout();
+    window.AttachWidget(content);
+    QCOMPARE(window.layout()->count(), 1);
+    QCOMPARE(window.layout()->itemAt(0)->widget(), content);
+}
+
+void ArrowedWindowTest::initializingAgainSwitchesTheShadowOff()
+{
+    OpenWindow window;
+    QWidget *const content = makeContent(100, 40);
+    window.AttachWidget(content);
+    const QPointer<QLayout> layout = window.layout();
+    const QPointer<QGraphicsDropShadowEffect> shadow = window.GetShadow();
+    window.Initialize();
+    QCOMPARE(window.layout(), layout.data());
+    QCOMPARE(window.GetShadow(), shadow.data());
+    QCOMPARE(window.InternalWidget(), content);
+    window.EnableShadow(true);
+    window.Initialize();
+    QVERIFY(!window.graphicsEffect());
 }
 
 void ArrowedWindowTest::attachingAnotherForgetsTheFirst()
