@@ -190,6 +190,8 @@ private Q_SLOTS:
     void dashesStartWhereTheyAlwaysDid();
     void eightPositions_data();
     void eightPositions();
+    void backgrounds_data();
+    void backgrounds();
     void transparentBackgroundIsHalfWhite();
     void bandLiesOverTheBackground();
     void withoutContentOnlyTheOutlineIsPainted();
@@ -551,6 +553,46 @@ void ArrowedWindowLayoutTest::eightPositions()
     const QPoint opposite = 2 * window.GetBounds().center() - apex;
     QVERIFY(!without.rect().contains(opposite * ratio)
             || qAlpha(without.pixel(opposite * ratio)) == 0);
+}
+
+void ArrowedWindowLayoutTest::backgrounds_data()
+{
+    QTest::addColumn<QColor>("background");
+    QTest::addColumn<QColor>("painted");
+    const QColor halfWhite(255, 255, 255, 128);
+    QTest::newRow("none at all") << QColor(Qt::transparent) << halfWhite;
+    QTest::newRow("alpha 49") << QColor(200, 0, 0, 49) << halfWhite;
+    QTest::newRow("alpha 50") << QColor(200, 0, 0, 50) << QColor(200, 0, 0, 50);
+    QTest::newRow("opaque") << QColor(30, 60, 90) << QColor(30, 60, 90);
+}
+
+void ArrowedWindowLayoutTest::backgrounds()
+{
+    QFETCH(QColor, background);
+    QFETCH(QColor, painted);
+    for (const EArrowPosition position : Positions) {
+        for (const int ratio : {1, 2}) {
+            OpenWindow window;
+            fill(window, position, background);
+            ReferenceFrame frame;
+            fill(frame, position, painted);
+            QVERIFY(picture(window, ratio) == picture(frame, ratio));
+            // With a band and a shadow over it.
+            const QRect band(0, 10, 1, 12);
+            window.SetPartialBackgroundColor(true, band, QColor(0, 90, 0, 120));
+            frame.band = QColor(0, 90, 0, 120);
+            frame.bandRect = QRect(window.GetBounds().left(), window.margins().top() + 10,
+                                   window.GetBounds().width(), 12);
+            QVERIFY(picture(window, ratio) == picture(frame, ratio));
+            auto *const shadow = new QGraphicsDropShadowEffect;
+            shadow->setBlurRadius(15);
+            shadow->setOffset(0, 0);
+            shadow->setColor(QColor(192, 192, 192, 166));
+            frame.setGraphicsEffect(shadow);
+            window.EnableShadow(true);
+            QVERIFY(picture(window, ratio) == picture(frame, ratio));
+        }
+    }
 }
 
 void ArrowedWindowLayoutTest::transparentBackgroundIsHalfWhite()
