@@ -132,7 +132,8 @@ void showSpecials(QWidget &window, QToolButton *edge, QToolButton *shadowed, QTo
     auto *const withBand = makePopup(QStringLiteral("with a band\n\nbehind its lower part"),
                                      EArrowPosition::Left, window);
     place(withBand, banded, EDirection::Right);
-    withBand->SetPartialBackgroundColor(true, QRect(0, 36, 0, 30), QColor(83, 131, 181, 90));
+    const int half = withBand->findChild<QLabel *>()->height() / 2;
+    withBand->SetPartialBackgroundColor(true, QRect(0, half, 0, half), QColor(83, 131, 181, 90));
 }
 
 void showPlain(QWidget &window, const QList<QToolButton *> &buttons)
