@@ -188,6 +188,7 @@ void ArrowedWindowTest::startsWithItsDefaults()
     QCOMPARE(d.borderWidth, 1);
     QCOMPARE(d.borderColor, QColor(Qt::gray));
     QCOMPARE(d.borderStyle, Qt::SolidLine);
+    QCOMPARE(d.borderJoin, Qt::BevelJoin);
     QCOMPARE(d.contentMargin, 0);
     QCOMPARE(d.cornerRadius, 5);
     QVERIFY(!d.backgroundColor.isValid());
