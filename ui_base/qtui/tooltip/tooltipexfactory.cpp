@@ -29,12 +29,19 @@ QLabel *CreateWidgetFromText(const QString &text)
     return label;
 }
 
+// More pixels than any screen has would only cost memory, and with many more of them there is none.
+QSize seenRoom(const QSize &size, qreal ratio)
+{
+    return size.boundedTo(QSize(8192, 8192) / ratio);
+}
+
 // Null when there is nothing to show.
 QLabel *CreateWidgetFromPicture(const QString &path, const QSize &size)
 {
     // The page has no screen yet.
     const qreal ratio = Internal::highestDevicePixelRatio();
-    const QPixmap picture = Internal::fitted(Internal::loadPixmap(path, ratio), size, ratio);
+    const QPixmap picture =
+        Internal::fitted(Internal::loadPixmap(path, ratio), seenRoom(size, ratio), ratio);
     if (picture.isNull())
         return nullptr;
     auto *const label = new QLabel;

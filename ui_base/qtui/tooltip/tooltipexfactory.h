@@ -57,7 +57,8 @@ public:
     /// @param picturePath file or resource; the variants "@2x" and "@3x" beside it are used on
     ///                    screens that show more pixels. The card has no pages when there is no
     ///                    picture in it
-    /// @param size the room that the picture is fitted into, in its own proportions
+    /// @param size the room that the picture is fitted into, in its own proportions; no picture gets
+    ///             larger than 8192 device pixels
     QWidget *CreateExtendedTooltip(QWidget *parent, const QString &title, const QString &content,
                                    const QString &picturePath, const QSize &size,
                                    bool alwaysMaxWidth, int maxWidth,

@@ -9,11 +9,13 @@
 #include "support/testmain.h"
 
 #include <QFile>
+#include <QImage>
 #include <QLabel>
 #include <QPointer>
 #include <QStackedWidget>
 #include <QTemporaryDir>
 
+#include <limits>
 #include <memory>
 
 using namespace Vela::UiBase;
@@ -78,6 +80,7 @@ private Q_SLOTS:
     void aTextBecomesAPage();
     void aPictureBecomesAPage();
     void aPictureThatIsWiderThanThePageIsScaled();
+    void noPictureIsLargerThanAScreen();
     void aPictureThatCannotBeReadMakesNoPage_data();
     void aPictureThatCannotBeReadMakesNoPage();
     void textPagesAreAdded();
@@ -207,6 +210,20 @@ void TooltipExFactoryTest::aPictureThatIsWiderThanThePageIsScaled()
     QVERIFY(page->height() < 600 / 2);
     // All of it is seen, not its corner.
     QVERIFY(page->hasScaledContents());
+}
+
+void TooltipExFactoryTest::noPictureIsLargerThanAScreen()
+{
+    QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("line.png"));
+    QImage line(256, 1, QImage::Format_RGB32);
+    line.fill(Qt::blue);
+    QVERIFY(line.save(path));
+    for (const int side : {20000, std::numeric_limits<int>::max()}) {
+        const auto card = makePictureCard(path, QSize(side, side));
+        const auto *const page = qobject_cast<QLabel *>(card->AdvancedWidgets()->widget(0));
+        QCOMPARE(page->pixmap(Qt::ReturnByValue).size(), QSize(8192, 32));
+    }
 }
 
 void TooltipExFactoryTest::aPictureThatCannotBeReadMakesNoPage_data()
