@@ -27,6 +27,12 @@ namespace {
 const char *const WidgetTypeProperty = "widget_type";
 const char *const KeywordProperty = "keyword";
 
+// The nearest width that a widget can have.
+int possibleWidth(int width)
+{
+    return std::clamp(width, 0, QWIDGETSIZE_MAX);
+}
+
 void fitText(QWidget *page, int width)
 {
     QFont font = page->font();
@@ -65,7 +71,7 @@ ATooltipExPrivate::~ATooltipExPrivate() = default;
 void ATooltipExPrivate::SetWidth()
 {
     const bool isWide = alwaysMaxWidth || q_ptr->IsAdvancedWidgetVisible();
-    q_ptr->setFixedWidth(isWide ? maxWidth : minWidth);
+    q_ptr->setFixedWidth(possibleWidth(isWide ? maxWidth : minWidth));
 }
 
 // The preferred size of a card goes with a width of its own, at which wrapped texts have another
@@ -92,13 +98,14 @@ void ATooltipExPrivate::FitCard()
 
 void ATooltipExPrivate::InternalSetAdvancedWidgetWidth(QWidget *page, int width)
 {
-    page->setFixedWidth(width);
+    const int room = possibleWidth(width);
+    page->setFixedWidth(room);
     switch (Internal::enumProperty<ATooltipEx::EWidgetType>(page, WidgetTypeProperty)) {
     case ATooltipEx::EWidgetType::Text:
-        fitText(page, width);
+        fitText(page, room);
         break;
     case ATooltipEx::EWidgetType::Picture:
-        fitPicture(page, width);
+        fitPicture(page, room);
         break;
     case ATooltipEx::EWidgetType::Custom:
         break;
@@ -186,7 +193,8 @@ void ATooltipEx::SetAdvancedWidgetWidth(QWidget *page)
 {
     Q_D(ATooltipEx);
     if (page && d->advancedWidgets)
-        d->InternalSetAdvancedWidgetWidth(page, d->maxWidth - GetAdvancedWidgetMargins());
+        d->InternalSetAdvancedWidgetWidth(page,
+                                          possibleWidth(d->maxWidth) - GetAdvancedWidgetMargins());
 }
 
 void ATooltipEx::SetMaxWidthForAllAdvancedWidgets(int width)

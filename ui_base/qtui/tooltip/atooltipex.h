@@ -86,7 +86,8 @@ public:
     ///                 counts: another one stays the caller's
     /// @param alwaysMaxWidth whether the card has @p maxWidth also while the part is closed; its
     ///                       width at construction if not
-    /// @param maxWidth width of the open card
+    /// @param maxWidth width of the open card; one that no widget can have becomes the nearest that
+    ///                 one can, and leaves the pages without room
     /// @param visibility when the part is open
     virtual void SetParams(const QString &title, const QString &content, QStackedWidget *advanced,
                            bool alwaysMaxWidth, int maxWidth, EWidgetExVisibility visibility) = 0;

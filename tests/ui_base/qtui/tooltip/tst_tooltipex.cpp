@@ -23,6 +23,7 @@
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
+#include <limits>
 #include <memory>
 #include <type_traits>
 
@@ -138,6 +139,8 @@ private Q_SLOTS:
     void anotherWidthReachesAllPages();
     void anotherWidthFitsTheOpenCard();
     void aWidthOfNothingChangesNothing();
+    void widthsThatNoWidgetCanHaveBecomeTheNearest_data();
+    void widthsThatNoWidgetCanHaveBecomeTheNearest();
     void theWidthGoesWithThePart();
     void startsAsItsVisibilitySays_data();
     void startsAsItsVisibilitySays();
@@ -482,6 +485,32 @@ void TooltipExTest::aWidthOfNothingChangesNothing()
         QCOMPARE(card->AdvancedWidgets()->widget(0)->width(), PageWidth);
     }
     makeCard(EVisibility::ExShown, 0)->SetMaxWidthForAllAdvancedWidgets(200);
+}
+
+void TooltipExTest::widthsThatNoWidgetCanHaveBecomeTheNearest_data()
+{
+    QTest::addColumn<int>("given");
+    QTest::addColumn<int>("width");
+    QTest::addColumn<int>("pageWidth");
+    const int margins = Wide - PageWidth;
+    QTest::newRow("the smallest") << std::numeric_limits<int>::min() << 0 << 0;
+    QTest::newRow("negative") << -10 << 0 << 0;
+    QTest::newRow("none") << 0 << 0 << 0;
+    QTest::newRow("less than the margins") << 10 << 10 << 0;
+    QTest::newRow("huge") << std::numeric_limits<int>::max() << QWIDGETSIZE_MAX
+                          << QWIDGETSIZE_MAX - margins;
+}
+
+void TooltipExTest::widthsThatNoWidgetCanHaveBecomeTheNearest()
+{
+    QFETCH(int, given);
+    QFETCH(int, width);
+    QFETCH(int, pageWidth);
+    Card card;
+    QStackedWidget *const stack = makeStack(1);
+    card.SetParams({}, {}, stack, true, given, EVisibility::ExHidden);
+    QCOMPARE(card.maximumWidth(), width);
+    QCOMPARE(stack->widget(0)->maximumWidth(), pageWidth);
 }
 
 void TooltipExTest::theWidthGoesWithThePart()
