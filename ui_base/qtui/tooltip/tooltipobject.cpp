@@ -35,10 +35,13 @@ void TooltipObjectPrivate::WatchEndOfHost()
 void TooltipObjectPrivate::OnOtherEvent(QObject *watched, QEvent *event)
 {
     Q_Q(TooltipObject);
-    if (event->type() == QEvent::EnabledChange && watched == hostWidget && !hostWidget->isEnabled())
+    if (event->type() == QEvent::EnabledChange && watched == hostWidget
+        && !hostWidget->isEnabled()) {
+        StopTooltipTimer();
         q->HideTooltip();
-    else
+    } else {
         ATooltipObjectPrivate::OnOtherEvent(watched, event);
+    }
 }
 
 TooltipObject::TooltipObject(const QString &groupName, QWidget *parent)
@@ -62,6 +65,7 @@ void TooltipObject::AttachTo(QWidget *host)
     Q_D(TooltipObject);
     if (!host || host == d->hostWidget)
         return;
+    const bool hadHost = d->hostWidget;
     d->hostWidget = host;
     host->setAttribute(Qt::WA_ShowWithoutActivating);
     host->setFocusPolicy(Qt::NoFocus);
@@ -71,6 +75,10 @@ void TooltipObject::AttachTo(QWidget *host)
         return;
     d->posCalculator->SetRefWidget(host);
     d->WatchEndOfHost();
+    if (!hadHost)
+        return;
+    d->StopTooltipTimer();
+    HideTooltip();
 }
 
 void TooltipObject::Detach()

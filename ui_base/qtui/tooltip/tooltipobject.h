@@ -33,7 +33,8 @@ public:
     ~TooltipObject() override;
 
     /// Watches @p host from now on and stands beside it. The host loses its focus policy and gets
-    /// mouse tracking. A former host stays as it is, and no longer brings the tooltip up.
+    /// mouse tracking. A former host stays as it is, and no longer brings the tooltip up; one
+    /// that is up beside it is hidden.
     /// @param host not owned, may die at any time; null and the present host are ignored
     void AttachTo(QWidget *host);
     /// Hides the tooltip and lets go of the host, which keeps its settings.

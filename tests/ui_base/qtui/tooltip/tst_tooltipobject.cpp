@@ -89,6 +89,7 @@ private Q_SLOTS:
     void attachingCostsLittle();
     void attachingToNullOrTheSameHostChangesNothing();
     void aFormerHostNoLongerBringsItUp();
+    void itGoesWhenItGetsAnotherHost();
     void withoutHostItStaysHidden();
     void comesWhenThePointerRests();
     void eachMovementStartsTheTimeAnew();
@@ -109,6 +110,7 @@ private Q_SLOTS:
     void itGoesWithItsHost_data();
     void itGoesWithItsHost();
     void itDoesNotComeForAHiddenHost();
+    void itDoesNotComeForAHostDisabledMeanwhile();
     void theHostMayDieFirst_data();
     void theHostMayDieFirst();
     void detachingHidesItAndLetsGo();
@@ -180,6 +182,25 @@ void TooltipObjectTest::aFormerHostNoLongerBringsItUp()
     QVERIFY(!scene.tip->showTimer()->isActive());
     delete scene.host.data();
     QVERIFY(!scene.tip);
+}
+
+// The former host would take it along no more.
+void TooltipObjectTest::itGoesWhenItGetsAnotherHost()
+{
+    HoverScene scene;
+    scene.bringUp();
+    QTRY_VERIFY(scene.tip->IsVisible());
+    scene.tip->AttachTo(scene.host);
+    QVERIFY(scene.tip->IsVisible());
+    scene.tip->AttachTo(scene.other);
+    QVERIFY(!scene.tip->IsVisible());
+
+    scene.tip->SetCustomTooltipShowUpTime(Long);
+    TooltipScene::pointAt(scene.other);
+    TooltipScene::pointAt(scene.other, QPoint(1, 0));
+    QVERIFY(scene.tip->showTimer()->isActive());
+    scene.tip->AttachTo(scene.host);
+    QVERIFY(!scene.tip->showTimer()->isActive());
 }
 
 void TooltipObjectTest::withoutHostItStaysHidden()
@@ -442,6 +463,16 @@ void TooltipObjectTest::itDoesNotComeForAHiddenHost()
     fire(scene.tip->showTimer());
     QVERIFY(!scene.tip->IsVisible());
     QVERIFY(!scene.tip->CanTooltipBeShown());
+}
+
+void TooltipObjectTest::itDoesNotComeForAHostDisabledMeanwhile()
+{
+    HoverScene scene;
+    scene.tip->SetCustomTooltipShowUpTime(Long);
+    scene.bringUp();
+    QVERIFY(scene.tip->showTimer()->isActive());
+    scene.host->setEnabled(false);
+    QVERIFY(!scene.tip->showTimer()->isActive());
 }
 
 void TooltipObjectTest::theHostMayDieFirst_data()
