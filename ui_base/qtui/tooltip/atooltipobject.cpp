@@ -21,6 +21,7 @@
 #include <QMoveEvent>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <utility>
 
 namespace Vela::UiBase {
@@ -546,25 +547,25 @@ void ATooltipObject::SetUseCustomTooltipSettings(bool use)
 void ATooltipObject::SetCustomTooltipShowUpTime(int milliseconds)
 {
     Q_D(ATooltipObject);
-    d->showUpTime = milliseconds;
+    d->showUpTime = std::max(0, milliseconds);
     if (d->tooltipTimer)
-        d->tooltipTimer->setInterval(milliseconds);
+        d->tooltipTimer->setInterval(d->showUpTime);
 }
 
 void ATooltipObject::SetCustomTooltipDismissTime(int milliseconds)
 {
     Q_D(ATooltipObject);
-    d->dismissTime = milliseconds;
+    d->dismissTime = std::max(0, milliseconds);
     if (d->dismissTimer)
-        d->dismissTimer->setInterval(milliseconds);
+        d->dismissTimer->setInterval(d->dismissTime);
 }
 
 void ATooltipObject::SetCustomTooltipCheckTime(int milliseconds)
 {
     Q_D(ATooltipObject);
-    d->checkTime = milliseconds;
+    d->checkTime = std::max(0, milliseconds);
     if (d->checkTimer)
-        d->checkTimer->setInterval(milliseconds);
+        d->checkTimer->setInterval(d->checkTime);
 }
 
 void ATooltipObject::SetEnableCheckTimer(bool enable)
@@ -684,6 +685,7 @@ void ATooltipObject::HideTooltip()
 bool ATooltipObject::CanTooltipBeShown()
 {
     Q_D(ATooltipObject);
+    d->EnsureMade();
     return d->enabled && d->tooltipWindow && d->tooltipControl;
 }
 

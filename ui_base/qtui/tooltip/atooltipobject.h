@@ -130,6 +130,7 @@ public:
     /// with Qt's own tool tip event, when the pointer was over host or tooltip at the last leaving.
     void SetUseCustomTooltipSettings(bool use);
     /// How long the pointer has to rest until the tooltip comes; 500 by default. Starts nothing.
+    /// A negative time counts as 0, here and below.
     void SetCustomTooltipShowUpTime(int milliseconds);
     /// How long the tooltip stays once the pointer has left; 1000 by default. Starts nothing.
     void SetCustomTooltipDismissTime(int milliseconds);

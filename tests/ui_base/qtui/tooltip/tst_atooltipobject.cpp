@@ -21,6 +21,7 @@
 #include <QWindow>
 
 #include <functional>
+#include <limits>
 #include <memory>
 #include <type_traits>
 
@@ -132,6 +133,7 @@ private Q_SLOTS:
     void hoverBottomKeepsArrowAndBorder();
     void anUnknownPresetChangesNothing();
     void timesReachTimersThatAreThere();
+    void negativeTimesCountAsZero();
     void timersComeAndGoWithTheirSettings();
     void contentStandsInTheFrame();
     void contentStandsAlone();
@@ -244,6 +246,7 @@ void ATooltipObjectTest::aPreparationRunsOnceAndWhenNeeded_data()
     row("type", [](Tip &tip) { tip.SetTooltipType(ETooltipType::TooltipTop); });
     row("taking out", [](Tip &tip) { tip.DetachTooltipControl(); });
     row("showing", [](Tip &tip) { tip.ShowTooltip(); });
+    row("asking for showing", [](Tip &tip) { QVERIFY(tip.CanTooltipBeShown()); });
 }
 
 void ATooltipObjectTest::aPreparationRunsOnceAndWhenNeeded()
@@ -389,6 +392,22 @@ void ATooltipObjectTest::timesReachTimersThatAreThere()
     QCOMPARE(tip.checkTimer()->interval(), 14);
     for (const QTimer *timer : {tip.showTimer(), tip.dismissTimer(), tip.checkTimer()})
         QVERIFY(!timer->isActive());
+}
+
+void ATooltipObjectTest::negativeTimesCountAsZero()
+{
+    Tip tip(Group, nullptr);
+    for (const bool isMade : {false, true}) {
+        if (isMade)
+            tip.GetPosCalculator();
+        tip.SetCustomTooltipShowUpTime(-1);
+        tip.SetCustomTooltipDismissTime(-2);
+        tip.SetCustomTooltipCheckTime(std::numeric_limits<int>::min());
+        tip.GetPosCalculator();
+        for (const QTimer *timer : {tip.showTimer(), tip.dismissTimer(), tip.checkTimer()})
+            QCOMPARE(timer->interval(), 0);
+        QCOMPARE(tip.state().dismissTime, 0);
+    }
 }
 
 void ATooltipObjectTest::timersComeAndGoWithTheirSettings()
