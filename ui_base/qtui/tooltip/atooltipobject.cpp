@@ -70,6 +70,13 @@ void refuseFocus(QWidget *window)
         window->overrideWindowFlags(window->windowFlags() | Qt::WindowDoesNotAcceptFocus);
 }
 
+// A window that dies has left the chain of focus when its children die, and to put a widget into it
+// would crash.
+bool isDying(const QWidget &window)
+{
+    return !window.nextInFocusChain();
+}
+
 // Takes a tooltip down with its parent, above which it floats in a window of its own.
 class ParentWatch : public QObject
 {
@@ -286,7 +293,8 @@ void ATooltipObjectPrivate::LandControl()
         tooltipControl ? qobject_cast<FloatingLayer *>(tooltipControl->parentWidget()) : nullptr;
     if (!layer)
         return;
-    tooltipControl->setParent(FloatingLayer::getWidgetOriginalParent(tooltipControl));
+    QWidget *const origin = FloatingLayer::getWidgetOriginalParent(tooltipControl);
+    tooltipControl->setParent(origin && !isDying(*origin->window()) ? origin : nullptr);
     layer->deleteLater();
 }
 

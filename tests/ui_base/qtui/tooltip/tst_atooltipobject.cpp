@@ -175,6 +175,7 @@ private Q_SLOTS:
     void takesItsWindowAlong_data();
     void takesItsWindowAlong();
     void leavesContentsOfOthersAlone();
+    void aContentOfADyingWindowGoesWithIt();
     void withoutParentItStandsOnTheScreen();
 };
 
@@ -1130,6 +1131,21 @@ void ATooltipObjectTest::leavesContentsOfOthersAlone()
     tip.reset();
     QCOMPARE(content->parentWidget(), scene.other.data());
     QVERIFY(!content->isVisible());
+}
+
+// The tooltip dies before the owner of its content, within the end of their window.
+void ATooltipObjectTest::aContentOfADyingWindowGoesWithIt()
+{
+    auto window = std::make_unique<QWidget>();
+    auto *const tip = new Tip(Group, window.get());
+    auto *const owner = new QWidget(window.get());
+    const QPointer<QWidget> content = makeContent(QSize(40, 30), owner);
+    tip->SetTooltipControl(content, false);
+    window->show();
+    tip->ShowTooltip();
+    QVERIFY(content->isVisible());
+    window.reset();
+    QVERIFY(!content);
 }
 
 void ATooltipObjectTest::withoutParentItStandsOnTheScreen()
