@@ -12,7 +12,7 @@
 #include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
-#include <QSignalSpy>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include <limits>

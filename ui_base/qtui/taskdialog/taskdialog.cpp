@@ -622,11 +622,9 @@ void TaskDialog::setWidget(QWidget *widget)
     Q_D(TaskDialog);
     if (!d->hasWidget || !d->canHold(widget))
         return;
-    const QPointer<QWidget> old = d->contentWidget;
-    d->takeIn(widget); // may stand in the old one
-    if (old)
-        d->ui->widget_layout->removeWidget(old);
-    delete old;
+    widget->setParent(d->ui->widget_frame); // may stand in the present one
+    delete d->contentWidget.data();
+    d->takeIn(widget);
     d->fitSize();
 }
 
