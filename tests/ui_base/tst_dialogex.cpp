@@ -249,6 +249,8 @@ private Q_SLOTS:
         QTest::newRow("left of it") << QPoint(368, 330) << false;
         QTest::newRow("above it") << QPoint(380, 318) << false;
         QTest::newRow("right of the square") << QPoint(389, 330) << false;
+        QTest::newRow("right of the foot") << QPoint(399, 345) << false;
+        QTest::newRow("below the foot") << QPoint(380, 349) << false;
         QTest::newRow("corner itself") << QPoint(399, 349) << false;
         QTest::newRow("other corner") << QPoint(5, 345) << false;
     }
@@ -260,6 +262,7 @@ private Q_SLOTS:
         QCOMPARE(grownBy(dialog, from, QPoint(30, 20)), resizes ? QSize(30, 20) : QSize(0, 0));
         ShownDialog rigid(false);
         QCOMPARE(grownBy(rigid, from, QPoint(30, 20)), QSize(0, 0));
+        QVERIFY(rigid.data().cornerRects.isEmpty());
     }
 
     void gripFollowsTheSize()
