@@ -207,6 +207,12 @@ def popup_rows():
                   Measure("bench_popup", f"solve{kind}", ONE_THREAD), goal=goal)
 
 
+def dialog_rows():
+    """Card and buttons have a style sheet and blurred shadows, a message box has neither."""
+    yield compare("bench_taskdialog", ONE_THREAD, "question with 3 buttons, made and painted",
+                  "QMessageBox", "showQt", "showTaskDialog", goal=2.5)
+
+
 ROWS = [
     *dispatch_rows(),
     *broadcast_rows(),
@@ -219,4 +225,5 @@ ROWS = [
     *view_rows(),
     *notification_rows(),
     *resting_rows(),
+    *dialog_rows(),
 ]
