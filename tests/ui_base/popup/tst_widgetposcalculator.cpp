@@ -1217,7 +1217,7 @@ void WidgetPosCalculatorTest::hugePopupsEnd()
         scene.calculator.setMaxAvailableRect(area);
         for (const QRect &popup :
              {all, QRect(0, 0, Largest, Largest), QRect(QPoint(Smallest, 0), QPoint(-1, 5)),
-              QRect(0, 0, -5, -7), QRect(0, 0, Smallest, Smallest)}) {
+              QRect(0, 0, -5, -7), QRect(QPoint(0, 0), QPoint(Smallest, Smallest))}) {
             for (const EDirection direction : {Left, Top, Right, Bottom}) {
                 scene.calculator.SetDirection(direction);
                 scene.calculator.SetRefPoint(QPoint(Largest, Smallest));
