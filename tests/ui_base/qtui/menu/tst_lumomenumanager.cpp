@@ -1,0 +1,556 @@
+// SPDX-FileCopyrightText: 2026 The lumo_ui_base authors
+// SPDX-License-Identifier: MIT
+
+#include <ui_base/LumoMenuManager>
+
+#include "support/mouse.h"
+#include "support/testcase.h"
+#include "support/testmain.h"
+
+#include <QAction>
+#include <QCursor>
+#include <QMainWindow>
+#include <QMap>
+#include <QMenu>
+#include <QPointer>
+#include <QPushButton>
+#include <QTimer>
+#include <QToolButton>
+
+#include <memory>
+
+using namespace Lumo::Test;
+using Vela::UiBase::LumoMenuManager;
+
+namespace {
+
+const QString Closed = QStringLiteral("QToolButton { color: black; }");
+const QString Open = QStringLiteral("QToolButton { color: white; }");
+
+void send(QObject *receiver, QEvent::Type type)
+{
+    QEvent event(type);
+    QCoreApplication::sendEvent(receiver, &event);
+}
+
+/// A window with two buttons with menus and one without, and their manager.
+struct Scene
+{
+    explicit Scene(bool customHover)
+    {
+        window.setGeometry(100, 100, 400, 300);
+        first = addButton(QStringLiteral("First"), 10);
+        second = addButton(QStringLiteral("Second"), 100);
+        plain = addButton(QStringLiteral("Plain"), 200);
+        firstMenu = addMenu(first);
+        secondMenu = addMenu(second);
+        manager = new LumoMenuManager(&window, 3, customHover, &window);
+        manager->AddButtonMenuLinkage(first, firstMenu);
+        manager->AddButtonMenuLinkage(second, secondMenu);
+        manager->AddButtonMenuLinkage(plain, nullptr);
+    }
+
+    QToolButton *addButton(const QString &text, int x)
+    {
+        auto *button = new QToolButton(&window);
+        button->setText(text);
+        button->setGeometry(x, 20, 80, 30);
+        button->setProperty(LumoMenuManager::OriginalStyleProperty, Closed);
+        button->setProperty(LumoMenuManager::AlternateStyleProperty, Open);
+        return button;
+    }
+
+    static QMenu *addMenu(QToolButton *button)
+    {
+        auto *menu = new QMenu(button);
+        menu->addAction(QStringLiteral("Action"));
+        return menu;
+    }
+
+    void start()
+    {
+        manager->Start();
+        window.show();
+        // The real pointer takes no part unless a test puts it somewhere.
+        QCursor::setPos(window.mapToGlobal(QPoint(390, 290)));
+        QCoreApplication::processEvents();
+        timer().stop();
+    }
+
+    QTimer &timer() const { return *manager->findChild<QTimer *>(); }
+
+    QMainWindow window;
+    QToolButton *first = nullptr;
+    QToolButton *second = nullptr;
+    QToolButton *plain = nullptr;
+    QMenu *firstMenu = nullptr;
+    QMenu *secondMenu = nullptr;
+    QPointer<LumoMenuManager> manager;
+};
+
+} // namespace
+
+class TestLumoMenuManager : public TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void plainModeHandsMenusToToolButtons();
+    void plainModeHandsMenusToPushButtons();
+    void stopTakesMenusBackAndKeepsLinks();
+    void startedManagerWiresNewLinksAtOnce();
+    void plainModeIgnoresThePointer();
+    void nullButtonIsIgnored();
+    void unknownButtonHasNoMenu();
+    void buttonIsFoundByItsText();
+    void chosenActionHidesTheMenu_data();
+    void chosenActionHidesTheMenu();
+    void replacedMenuStillHidesOnAChoice();
+
+    void hoverModeMakesMenusFramelessWindows();
+    void hoverModeTracksTheMouseOverTheWindow();
+    void enteringAButtonShowsItsMenuBelowIt();
+    void menuWithoutParentIsNotMoved();
+    void enteringAnotherButtonSwitchesAtOnce();
+    void stoppedManagerOpensNothing();
+    void buttonWithoutMenuClosesLater();
+    void menusHideTwoHundredMillisecondsAfterThePointerLeft();
+    void wayFromButtonToMenuKeepsItOpen();
+    void movesOverLinkedPartsKeepMenusOpen_data();
+    void movesOverLinkedPartsKeepMenusOpen();
+    void disabledButtonStillSwitchesOnEnter();
+    void subMenusAreWatched();
+    void noEventIsConsumed();
+
+    void openMenuChangesTheStyleOfItsButton();
+    void withoutAlternateStyleTheStyleStays();
+    void styleChangeToleratesASwitchFromTheEventLoop();
+    void styleChangeToleratesTheEndOfTheManager();
+    void styleChangeToleratesTheEndOfAnotherMenu();
+
+    void dyingButtonIsDropped();
+    void dyingOpenMenuLeavesAButtonWithoutMenu();
+    void replacedOpenMenuIsHidden();
+    void dyingWindowIsSurvived();
+    void windowMayBeNull();
+};
+
+void TestLumoMenuManager::plainModeHandsMenusToToolButtons()
+{
+    Scene scene(false);
+    QVERIFY(!scene.manager->IsStarted());
+    QVERIFY(!scene.first->menu());
+    scene.manager->Start();
+    QVERIFY(scene.manager->IsStarted());
+    QCOMPARE(scene.first->menu(), scene.firstMenu);
+    QCOMPARE(scene.first->popupMode(), QToolButton::InstantPopup);
+    QVERIFY(!scene.plain->menu());
+    QVERIFY(!scene.manager->findChild<QTimer *>());
+}
+
+void TestLumoMenuManager::plainModeHandsMenusToPushButtons()
+{
+    QPushButton button;
+    QMenu menu;
+    LumoMenuManager manager(nullptr, 0, false, nullptr);
+    manager.AddButtonMenuLinkage(&button, &menu);
+    manager.Start();
+    QCOMPARE(button.menu(), &menu);
+    manager.Stop();
+    QVERIFY(!button.menu());
+}
+
+void TestLumoMenuManager::stopTakesMenusBackAndKeepsLinks()
+{
+    Scene scene(false);
+    scene.manager->Start();
+    scene.manager->Stop();
+    QVERIFY(!scene.manager->IsStarted());
+    QVERIFY(!scene.first->menu());
+    QCOMPARE(scene.manager->GetMenu(scene.first), scene.firstMenu);
+    scene.manager->Start();
+    QCOMPARE(scene.first->menu(), scene.firstMenu);
+}
+
+void TestLumoMenuManager::startedManagerWiresNewLinksAtOnce()
+{
+    Scene scene(false);
+    scene.manager->Start();
+    QMenu *menu = Scene::addMenu(scene.plain);
+    scene.manager->AddButtonMenuLinkage(scene.plain, menu);
+    QCOMPARE(scene.plain->menu(), menu);
+    QVERIFY(scene.manager->IsStarted());
+    scene.manager->AddButtonMenuLinkage(scene.plain, nullptr);
+    QVERIFY(!scene.plain->menu());
+}
+
+void TestLumoMenuManager::plainModeIgnoresThePointer()
+{
+    Scene scene(false);
+    scene.manager->Start();
+    scene.window.show();
+    scene.first->installEventFilter(scene.manager);
+    send(scene.first, QEvent::Enter);
+    QVERIFY(!scene.firstMenu->isVisible());
+    QVERIFY(!scene.window.hasMouseTracking());
+}
+
+void TestLumoMenuManager::nullButtonIsIgnored()
+{
+    QMenu menu;
+    LumoMenuManager manager(nullptr, 0, true, nullptr);
+    const Qt::WindowFlags flags = menu.windowFlags();
+    manager.AddButtonMenuLinkage(nullptr, &menu);
+    QVERIFY(!manager.GetMenu(nullptr));
+    QCOMPARE(menu.windowFlags(), flags);
+}
+
+void TestLumoMenuManager::unknownButtonHasNoMenu()
+{
+    const Scene scene(false);
+    QPushButton stranger(QStringLiteral("Stranger"));
+    QVERIFY(!scene.manager->GetMenu(&stranger));
+    QVERIFY(!scene.manager->GetMenu(scene.plain));
+    QVERIFY(!scene.manager->FindButton(stranger.text()));
+}
+
+void TestLumoMenuManager::buttonIsFoundByItsText()
+{
+    const Scene scene(false);
+    QCOMPARE(scene.manager->FindButton(QStringLiteral("Second")), scene.second);
+    QVERIFY(!scene.manager->FindButton(QStringLiteral("second")));
+    QVERIFY(!scene.manager->FindButton(QString()));
+}
+
+void TestLumoMenuManager::chosenActionHidesTheMenu_data()
+{
+    QTest::addColumn<bool>("customHover");
+    QTest::newRow("plain") << false;
+    QTest::newRow("hover") << true;
+}
+
+void TestLumoMenuManager::chosenActionHidesTheMenu()
+{
+    QFETCH(bool, customHover);
+    Scene scene(customHover);
+    scene.firstMenu->show();
+    scene.firstMenu->triggered(scene.firstMenu->actions().constFirst());
+    QVERIFY(!scene.firstMenu->isVisible());
+}
+
+void TestLumoMenuManager::replacedMenuStillHidesOnAChoice()
+{
+    Scene scene(false);
+    QMenu *menu = Scene::addMenu(scene.first);
+    scene.manager->AddButtonMenuLinkage(scene.first, menu);
+    QCOMPARE(scene.manager->GetMenu(scene.first), menu);
+    scene.firstMenu->show();
+    scene.firstMenu->triggered(scene.firstMenu->actions().constFirst());
+    QVERIFY(!scene.firstMenu->isVisible());
+}
+
+void TestLumoMenuManager::hoverModeMakesMenusFramelessWindows()
+{
+    const Scene scene(true);
+    QCOMPARE(int(scene.firstMenu->windowFlags()) & 2049, 2049);
+    QCOMPARE(scene.firstMenu->windowType(), Qt::Window);
+    QCOMPARE(scene.firstMenu->parentWidget(), scene.first);
+}
+
+void TestLumoMenuManager::hoverModeTracksTheMouseOverTheWindow()
+{
+    const Scene scene(true);
+    QVERIFY(scene.window.hasMouseTracking());
+    QCOMPARE(scene.timer().interval(), 200);
+    QVERIFY(scene.timer().isSingleShot());
+}
+
+void TestLumoMenuManager::enteringAButtonShowsItsMenuBelowIt()
+{
+    Scene scene(true);
+    scene.start();
+    send(scene.first, QEvent::Enter);
+    QVERIFY(scene.firstMenu->isVisible());
+    QVERIFY(!scene.first->menu());
+    QCOMPARE(scene.firstMenu->pos(), scene.window.mapToGlobal(QPoint(10, 20 + 30 - 1 + 3)));
+}
+
+void TestLumoMenuManager::menuWithoutParentIsNotMoved()
+{
+    Scene scene(true);
+    QMenu menu;
+    menu.addAction(QStringLiteral("Action"));
+    scene.manager->AddButtonMenuLinkage(scene.plain, &menu);
+    menu.move(7, 9);
+    scene.start();
+    send(scene.plain, QEvent::Enter);
+    QVERIFY(menu.isVisible());
+    QCOMPARE(menu.pos(), QPoint(7, 9));
+}
+
+void TestLumoMenuManager::enteringAnotherButtonSwitchesAtOnce()
+{
+    Scene scene(true);
+    scene.start();
+    send(scene.first, QEvent::Enter);
+    send(scene.first, QEvent::Leave);
+    QVERIFY(scene.timer().isActive());
+    send(scene.second, QEvent::Enter);
+    QVERIFY(!scene.timer().isActive());
+    QVERIFY(!scene.firstMenu->isVisible());
+    QVERIFY(scene.secondMenu->isVisible());
+}
+
+void TestLumoMenuManager::stoppedManagerOpensNothing()
+{
+    Scene scene(true);
+    scene.start();
+    scene.manager->Stop();
+    send(scene.first, QEvent::Enter);
+    QVERIFY(!scene.firstMenu->isVisible());
+    scene.manager->Start();
+    scene.manager->Start();
+    send(scene.first, QEvent::Enter);
+    QVERIFY(scene.firstMenu->isVisible());
+}
+
+void TestLumoMenuManager::buttonWithoutMenuClosesLater()
+{
+    Scene scene(true);
+    scene.start();
+    send(scene.first, QEvent::Enter);
+    send(scene.plain, QEvent::Enter);
+    QVERIFY(scene.firstMenu->isVisible());
+    QVERIFY(scene.timer().isActive());
+    QTRY_VERIFY(!scene.firstMenu->isVisible());
+}
+
+void TestLumoMenuManager::menusHideTwoHundredMillisecondsAfterThePointerLeft()
+{
+    Scene scene(true);
+    scene.start();
+    send(scene.first, QEvent::Enter);
+    QVERIFY(!scene.timer().isActive());
+    pointAt(&scene.window, QPoint(390, 290));
+    QVERIFY(scene.timer().isActive());
+    QCOMPARE(scene.timer().interval(), 200);
+    QVERIFY(scene.firstMenu->isVisible());
+    QTRY_VERIFY(!scene.firstMenu->isVisible());
+}
+
+void TestLumoMenuManager::wayFromButtonToMenuKeepsItOpen()
+{
+    Scene scene(true);
+    scene.start();
+    send(scene.first, QEvent::Enter);
+    send(scene.first, QEvent::Leave);
+    QVERIFY(scene.timer().isActive());
+    send(scene.firstMenu, QEvent::Enter);
+    QVERIFY(!scene.timer().isActive());
+    QVERIFY(scene.firstMenu->isVisible());
+    send(scene.firstMenu, QEvent::Leave);
+    QVERIFY(scene.timer().isActive());
+}
+
+void TestLumoMenuManager::movesOverLinkedPartsKeepMenusOpen_data()
+{
+    QTest::addColumn<QString>("over");
+    QTest::addColumn<bool>("isEnabled");
+    QTest::addColumn<bool>("keeps");
+    QTest::newRow("button") << "first" << true << true;
+    QTest::newRow("disabled button") << "first" << false << false;
+    QTest::newRow("button without menu") << "plain" << true << false;
+    QTest::newRow("menu") << "menu" << true << true;
+    QTest::newRow("menu of a disabled button") << "menu" << false << false;
+    QTest::newRow("elsewhere") << "window" << true << false;
+}
+
+void TestLumoMenuManager::movesOverLinkedPartsKeepMenusOpen()
+{
+    QFETCH(QString, over);
+    QFETCH(bool, isEnabled);
+    QFETCH(bool, keeps);
+    Scene scene(true);
+    scene.start();
+    scene.first->setEnabled(isEnabled);
+    send(scene.first, QEvent::Enter);
+    const QMap<QString, QPoint> places {
+        {QStringLiteral("first"), scene.first->mapToGlobal(QPoint(5, 5))},
+        {QStringLiteral("plain"), scene.plain->mapToGlobal(QPoint(5, 5))},
+        {QStringLiteral("menu"), scene.firstMenu->mapToGlobal(QPoint(5, 5))},
+        {QStringLiteral("window"), scene.window.mapToGlobal(QPoint(390, 290))}};
+    QCursor::setPos(places.value(over));
+    scene.timer().stop();
+    if (keeps)
+        scene.timer().start();
+    pointAt(&scene.window, QPoint(390, 290));
+    QCOMPARE(scene.timer().isActive(), !keeps);
+}
+
+void TestLumoMenuManager::disabledButtonStillSwitchesOnEnter()
+{
+    Scene scene(true);
+    scene.start();
+    scene.first->setEnabled(false);
+    send(scene.first, QEvent::Enter);
+    QVERIFY(scene.firstMenu->isVisible());
+}
+
+void TestLumoMenuManager::subMenusAreWatched()
+{
+    Scene scene(true);
+    QMenu *sub = scene.firstMenu->addMenu(QStringLiteral("Sub"));
+    QMenu *deep = sub->addMenu(QStringLiteral("Deep"));
+    scene.start();
+    send(deep, QEvent::Leave);
+    QVERIFY(scene.timer().isActive());
+    send(deep, QEvent::Enter);
+    QVERIFY(!scene.timer().isActive());
+}
+
+void TestLumoMenuManager::noEventIsConsumed()
+{
+    Scene scene(true);
+    scene.start();
+    for (QEvent::Type type : {QEvent::MouseMove, QEvent::Enter, QEvent::Leave}) {
+        QEvent event(type);
+        QVERIFY(!scene.manager->eventFilter(scene.first, &event));
+    }
+}
+
+void TestLumoMenuManager::openMenuChangesTheStyleOfItsButton()
+{
+    Scene scene(true);
+    scene.start();
+    send(scene.first, QEvent::Enter);
+    QCOMPARE(scene.first->styleSheet(), Open);
+    QCOMPARE(scene.second->styleSheet(), QString());
+    send(scene.second, QEvent::Enter);
+    QCOMPARE(scene.first->styleSheet(), Closed);
+    QCOMPARE(scene.second->styleSheet(), Open);
+}
+
+void TestLumoMenuManager::withoutAlternateStyleTheStyleStays()
+{
+    Scene scene(true);
+    const QString own = QStringLiteral("QToolButton { color: red; }");
+    scene.first->setProperty(LumoMenuManager::AlternateStyleProperty, QVariant());
+    scene.first->setStyleSheet(own);
+    scene.start();
+    send(scene.first, QEvent::Enter);
+    QVERIFY(scene.firstMenu->isVisible());
+    QCOMPARE(scene.first->styleSheet(), own);
+}
+
+void TestLumoMenuManager::styleChangeToleratesASwitchFromTheEventLoop()
+{
+    for (const bool isFirst : {true, false}) {
+        Scene scene(true);
+        scene.start();
+        QToolButton *entered = isFirst ? scene.first : scene.second;
+        QToolButton *other = isFirst ? scene.second : scene.first;
+        QTimer::singleShot(0, other, [other] { send(other, QEvent::Enter); });
+        send(entered, QEvent::Enter);
+        QVERIFY(scene.manager->GetMenu(other)->isVisible());
+        QVERIFY(!scene.manager->GetMenu(entered)->isVisible());
+        QCOMPARE(other->styleSheet(), Open);
+        QCOMPARE(entered->styleSheet(), Closed);
+    }
+}
+
+void TestLumoMenuManager::styleChangeToleratesTheEndOfTheManager()
+{
+    Scene scene(true);
+    scene.start();
+    QTimer::singleShot(0, &scene.window, [&scene] { delete scene.manager; });
+    send(scene.first, QEvent::Enter);
+    QVERIFY(!scene.manager);
+    QVERIFY(scene.firstMenu->isVisible());
+}
+
+void TestLumoMenuManager::styleChangeToleratesTheEndOfAnotherMenu()
+{
+    Scene scene(true);
+    scene.start();
+    QPointer<QMenu> other(scene.secondMenu);
+    QTimer::singleShot(0, &scene.window, [other] { delete other; });
+    send(scene.first, QEvent::Enter);
+    QVERIFY(!other);
+    QVERIFY(scene.firstMenu->isVisible());
+    QVERIFY(!scene.manager->GetMenu(scene.second));
+}
+
+void TestLumoMenuManager::dyingButtonIsDropped()
+{
+    Scene scene(true);
+    QMenu menu;
+    menu.addAction(QStringLiteral("Action"));
+    scene.manager->AddButtonMenuLinkage(scene.plain, &menu);
+    scene.start();
+    send(scene.first, QEvent::Enter);
+    delete scene.first;
+    QVERIFY(!scene.manager->FindButton(QStringLiteral("First")));
+    send(scene.plain, QEvent::Enter);
+    QVERIFY(menu.isVisible());
+    delete scene.plain;
+    QVERIFY(!menu.isVisible());
+    pointAt(&scene.window, QPoint(390, 290));
+    scene.manager->Stop();
+    scene.manager->Start();
+    scene.manager->OnMenuHideTimerTimeOut();
+}
+
+void TestLumoMenuManager::dyingOpenMenuLeavesAButtonWithoutMenu()
+{
+    Scene scene(true);
+    scene.start();
+    send(scene.first, QEvent::Enter);
+    delete scene.firstMenu;
+    QVERIFY(!scene.manager->GetMenu(scene.first));
+    QCOMPARE(scene.first->styleSheet(), Closed);
+    pointAt(&scene.window, QPoint(390, 290));
+    scene.timer().stop();
+    send(scene.first, QEvent::Enter);
+    QVERIFY(scene.timer().isActive());
+    scene.manager->OnMenuHideTimerTimeOut();
+}
+
+void TestLumoMenuManager::replacedOpenMenuIsHidden()
+{
+    Scene scene(true);
+    scene.start();
+    send(scene.first, QEvent::Enter);
+    scene.manager->AddButtonMenuLinkage(scene.first, nullptr);
+    QVERIFY(!scene.firstMenu->isVisible());
+    QCOMPARE(scene.first->styleSheet(), Closed);
+}
+
+void TestLumoMenuManager::dyingWindowIsSurvived()
+{
+    auto window = std::make_unique<QMainWindow>();
+    LumoMenuManager manager(window.get(), 0, true, nullptr);
+    auto *button = new QToolButton(window.get());
+    manager.AddButtonMenuLinkage(button, new QMenu(button));
+    manager.Start();
+    window.reset();
+    manager.Stop();
+    manager.OnMenuHideTimerTimeOut();
+}
+
+void TestLumoMenuManager::windowMayBeNull()
+{
+    QToolButton button;
+    auto *menu = new QMenu(&button);
+    menu->addAction(QStringLiteral("Action"));
+    LumoMenuManager manager(nullptr, 0, true, nullptr);
+    manager.AddButtonMenuLinkage(&button, menu);
+    manager.Start();
+    button.move(30, 40);
+    button.show();
+    send(&button, QEvent::Enter);
+    QVERIFY(menu->isVisible());
+    QCOMPARE(menu->pos(), button.geometry().bottomLeft());
+}
+
+LUMO_TEST_MAIN(TestLumoMenuManager)
+#include "tst_lumomenumanager.moc"

@@ -1,0 +1,400 @@
+// SPDX-FileCopyrightText: 2026 The lumo_ui_base authors
+// SPDX-License-Identifier: MIT
+
+#include "ui_base/qtui/menu/menumanager.h"
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QCoreApplication>
+#include <QCursor>
+#include <QEvent>
+#include <QMainWindow>
+#include <QMap>
+#include <QMenu>
+#include <QPointer>
+#include <QPushButton>
+#include <QSet>
+#include <QTimer>
+#include <QToolButton>
+#include <QVariant>
+#include <QVector>
+
+#include <algorithm>
+
+namespace Vela::UiBase {
+
+class LumoMenuManagerPrivate
+{
+public:
+    LumoMenuManagerPrivate(LumoMenuManager *manager, QMainWindow *window, int offset, bool hover)
+        : q(manager)
+        , mainWindow(window)
+        , menuOffsetY(offset)
+        , customHover(hover)
+    { }
+
+    void Initialize();
+    void LinkButtonMenu(bool link);
+    void LinkPlain(QAbstractButton *button, QMenu *menu) const;
+    void LinkHover(QAbstractButton *button, QMenu *menu, bool link) const;
+    void WatchMenu(QMenu *menu);
+    void WatchButton(QAbstractButton *button);
+    void DropButton(QAbstractButton *button);
+    void DropMenu(QMenu *menu);
+    void ShowClosedFace(QAbstractButton *button) const;
+    void HideUnlinked(QMenu *menu) const;
+
+    bool IsCursorOver() const;
+    void PlaceMenu(QAbstractButton *button) const;
+    void SwitchTo(QAbstractButton *button);
+    void HideAll();
+    void ApplyStyle(QMenu *menu, const char *property) const;
+    void OnEvent(QObject *watched, QEvent::Type type);
+    void OnEnter(QObject *watched);
+    QVector<QPointer<QMenu>> Menus() const;
+
+    LumoMenuManager *const q;
+    QMap<QAbstractButton *, QMenu *> buttonMenus;
+    QPointer<QMainWindow> mainWindow;
+    int menuOffsetY;
+    bool customHover;
+    QTimer *menuHideTimer = nullptr;
+    int menuHideInterval = 200;
+    bool started = false;
+    QSet<QMenu *> watchedMenus;
+    /// Counts what shows and hides menus, so that a call that was overtaken notices it.
+    int turns = 0;
+};
+
+static void CollectMenus(QMenu *menu, QVector<QMenu *> &menus)
+{
+    // An action may show a menu that it also stands in.
+    if (menus.contains(menu))
+        return;
+    menus << menu;
+    const QList<QAction *> actions = menu->actions();
+    for (const QAction *action : actions) {
+        if (action->menu())
+            CollectMenus(action->menu(), menus);
+    }
+}
+
+static QVector<QMenu *> WithSubMenus(QMenu *menu)
+{
+    QVector<QMenu *> menus;
+    CollectMenus(menu, menus);
+    return menus;
+}
+
+static bool Contains(const QWidget *widget, const QPoint &global)
+{
+    return widget->rect().contains(widget->mapFromGlobal(global));
+}
+
+void LumoMenuManagerPrivate::Initialize()
+{
+    if (!customHover)
+        return;
+    menuHideTimer = new QTimer(q);
+    menuHideTimer->setInterval(menuHideInterval);
+    menuHideTimer->setSingleShot(true);
+    QObject::connect(menuHideTimer, &QTimer::timeout, q, &LumoMenuManager::OnMenuHideTimerTimeOut);
+    if (mainWindow) {
+        mainWindow->setMouseTracking(true);
+        mainWindow->installEventFilter(q);
+    }
+}
+
+void LumoMenuManagerPrivate::LinkButtonMenu(bool link)
+{
+    for (auto it = buttonMenus.cbegin(); it != buttonMenus.cend(); ++it) {
+        QMenu *menu = link ? it.value() : nullptr;
+        if (customHover)
+            LinkHover(it.key(), menu, link);
+        else
+            LinkPlain(it.key(), menu);
+    }
+}
+
+void LumoMenuManagerPrivate::LinkPlain(QAbstractButton *button, QMenu *menu) const
+{
+    if (auto *pushButton = qobject_cast<QPushButton *>(button)) {
+        pushButton->setMenu(menu);
+    } else if (auto *toolButton = qobject_cast<QToolButton *>(button)) {
+        toolButton->setMenu(menu);
+        toolButton->setPopupMode(QToolButton::InstantPopup);
+    }
+}
+
+void LumoMenuManagerPrivate::LinkHover(QAbstractButton *button, QMenu *menu, bool link) const
+{
+    if (!link) {
+        // The menus stay watched: one that is open still has to close when the pointer leaves it.
+        button->removeEventFilter(q);
+        return;
+    }
+    button->installEventFilter(q);
+    if (!menu)
+        return;
+    const QVector<QMenu *> menus = WithSubMenus(menu);
+    for (QMenu *each : menus)
+        each->installEventFilter(q);
+}
+
+void LumoMenuManagerPrivate::WatchMenu(QMenu *menu)
+{
+    QObject::connect(menu, &QMenu::triggered, q, &LumoMenuManager::OnMenuActionTriggered,
+                     Qt::UniqueConnection);
+    if (customHover)
+        menu->setWindowFlags(Qt::Window | Qt::FramelessWindowHint);
+    if (watchedMenus.contains(menu))
+        return;
+    watchedMenus.insert(menu);
+    QObject::connect(menu, &QObject::destroyed, q, [this, menu] { DropMenu(menu); });
+}
+
+void LumoMenuManagerPrivate::WatchButton(QAbstractButton *button)
+{
+    if (!buttonMenus.contains(button))
+        QObject::connect(button, &QObject::destroyed, q, [this, button] { DropButton(button); });
+}
+
+void LumoMenuManagerPrivate::DropButton(QAbstractButton *button)
+{
+    HideUnlinked(buttonMenus.take(button));
+}
+
+void LumoMenuManagerPrivate::DropMenu(QMenu *menu)
+{
+    watchedMenus.remove(menu);
+    for (auto it = buttonMenus.begin(); it != buttonMenus.end(); ++it) {
+        if (it.value() != menu)
+            continue;
+        it.value() = nullptr;
+        ShowClosedFace(it.key());
+    }
+}
+
+void LumoMenuManagerPrivate::ShowClosedFace(QAbstractButton *button) const
+{
+    // An open menu that dies or is replaced sends no event that its button could be told by.
+    const QString open = button->property(LumoMenuManager::AlternateStyleProperty).toString();
+    if (customHover && !open.isEmpty() && button->styleSheet() == open)
+        button->setStyleSheet(button->property(LumoMenuManager::OriginalStyleProperty).toString());
+}
+
+void LumoMenuManagerPrivate::HideUnlinked(QMenu *menu) const
+{
+    const bool isLinked =
+        std::find(buttonMenus.cbegin(), buttonMenus.cend(), menu) != buttonMenus.cend();
+    if (customHover && menu && !isLinked)
+        menu->hide();
+}
+
+bool LumoMenuManagerPrivate::IsCursorOver() const
+{
+    const QPoint cursor = QCursor::pos();
+    for (auto it = buttonMenus.cbegin(); it != buttonMenus.cend(); ++it) {
+        if (!it.value() || !it.key()->isEnabled())
+            continue;
+        if (Contains(it.key(), cursor))
+            return true;
+        if (!it.value()->isVisible())
+            continue;
+        const QVector<QMenu *> menus = WithSubMenus(it.value());
+        if (std::any_of(menus.cbegin(), menus.cend(),
+                        [&cursor](const QMenu *menu) { return Contains(menu, cursor); }))
+            return true;
+    }
+    return false;
+}
+
+void LumoMenuManagerPrivate::PlaceMenu(QAbstractButton *button) const
+{
+    QMenu *menu = buttonMenus.value(button);
+    if (!menu || !menu->parentWidget())
+        return;
+    const QRect geometry = button->geometry();
+    const QPoint corner(geometry.left(), geometry.bottom() + menuOffsetY);
+    // The geometry of a button that is a window is global already.
+    menu->move(button->parentWidget() ? button->parentWidget()->mapToGlobal(corner) : corner);
+}
+
+QVector<QPointer<QMenu>> LumoMenuManagerPrivate::Menus() const
+{
+    QVector<QPointer<QMenu>> menus;
+    for (QMenu *menu : buttonMenus) {
+        if (menu)
+            menus << menu;
+    }
+    return menus;
+}
+
+void LumoMenuManagerPrivate::SwitchTo(QAbstractButton *button)
+{
+    const QMenu *own = buttonMenus.value(button);
+    if (!own) {
+        menuHideTimer->start();
+        return;
+    }
+    const QPointer<LumoMenuManager> alive(q);
+    const QVector<QPointer<QMenu>> menus = Menus();
+    const int turn = ++turns;
+    for (const QPointer<QMenu> &menu : menus) {
+        if (!menu)
+            continue;
+        if (menu != own) {
+            menu->hide();
+        } else {
+            menu->show();
+            if (menu)
+                menu->raise();
+        }
+        // Changed styles run the event loop, where the pointer may have reached another button.
+        if (!alive || turn != turns)
+            return;
+    }
+}
+
+void LumoMenuManagerPrivate::HideAll()
+{
+    const QPointer<LumoMenuManager> alive(q);
+    const QVector<QPointer<QMenu>> menus = Menus();
+    const int turn = ++turns;
+    for (const QPointer<QMenu> &menu : menus) {
+        if (menu)
+            menu->hide();
+        if (!alive || turn != turns)
+            return;
+    }
+}
+
+void LumoMenuManagerPrivate::ApplyStyle(QMenu *menu, const char *property) const
+{
+    QAbstractButton *button = buttonMenus.key(menu);
+    if (!button)
+        return;
+    const QString style = button->property(property).toString();
+    if (style.isEmpty())
+        return;
+    button->setStyleSheet(style);
+    // The button shows its change before the menu paints itself.
+    QCoreApplication::processEvents();
+}
+
+void LumoMenuManagerPrivate::OnEnter(QObject *watched)
+{
+    menuHideTimer->stop();
+    const QPointer<QAbstractButton> button = qobject_cast<QAbstractButton *>(watched);
+    if (!button)
+        return;
+    PlaceMenu(button);
+    SwitchTo(button);
+    if (button)
+        button->update();
+}
+
+void LumoMenuManagerPrivate::OnEvent(QObject *watched, QEvent::Type type)
+{
+    auto *menu = qobject_cast<QMenu *>(watched);
+    const bool isOurs = menu || qobject_cast<QAbstractButton *>(watched);
+    if (type == QEvent::MouseMove) {
+        if (IsCursorOver())
+            menuHideTimer->stop();
+        else
+            menuHideTimer->start();
+    } else if (type == QEvent::Enter && isOurs) {
+        OnEnter(watched);
+    } else if (type == QEvent::Leave && isOurs) {
+        menuHideTimer->start();
+    } else if (type == QEvent::Show && menu) {
+        ApplyStyle(menu, LumoMenuManager::AlternateStyleProperty);
+    } else if (type == QEvent::Hide && menu) {
+        ApplyStyle(menu, LumoMenuManager::OriginalStyleProperty);
+    }
+}
+
+LumoMenuManager::LumoMenuManager(QMainWindow *mainWindow, int menuOffsetY, bool customHover,
+                                 QObject *parent)
+    : QObject(parent)
+    , d(std::make_unique<LumoMenuManagerPrivate>(this, mainWindow, menuOffsetY, customHover))
+{
+    d->Initialize();
+}
+
+LumoMenuManager::~LumoMenuManager() = default;
+
+void LumoMenuManager::AddButtonMenuLinkage(QAbstractButton *button, QMenu *menu)
+{
+    if (!button)
+        return;
+    d->WatchButton(button);
+    QMenu *replaced = d->buttonMenus.value(button);
+    d->buttonMenus[button] = menu;
+    if (menu)
+        d->WatchMenu(menu);
+    if (d->started) {
+        d->LinkButtonMenu(false);
+        d->LinkButtonMenu(true);
+    }
+    if (replaced && replaced != menu) {
+        d->ShowClosedFace(button);
+        d->HideUnlinked(replaced);
+    }
+}
+
+QMenu *LumoMenuManager::GetMenu(QAbstractButton *button) const
+{
+    return d->buttonMenus.value(button);
+}
+
+QAbstractButton *LumoMenuManager::FindButton(const QString &text) const
+{
+    const QList<QAbstractButton *> buttons = d->buttonMenus.keys();
+    const auto found = std::find_if(buttons.cbegin(), buttons.cend(),
+                                    [&text](const auto *each) { return each->text() == text; });
+    return found == buttons.cend() ? nullptr : *found;
+}
+
+void LumoMenuManager::Start()
+{
+    d->LinkButtonMenu(true);
+    d->started = true;
+}
+
+void LumoMenuManager::Stop()
+{
+    d->LinkButtonMenu(false);
+    d->started = false;
+}
+
+bool LumoMenuManager::IsStarted() const
+{
+    return d->started;
+}
+
+bool LumoMenuManager::eventFilter(QObject *watched, QEvent *event)
+{
+    if (!d->customHover)
+        return QObject::eventFilter(watched, event);
+    const QPointer<LumoMenuManager> alive(this);
+    const QPointer<QObject> receiver(watched);
+    d->OnEvent(watched, event->type());
+    // Qt must not deliver to a receiver that died meanwhile.
+    if (!alive || !receiver)
+        return !receiver;
+    return QObject::eventFilter(watched, event);
+}
+
+void LumoMenuManager::OnMenuHideTimerTimeOut()
+{
+    d->HideAll();
+}
+
+void LumoMenuManager::OnMenuActionTriggered()
+{
+    if (auto *menu = qobject_cast<QMenu *>(sender()))
+        menu->hide();
+}
+
+} // namespace Vela::UiBase
