@@ -127,6 +127,7 @@ private Q_SLOTS:
     void styleChangeToleratesASwitchFromTheEventLoop();
     void styleChangeToleratesTheEndOfTheManager();
     void styleChangeToleratesTheEndOfAnotherMenu();
+    void buttonThatDiesInTheStyleChangeGetsNoEvent();
 
     void dyingButtonIsDropped();
     void dyingOpenMenuLeavesAButtonWithoutMenu();
@@ -478,6 +479,21 @@ void TestLumoMenuManager::styleChangeToleratesTheEndOfAnotherMenu()
     QVERIFY(!other);
     QVERIFY(scene.firstMenu->isVisible());
     QVERIFY(!scene.manager->GetMenu(scene.second));
+}
+
+void TestLumoMenuManager::buttonThatDiesInTheStyleChangeGetsNoEvent()
+{
+    Scene scene(true);
+    QMenu menu;
+    menu.addAction(QStringLiteral("Action"));
+    scene.manager->AddButtonMenuLinkage(scene.plain, &menu);
+    scene.start();
+    const QPointer<QToolButton> button(scene.plain);
+    QTimer::singleShot(0, &scene.window, [button] { delete button; });
+    QEvent enter(QEvent::Enter);
+    QVERIFY(scene.manager->eventFilter(button, &enter));
+    QVERIFY(!button);
+    QVERIFY(!menu.isVisible());
 }
 
 void TestLumoMenuManager::dyingButtonIsDropped()
