@@ -1,0 +1,659 @@
+// SPDX-FileCopyrightText: 2026 The lumo_ui_base authors
+// SPDX-License-Identifier: MIT
+
+#include <ui_base/MenuBuilder>
+
+#include "support/testcase.h"
+#include "support/testmain.h"
+#include "support/virtualorder.h"
+#include "ui_base/qtui/menu/menubuilder_p.h"
+
+#include <lumo_common_res/Styles>
+
+#include <QButtonGroup>
+#include <QLabel>
+#include <QMainWindow>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPixmap>
+#include <QPointer>
+#include <QSignalSpy>
+#include <QToolButton>
+
+#include <memory>
+
+using namespace Lumo::Test;
+using namespace Vela::UiBase;
+using Vela::Resource::Styles;
+
+namespace {
+
+const QString File = QStringLiteral("File");
+const QString Edit = QStringLiteral("Edit");
+
+class Bar : public MenuBuilder
+{
+public:
+    explicit Bar(QMainWindow *window, Qt::ToolButtonStyle style = Qt::ToolButtonTextOnly,
+                 bool customHover = false, const QString &sheet = {})
+        : MenuBuilder(QStringLiteral("bar"), window, window, style, customHover, sheet)
+    { }
+
+    bool add(const QString &name) { return AddMenuBarItem(name, {}, {}, {}, {}); }
+    QMenu *menu(const QString &name) { return d_ptr->MenuOf(name); }
+    MenuBuilderPrivate &state() { return *d_ptr; }
+};
+
+AppMenuItemSpecifier entry(const QString &text, const char *slot = nullptr,
+                           QAction::MenuRole role = QAction::NoRole)
+{
+    AppMenuItemSpecifier spec;
+    spec.text = text;
+    spec.slot = slot;
+    spec.menuRole = role;
+    return spec;
+}
+
+QIcon squareIcon(int size)
+{
+    QPixmap pixmap(size, size);
+    pixmap.fill(Qt::red);
+    return QIcon(pixmap);
+}
+
+QStringList texts(const QMenu *menu)
+{
+    QStringList list;
+    for (const QAction *action : menu->actions())
+        list << (action->isSeparator() ? QStringLiteral("-") : action->text());
+    return list;
+}
+
+QStringList list(const char *joined)
+{
+    return QString::fromLatin1(joined).split(QLatin1Char(' '), Qt::SkipEmptyParts);
+}
+
+} // namespace
+
+class TestMenuBuilder : public TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void virtualOperationsKeepTheirOrder();
+    void barTakesNoFocusAndHasItsName();
+    void sameNameTwiceChangesNothing();
+    void itemsStandInOrderOfAdding();
+    void textStyleShowsOnlyTheText();
+    void iconStyleFixesTheSizeOfTheIcon();
+    void emptyStyleSheetTakesTheCommonOne();
+    void alternateStyleIsKeptInProperties();
+    void groupsAreExclusive();
+    void clicksReachTheSlot();
+    void toggleItemShowsOneFace_data();
+    void toggleItemShowsOneFace();
+    void toggleTextItemHasItsHeightAndStyle();
+    void separatorIsAThinLine();
+    void itemWidthNeverShrinks();
+    void positionWithoutItemsHasNoWidth();
+
+    void specifiersFillAMenu();
+    void emptyListStillStylesAndLinksAMenu();
+    void nullActionsAreSeparators();
+    void actionsStandBeforeAnother();
+    void subMenuNeedsAMenu();
+    void subMenuIsFoundByItsTitle();
+    void subMenuStandsBeforeAnActionWithASeparator();
+    void certainRolesStayOutOfMirrorMenus();
+    void appendedItemNeedsAStartedPlainBar();
+    void changesKeepTheManagerStarted();
+    void actionsAreFoundInSubMenus();
+    void fixedMenuWidthIsAtLeastThatOfTheItem();
+    void hidingTheBarHidesOpenMenus();
+    void openMenusAreSeenInPlainMode();
+
+    void unknownNamesAreRefused();
+    void unknownNameLeavesAnEntryThatWalksSkip();
+    void nullSpecifiersAreRefused();
+    void menuDeletedWhileOpenIsMadeAgain_data();
+    void menuDeletedWhileOpenIsMadeAgain();
+    void deletedItemIsDropped();
+    void itemsHeldByOthersEndWithTheBar();
+    void barWithoutInitializeRefusesEverything();
+};
+
+void TestMenuBuilder::virtualOperationsKeepTheirOrder()
+{
+    QVERIFY(standInThisOrder(&MenuBuilder::Initialize, &MenuBuilder::SetMenuBarItemStyle,
+                             &MenuBuilder::SetMenuBarItemButtonStyle,
+                             &MenuBuilder::SetDropDownMenuStyle, &MenuBuilder::GetMainWindow,
+                             &MenuBuilder::FindAction));
+}
+
+void TestMenuBuilder::barTakesNoFocusAndHasItsName()
+{
+    QMainWindow window;
+    const Bar bar(&window);
+    QCOMPARE(bar.objectName(), QStringLiteral("bar"));
+    QCOMPARE(bar.focusPolicy(), Qt::NoFocus);
+    QVERIFY(bar.windowFlags() & Qt::FramelessWindowHint);
+    QCOMPARE(bar.contextMenuPolicy(), Qt::NoContextMenu);
+    QCOMPARE(bar.palette().color(QPalette::Window), QColor(255, 255, 255, 1));
+    QVERIFY(bar.autoFillBackground());
+    QVERIFY(bar.sizePolicy().hasHeightForWidth());
+    QCOMPARE(bar.layout()->objectName(), QStringLiteral("layout"));
+    QCOMPARE(bar.layout()->spacing(), 0);
+}
+
+void TestMenuBuilder::sameNameTwiceChangesNothing()
+{
+    QMainWindow window;
+    Bar bar(&window);
+    QVERIFY(bar.add(File));
+    const auto button = bar.GetMenuBarItem(File);
+    QVERIFY(!bar.AddMenuBarItem(File, {}, QStringLiteral("x"), QStringLiteral("g"), File));
+    QVERIFY(
+        !bar.AddMenuBarToggleTextItem(File, QStringLiteral("QToolButton {}"), File, nullptr, 9));
+    QVERIFY(!bar.InsertMenuBarItem(0, File, {}, {}, {}, {}));
+    QCOMPARE(bar.GetMenuBarItem(File), button);
+    QCOMPARE(bar.layout()->count(), 1);
+    QVERIFY(!button->isCheckable());
+    QCOMPARE(button->toolTip(), QString());
+}
+
+void TestMenuBuilder::itemsStandInOrderOfAdding()
+{
+    QMainWindow window;
+    Bar bar(&window);
+    QVERIFY(bar.add(QStringLiteral("b")) && bar.add(QStringLiteral("a")));
+    QVERIFY(bar.InsertMenuBarItem(1, QStringLiteral("c"), {}, {}, {}, {}));
+    QVERIFY(bar.InsertMenuBarItem(99, QStringLiteral("d"), {}, {}, {}, {}));
+    QStringList order;
+    for (int i = 0; i < bar.layout()->count(); ++i)
+        order << bar.layout()->itemAt(i)->widget()->objectName();
+    QCOMPARE(order, list("b c a d"));
+}
+
+void TestMenuBuilder::textStyleShowsOnlyTheText()
+{
+    QMainWindow window;
+    Bar bar(&window);
+    QVERIFY(bar.AddMenuBarItem(File, squareIcon(32), {}, {}, QStringLiteral("tip")));
+    const auto button = bar.GetMenuBarItem(File);
+    QCOMPARE(button->toolButtonStyle(), Qt::ToolButtonTextOnly);
+    QVERIFY(button->icon().isNull());
+    QCOMPARE(button->text(), File);
+    QCOMPARE(button->toolTip(), QStringLiteral("tip"));
+    QCOMPARE(button->minimumWidth(), 50);
+    QVERIFY(button->autoRaise());
+}
+
+void TestMenuBuilder::iconStyleFixesTheSizeOfTheIcon()
+{
+    QMainWindow window;
+    Bar bar(&window, Qt::ToolButtonIconOnly);
+    QVERIFY(bar.AddMenuBarItem(File, squareIcon(32), {}, {}, {}));
+    const auto button = bar.GetMenuBarItem(File);
+    QCOMPARE(button->iconSize(), QSize(32, 32));
+    QCOMPARE(button->minimumSize(), QSize(36, 36));
+    QCOMPARE(button->maximumSize(), QSize(36, 36));
+}
+
+void TestMenuBuilder::emptyStyleSheetTakesTheCommonOne()
+{
+    QMainWindow window;
+    Bar bar(&window);
+    const QString own = QStringLiteral("QToolButton { color: red; }");
+    Bar other(&window, Qt::ToolButtonTextOnly, false, own);
+    QVERIFY(bar.add(File) && other.add(File));
+    QCOMPARE(bar.GetMenuBarItem(File)->styleSheet(), Styles::Instance().MenuMain());
+    QCOMPARE(other.GetMenuBarItem(File)->styleSheet(), own);
+}
+
+void TestMenuBuilder::alternateStyleIsKeptInProperties()
+{
+    QMainWindow window;
+    Bar bar(&window);
+    const QString open = QStringLiteral("QToolButton { color: red; }");
+    QVERIFY(bar.AddMenuBarItem(File, {}, open, {}, {}) && bar.add(Edit));
+    const auto button = bar.GetMenuBarItem(File);
+    QCOMPARE(button->property("AlternateStyle").toString(), open);
+    QCOMPARE(button->property("OriginalStyle").toString(), Styles::Instance().MenuMain());
+    QVERIFY(!bar.GetMenuBarItem(Edit)->property("OriginalStyle").isValid());
+}
+
+void TestMenuBuilder::groupsAreExclusive()
+{
+    QMainWindow window;
+    Bar bar(&window);
+    const QString group = QStringLiteral("g");
+    QVERIFY(bar.AddMenuBarItem(File, {}, {}, group, {}));
+    QVERIFY(bar.AddMenuBarItem(Edit, {}, {}, group, {}));
+    bar.GetMenuBarItem(File)->click();
+    bar.GetMenuBarItem(Edit)->click();
+    QVERIFY(!bar.GetMenuBarItem(File)->isChecked());
+    QVERIFY(bar.GetMenuBarItem(Edit)->isChecked());
+}
+
+void TestMenuBuilder::clicksReachTheSlot()
+{
+    QMainWindow window;
+    Bar bar(&window);
+    QVERIFY(bar.AddMenuBarItem(File, SLOT(hide()), {}, {}, {}, {}));
+    window.show();
+    bar.GetMenuBarItem(File)->click();
+    QVERIFY(!window.isVisible());
+    QWidget receiver;
+    const auto spec = QSharedPointer<AppMenuItemSpecifier>::create(entry(Edit, SLOT(hide())));
+    spec->receiver = &receiver;
+    QVERIFY(bar.AddMenuBarItem(spec, {}, {}));
+    receiver.show();
+    window.show();
+    bar.GetMenuBarItem(Edit)->click();
+    QVERIFY(!receiver.isVisible());
+    QVERIFY(window.isVisible());
+}
+
+void TestMenuBuilder::toggleItemShowsOneFace_data()
+{
+    QTest::addColumn<bool>("isActive");
+    QTest::addColumn<QString>("toolTip");
+    QTest::newRow("active") << true << "on";
+    QTest::newRow("inactive") << false << "off";
+}
+
+void TestMenuBuilder::toggleItemShowsOneFace()
+{
+    QFETCH(bool, isActive);
+    QFETCH(QString, toolTip);
+    QMainWindow window;
+    Bar bar(&window);
+    const auto spec = QSharedPointer<AppMenuToggleItemSpecifier>::create();
+    spec->isActive = isActive;
+    spec->activeToolTip = QStringLiteral("on");
+    spec->inactiveToolTip = QStringLiteral("off");
+    spec->slot = SLOT(hide());
+    QVERIFY(bar.AddMenuBarToggleItem(File, spec, {}, {}));
+    QCOMPARE(bar.GetMenuBarItem(File)->toolTip(), toolTip);
+    QCOMPARE(bar.GetMenuBarToggleItemSpecifier(File), spec);
+    window.show();
+    bar.GetMenuBarItem(File)->click();
+    QVERIFY(!window.isVisible());
+}
+
+void TestMenuBuilder::toggleTextItemHasItsHeightAndStyle()
+{
+    QMainWindow window;
+    Bar bar(&window, Qt::ToolButtonIconOnly);
+    const QString sheet = QStringLiteral("QToolButton { color: red; }");
+    QVERIFY(bar.AddMenuBarToggleTextItem(File, sheet, Edit, nullptr, 27));
+    const auto button = bar.GetMenuBarItem(File);
+    QCOMPARE(button->toolButtonStyle(), Qt::ToolButtonTextOnly);
+    QCOMPARE(button->styleSheet(), sheet);
+    QCOMPARE(button->property("OriginalStyle").toString(), sheet);
+    QCOMPARE(button->height(), 27);
+    QCOMPARE(button->cursor().shape(), Qt::PointingHandCursor);
+    QCOMPARE(button->toolTip(), Edit);
+}
+
+void TestMenuBuilder::separatorIsAThinLine()
+{
+    QMainWindow window;
+    Bar bar(&window);
+    QVERIFY(bar.AddSeparator(true, 20) && bar.AddSeparator(false, 30)
+            && bar.AddSeparator(true, -1));
+    QCOMPARE(bar.layout()->itemAt(0)->widget()->maximumSize(), QSize(20, 1));
+    QCOMPARE(bar.layout()->itemAt(1)->widget()->minimumSize(), QSize(1, 30));
+    QCOMPARE(bar.layout()->itemAt(0)->widget()->parentWidget(), &bar);
+}
+
+void TestMenuBuilder::itemWidthNeverShrinks()
+{
+    QMainWindow window;
+    Bar bar(&window);
+    QVERIFY(bar.add(QStringLiteral("An item with a very long text that needs much room")));
+    const int widest = bar.state().itemWidth;
+    QVERIFY(widest > 30);
+    QVERIFY(bar.add(File));
+    QCOMPARE(bar.state().itemWidth, widest);
+    QPoint position(3, 4);
+    bar.SetMenuPosition(position);
+    QCOMPARE(bar.pos(), position);
+    QCOMPARE(bar.width(), 2 * widest);
+}
+
+void TestMenuBuilder::positionWithoutItemsHasNoWidth()
+{
+    QMainWindow window;
+    Bar bar(&window);
+    QPoint position(0, 0);
+    bar.SetMenuPosition(position);
+    QCOMPARE(bar.width(), 0);
+}
+
+void TestMenuBuilder::specifiersFillAMenu()
+{
+    QMainWindow window;
+    Bar bar(&window);
+    QVERIFY(bar.add(File));
+    QList<AppMenuItemSpecifier> specs {entry(QStringLiteral("a"), SLOT(hide())), entry({}),
+                                       entry(QStringLiteral("b"))};
+    specs[0].shortcut = QKeySequence(Qt::CTRL + Qt::Key_O);
+    QVERIFY(bar.AddDropDownMenu(File, specs));
+    QCOMPARE(texts(bar.menu(File)), list("a - b"));
+    QAction *action = bar.FindAction(File, QStringLiteral("a"));
+    QCOMPARE(action->shortcut(), specs[0].shortcut);
+    window.show();
+    action->trigger();
+    QVERIFY(!window.isVisible());
+    QVERIFY(bar.AddDropDownMenu(File, specs));
+    QCOMPARE(texts(bar.menu(File)), list("a - b a - b"));
+}
+
+void TestMenuBuilder::emptyListStillStylesAndLinksAMenu()
+{
+    QMainWindow window;
+    Bar bar(&window);
+    QVERIFY(bar.add(File));
+    QList<AppMenuItemSpecifier> none;
+    QVERIFY(bar.AddDropDownMenu(File, none));
+    QVERIFY(bar.menu(File));
+    QVERIFY(bar.menu(File)->isEmpty());
+    QCOMPARE(bar.menu(File)->styleSheet(), Styles::Instance().MenuMain());
+    QCOMPARE(bar.menu(File)->focusPolicy(), Qt::NoFocus);
+    bar.Start();
+    QCOMPARE(bar.GetMenuBarItem(File)->menu(), bar.menu(File));
+}
+
+void TestMenuBuilder::nullActionsAreSeparators()
+{
+    QMainWindow window;
+    Bar bar(&window);
+    QVERIFY(bar.add(File));
+    QAction first(QStringLiteral("a"));
+    QAction second(QStringLiteral("b"));
+    QVERIFY(bar.AddDropDownMenu(File, {&first, nullptr, &second}, nullptr));
+    QCOMPARE(texts(bar.menu(File)), list("a - b"));
+}
+
+void TestMenuBuilder::actionsStandBeforeAnother()
+{
+    QMainWindow window;
+    Bar bar(&window);
+    QVERIFY(bar.add(File));
+    QAction first(QStringLiteral("a"));
+    QAction second(QStringLiteral("b"));
+    QVERIFY(bar.AddDropDownMenu(File, {&second}, nullptr));
+    QVERIFY(bar.AddDropDownMenu(File, {&first, nullptr}, &second));
+    QCOMPARE(texts(bar.menu(File)), list("a - b"));
+}
+
+void TestMenuBuilder::subMenuNeedsAMenu()
+{
+    QMainWindow window;
+    Bar bar(&window);
+    QVERIFY(bar.add(File));
+    QList<AppMenuItemSpecifier> specs {entry(QStringLiteral("a")), entry({})};
+    QVERIFY(!bar.AddSubMenu(File, Edit, specs));
+    QVERIFY(!bar.AddSubMenu(File, Edit, {nullptr}, nullptr, true));
+    QVERIFY(bar.AddDropDownMenu(File, specs));
+    QVERIFY(bar.AddSubMenu(File, Edit, specs));
+    QCOMPARE(texts(bar.state().FindMenu(bar.menu(File), Edit)), list("a -"));
+}
+
+void TestMenuBuilder::subMenuIsFoundByItsTitle()
+{
+    QMainWindow window;
+    Bar bar(&window);
+    QVERIFY(bar.add(File));
+    QAction action(QStringLiteral("a"));
+    QVERIFY(bar.AddDropDownMenu(File, {&action}, nullptr));
+    QVERIFY(bar.AddSubMenu(File, Edit, {nullptr}, nullptr, true));
+    QVERIFY(bar.AddSubMenu(File, Edit, {&action}, nullptr, true));
+    QCOMPARE(texts(bar.menu(File)), list("a Edit -"));
+    QCOMPARE(texts(bar.state().FindMenu(bar.menu(File), Edit)), list("- a"));
+    QVERIFY(!bar.state().FindMenu(bar.menu(File), {}));
+    QVERIFY(!bar.state().FindMenu(nullptr, Edit));
+}
+
+void TestMenuBuilder::subMenuStandsBeforeAnActionWithASeparator()
+{
+    QMainWindow window;
+    Bar bar(&window);
+    QVERIFY(bar.add(File));
+    QAction last(QStringLiteral("z"));
+    QVERIFY(bar.AddDropDownMenu(File, {&last}, nullptr));
+    QVERIFY(bar.AddSubMenu(File, Edit, {}, &last, true));
+    QCOMPARE(texts(bar.menu(File)), list("Edit - z"));
+}
+
+void TestMenuBuilder::certainRolesStayOutOfMirrorMenus()
+{
+    QMainWindow window;
+    QMenu mirror;
+    Bar bar(&window);
+    QVERIFY(bar.add(File));
+    bar.state().mirrorMenus[File] = &mirror;
+    QList<AppMenuItemSpecifier> specs {
+        entry(QStringLiteral("a")), entry(QStringLiteral("b"), nullptr, QAction::AboutRole),
+        entry({}), entry(QStringLiteral("c"), nullptr, QAction::QuitRole)};
+    QVERIFY(bar.AddDropDownMenu(File, specs));
+    QAction preferences(QStringLiteral("d"));
+    preferences.setMenuRole(QAction::PreferencesRole);
+    QVERIFY(bar.AddDropDownMenu(File, {&preferences}, nullptr));
+    QCOMPARE(texts(bar.menu(File)), list("a b - c d"));
+    QCOMPARE(texts(&mirror), list("a -"));
+    QMenuBar native;
+    bar.AppendMenuBarItems(&native);
+    bar.AppendMenuBarItems(nullptr);
+    QCOMPARE(native.actions(), QList<QAction *> {mirror.menuAction()});
+}
+
+void TestMenuBuilder::appendedItemNeedsAStartedPlainBar()
+{
+    QMainWindow window;
+    Bar bar(&window);
+    QVERIFY(bar.add(File));
+    AppMenuItemSpecifier spec = entry(QStringLiteral("a"));
+    QList<AppMenuItemSpecifier> none;
+    QVERIFY(bar.AddDropDownMenu(File, none));
+    QVERIFY(!bar.AppendMenuItem(File, spec));
+    bar.Start();
+    QVERIFY(bar.AppendMenuItem(File, spec));
+    QCOMPARE(texts(bar.menu(File)), list("a"));
+}
+
+void TestMenuBuilder::changesKeepTheManagerStarted()
+{
+    QMainWindow window;
+    Bar bar(&window);
+    QVERIFY(bar.add(File));
+    bar.Start();
+    QVERIFY(bar.AddDropDownMenu(File, {nullptr}, nullptr));
+    QVERIFY(bar.state().menuManager->IsStarted());
+    QCOMPARE(bar.GetMenuBarItem(File)->menu(), bar.menu(File));
+    QVERIFY(bar.AddSubMenu(File, Edit, {nullptr}, nullptr, false));
+    QVERIFY(bar.state().menuManager->IsStarted());
+    QCOMPARE(bar.GetMenuBarItem(File)->menu(), bar.menu(File));
+}
+
+void TestMenuBuilder::actionsAreFoundInSubMenus()
+{
+    QMainWindow window;
+    Bar bar(&window);
+    QVERIFY(bar.add(File));
+    QAction action(QStringLiteral("deep"));
+    QVERIFY(bar.AddDropDownMenu(File, {nullptr}, nullptr));
+    QVERIFY(bar.AddSubMenu(File, Edit, {&action}, nullptr, false));
+    QCOMPARE(bar.FindAction(File, QStringLiteral("deep")), &action);
+    QVERIFY(!bar.FindAction(File, QStringLiteral("Deep")));
+    QVERIFY(!bar.FindAction(File, {}));
+}
+
+void TestMenuBuilder::fixedMenuWidthIsAtLeastThatOfTheItem()
+{
+    QMainWindow window;
+    Bar bar(&window);
+    QVERIFY(bar.add(File));
+    QVERIFY(bar.AddDropDownMenu(File, {nullptr}, nullptr));
+    const auto button = bar.GetMenuBarItem(File);
+    bar.setFixedMenuWidth(File, 0);
+    QCOMPARE(bar.menu(File)->minimumWidth(), button->width());
+    QCOMPARE(bar.menu(File)->maximumWidth(), button->width());
+    bar.setFixedMenuWidth(File, 333);
+    QCOMPARE(button->minimumWidth(), 333);
+    QCOMPARE(bar.menu(File)->maximumWidth(), 333);
+}
+
+void TestMenuBuilder::hidingTheBarHidesOpenMenus()
+{
+    QMainWindow window;
+    Bar bar(&window, Qt::ToolButtonTextOnly, true);
+    QVERIFY(bar.add(File));
+    QVERIFY(bar.AddDropDownMenu(File, {nullptr}, nullptr));
+    window.show();
+    bar.menu(File)->show();
+    bar.HideMe();
+    QVERIFY(!bar.menu(File)->isVisible());
+    QVERIFY(!bar.isVisible());
+}
+
+void TestMenuBuilder::openMenusAreSeenInPlainMode()
+{
+    QMainWindow window;
+    Bar bar(&window);
+    QVERIFY(bar.add(File));
+    QVERIFY(bar.AddDropDownMenu(File, {nullptr}, nullptr));
+    QVERIFY(bar.CanHide());
+    bar.Start();
+    window.resize(300, 200);
+    window.show();
+    QCursor::setPos(window.mapToGlobal(QPoint(290, 190)));
+    QVERIFY(bar.CanHide());
+    QVERIFY(!bar.IsMenuVisible());
+    bar.menu(File)->show();
+    QVERIFY(!bar.CanHide());
+    QVERIFY(bar.IsMenuVisible());
+    bar.menu(File)->hide();
+    QCursor::setPos(bar.GetMenuBarItem(File)->mapToGlobal(QPoint(3, 3)));
+    QVERIFY(!bar.CanHide());
+}
+
+void TestMenuBuilder::unknownNamesAreRefused()
+{
+    QMainWindow window;
+    Bar bar(&window);
+    QList<AppMenuItemSpecifier> specs {entry(QStringLiteral("a"))};
+    QVERIFY(!bar.AddDropDownMenu(File, specs));
+    QVERIFY(!bar.AddDropDownMenu(File, {nullptr}, nullptr));
+    QVERIFY(!bar.AddSubMenu(File, Edit, specs));
+    QVERIFY(!bar.AddSubMenu(File, Edit, {nullptr}, nullptr, false));
+    QVERIFY(!bar.AppendMenuItem(File, specs[0]));
+    QVERIFY(!bar.FindAction(File, Edit));
+    QVERIFY(!bar.GetMenuBarItem(File));
+    QVERIFY(!bar.GetMenuBarToggleItemSpecifier(File));
+    bar.SetButtonEnabled(File, false);
+    bar.setFixedMenuWidth(File, 10);
+    bar.SetMenuItemButtonStyle(File, Qt::ToolButtonTextOnly);
+    bar.SetMenuItemStyleSheet(File, {});
+    bar.SetDropDownMenuStyle(nullptr);
+    QSharedPointer<QToolButton> none;
+    bar.SetMenuBarItemStyle(none, true);
+    bar.SetMenuBarItemButtonStyle(none, Qt::ToolButtonIconOnly);
+}
+
+void TestMenuBuilder::unknownNameLeavesAnEntryThatWalksSkip()
+{
+    QMainWindow window;
+    Bar bar(&window);
+    QVERIFY(bar.add(Edit));
+    QVERIFY(!bar.FindAction(File, Edit));
+    QVERIFY(bar.CanHide());
+    QVERIFY(!bar.IsMenuVisible());
+    bar.InstallEventFilter(&window);
+    bar.HideMe();
+    QPoint position(0, 0);
+    bar.SetMenuPosition(position);
+    QCOMPARE(bar.width(), 2 * bar.state().itemWidth);
+    QVERIFY(!bar.add(File));
+}
+
+void TestMenuBuilder::nullSpecifiersAreRefused()
+{
+    QMainWindow window;
+    Bar bar(&window);
+    QVERIFY(!bar.AddMenuBarItem(QSharedPointer<AppMenuItemSpecifier>(), {}, {}));
+    QVERIFY(!bar.AddMenuBarToggleItem(File, {}, {}, {}));
+    QCOMPARE(bar.layout()->count(), 0);
+}
+
+void TestMenuBuilder::menuDeletedWhileOpenIsMadeAgain_data()
+{
+    QTest::addColumn<bool>("customHover");
+    QTest::newRow("plain") << false;
+    QTest::newRow("hover") << true;
+}
+
+void TestMenuBuilder::menuDeletedWhileOpenIsMadeAgain()
+{
+    QFETCH(bool, customHover);
+    QMainWindow window;
+    Bar bar(&window, Qt::ToolButtonTextOnly, customHover);
+    QVERIFY(bar.add(File));
+    QVERIFY(bar.AddDropDownMenu(File, {nullptr}, nullptr));
+    bar.Start();
+    window.show();
+    bar.menu(File)->show();
+    delete bar.menu(File);
+    QVERIFY(!bar.menu(File));
+    QVERIFY(!bar.IsMenuVisible());
+    bar.HideMe();
+    QVERIFY(bar.AddDropDownMenu(File, {nullptr}, nullptr));
+    QCOMPARE(texts(bar.menu(File)), list("-"));
+}
+
+void TestMenuBuilder::deletedItemIsDropped()
+{
+    QMainWindow window;
+    Bar bar(&window);
+    QVERIFY(bar.AddMenuBarToggleItem(File, QSharedPointer<AppMenuToggleItemSpecifier>::create(), {},
+                                     {}));
+    delete bar.GetMenuBarItem(File).data();
+    QVERIFY(!bar.GetMenuBarItem(File));
+    QVERIFY(bar.state().toggleSpecifiers.isEmpty());
+    QVERIFY(bar.add(File));
+}
+
+void TestMenuBuilder::itemsHeldByOthersEndWithTheBar()
+{
+    QMainWindow window;
+    auto bar = std::make_unique<Bar>(&window);
+    QVERIFY(bar->add(File));
+    QSharedPointer<QToolButton> held = bar->GetMenuBarItem(File);
+    const QPointer<QToolButton> button(held.data());
+    bar.reset();
+    QVERIFY(!button);
+    held.clear();
+}
+
+void TestMenuBuilder::barWithoutInitializeRefusesEverything()
+{
+    struct Late : MenuBuilder
+    {
+        Late()
+            : MenuBuilder(*new MenuBuilderPrivate({}, nullptr, nullptr, Qt::ToolButtonTextOnly, {}),
+                          nullptr)
+        { }
+    } bar;
+    QVERIFY(!bar.AddMenuBarItem(File, {}, {}, {}, {}));
+    QVERIFY(!bar.AddSeparator(true, 3));
+    bar.Start();
+    bar.Initialize(false);
+    bar.Initialize(false);
+    QVERIFY(bar.AddMenuBarItem(File, {}, {}, {}, {}));
+    QVERIFY(!bar.GetMainWindow());
+}
+
+LUMO_TEST_MAIN(TestMenuBuilder)
+#include "tst_menubuilder.moc"
