@@ -7,7 +7,6 @@
 
 #include "ui_base/toolbar/toolbar.h"
 
-#include "support/heapcount.h"
 #include "support/runbenchmarks.h"
 
 #include <QAction>
@@ -16,6 +15,8 @@
 #include <QToolBar>
 
 #include <benchmark/benchmark.h>
+
+#include <malloc.h>
 
 #include <deque>
 #include <memory>
@@ -62,6 +63,11 @@ struct LumoBar
     QWidget *widget() { return bar; }
     ToolBar *const bar;
 };
+
+double usedHeap()
+{
+    return static_cast<double>(mallinfo2().uordblks);
+}
 
 void settle()
 {
@@ -116,19 +122,19 @@ template<typename Bar>
 void heap(benchmark::State &state)
 {
     std::deque<QAction> actions = makeActions(state.range(0));
-    std::int64_t bytes = 0;
+    double bytes = 0;
     for (auto _ : state) {
         QWidget window;
         Bar bar(&window);
         window.show();
         settle();
-        const std::int64_t before = liveHeapBytes();
+        const double before = usedHeap();
         for (QAction &action : actions)
             bar.add(action);
         settle();
-        bytes = liveHeapBytes() - before;
+        bytes = usedHeap() - before;
     }
-    state.counters["bytes"] = double(bytes) / double(state.range(0));
+    state.counters["bytes"] = bytes / double(state.range(0));
 }
 
 template<typename Bar>

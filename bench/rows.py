@@ -157,6 +157,25 @@ def notification_rows():
     yield row("work of the main thread for the first of a window", "cost_ns", "first", 6)
 
 
+def tool_bar_rows():
+    """Qt's bar hides what has no room; all buttons of ours are widgets that are shown and have a
+    style sheet, which Qt parses and applies for each of them."""
+    def row(name, against, peer, ours, **more):
+        return compare("bench_toolbar", ONE_THREAD, name, against, peer, ours, **more)
+    for way, what, goal in (("Hidden", "hidden, with the first show", 4),
+                            ("Shown", "while it is shown", 0.15)):
+        yield row(f"tool bar of 2000 filled {what}", "QToolBar", f"fill{way}Qt/2000",
+                  f"fill{way}Lumo/2000", goal=goal)
+        yield row("growth of that, as exponent", "300 buttons", f"fill{way}Lumo/300",
+                  f"fill{way}Lumo/2000", goal=1.15, growth=2000 / 300)
+    yield row("repaint of a tool bar, per button", "QToolBar", "repaintAllQt/200",
+              "repaintAllLumo/200", goal=1.1)
+    yield row("repaint of one button in 2000", "QToolBar", "repaintOneQt/2000",
+              "repaintOneLumo/2000", goal=2)
+    yield compare("bench_toolbar", "bytes", "heap per button of a tool bar", "QToolBar",
+                  "heapQt/2000", "heapLumo/2000", goal_value=7000, unit="B")
+
+
 def resting_rows():
     yield compare("bench_idle", "per_second", "wake-ups of the idle workbench, per second",
                   "one plain widget", "idlePlain", "idleWorkbench", goal_value=0, unit="/s")
@@ -224,6 +243,7 @@ ROWS = [
     *tool_rows(),
     *view_rows(),
     *notification_rows(),
+    *tool_bar_rows(),
     *resting_rows(),
     *dialog_rows(),
 ]

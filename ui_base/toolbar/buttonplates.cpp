@@ -5,7 +5,6 @@
 
 #include "ui_base/qtui/devicepixmap_p.h"
 
-#include <QApplication>
 #include <QImage>
 #include <QPainter>
 #include <QStyleOptionToolButton>
@@ -111,10 +110,8 @@ void ButtonPlates::clear()
 const ButtonPlates::SPlate &ButtonPlates::plateOf(const QStyleOptionToolButton &option,
                                                   const QToolButton &button, qreal ratio)
 {
-    const QString appSheet = qApp->styleSheet();
-    if (m_plates.size() >= mostPlates || appSheet.constData() != m_appSheet.constData())
+    if (m_plates.size() >= mostPlates)
         clear();
-    m_appSheet = appSheet;
     const QStyle::State state = option.state & seenStates;
     const auto known = std::find_if(m_plates.begin(), m_plates.end(), [&](const SPlate &plate) {
         return plate.size == option.rect.size() && plate.state == state && plate.ratio == ratio;

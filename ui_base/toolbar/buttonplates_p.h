@@ -42,7 +42,6 @@ private:
                           qreal ratio);
 
     std::vector<SPlate> m_plates;
-    QString m_appSheet; // of which the plates are made
 };
 
 } // namespace Vela::UiBase::Internal

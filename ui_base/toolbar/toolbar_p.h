@@ -20,7 +20,6 @@
 #include <set>
 #include <utility>
 
-class QAbstractAnimation;
 class QBoxLayout;
 class QGraphicsDropShadowEffect;
 class QGridLayout;
@@ -193,7 +192,6 @@ private:
     // How many buttons carry an id, and which one each carries: a bar is asked for each command.
     QHash<QString, int> commandIds;
     QHash<ToolButton *, QString> commandIdOf;
-    QPointer<QAbstractAnimation> slideAnimation;
     Internal::ButtonPlates plates;
 };
 

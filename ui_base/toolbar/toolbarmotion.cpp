@@ -122,15 +122,13 @@ QPoint ToolBar::GetAnimationTargetPos(bool show, bool isStart, QWidget *widget, 
                                   widget->rect(), widget->pos(), offset);
 }
 
-// A slide that has not ended is given up: its end would undo this one.
+// A slide that has not ended is given up: Qt stops an animation when another one of the same property
+// starts.
 void ToolBarPrivate::slide(bool show, const QEasingCurve &curve)
 {
     Q_Q(ToolBar);
-    if (slideAnimation)
-        slideAnimation->stop();
     QPropertyAnimation *const animation =
         ToolBar::InitializePosAnimation(show, q, q, offset, curve, slideDuration);
-    slideAnimation = animation;
     if (show && !q->isVisible()) {
         q->move(animation->startValue().toPoint());
         q->show();

@@ -11,6 +11,7 @@
 #include "ui_base/qtui/devicepixmap_p.h"
 #include "ui_base/qtui/mouseeventclone_p.h"
 
+#include <lumo_common_res/Fonts>
 #include <lumo_common_res/Styles>
 
 #include <QActionEvent>
@@ -55,6 +56,14 @@ QPixmap preparedPicture(const ToolButton &button, QIcon::Mode mode)
     const qreal ratio = Internal::devicePixelRatioFor(button);
     const QSize size = button.iconSize();
     return filledUp(Internal::pixmapOf(button.icon(), size, ratio, mode, QIcon::On), size, ratio);
+}
+
+// In the style sheet of each button it would cost far more.
+QFont textFont()
+{
+    QFont font(QStringLiteral("Arial"));
+    font.setPixelSize(Resource::Styles::Instance().Font().FontPixelSize12Value(1, QString()));
+    return font;
 }
 
 std::shared_ptr<QIcon> iconWith(const QPixmap &pixmap)
@@ -135,6 +144,7 @@ void ToolButtonPrivate::initialize(QAction *newAction, ToolBar *newToolBar)
     q->setAttribute(Qt::WA_ShowWithoutActivating);
     q->setFocusPolicy(Qt::NoFocus);
     q->setSizePolicy(QSizePolicy::MinimumExpanding, QSizePolicy::Preferred);
+    q->setFont(textFont());
     q->setStyleSheet(Resource::Styles::Instance().ToolButtonOnToolPalette());
     QObject::connect(q, &ToolButton::clicked, q, &ToolButton::OnClicked);
     QObject::connect(q, &ToolButton::toggled, q, &ToolButton::OnToggled);

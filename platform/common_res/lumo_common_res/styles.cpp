@@ -46,14 +46,13 @@ constexpr SPaletteColors DARK_COLORS {
 
 // In the templates "@name" is a colour of the palette, "%1" and "%2" are the caller's.
 
-// Qt parses the sheet once for each button of a bar, so every character counts.
+// Qt parses the sheet once for each button of a bar and keeps it with that, so each word counts.
 constexpr char TOOL_BUTTON_ON_TOOL_PALETTE[] =
-    "QToolButton{background-color:transparent;border:none;border-radius:3px;padding:0px;"
-    "color:@text;font-family:Arial;font-size:12px}"
-    "QToolButton:hover,QToolButton:checked{background-color:@hoverPlate;color:@plateText}"
-    "QToolButton:pressed{background-color:@pressedPlate;color:@plateText}"
-    "QToolButton:disabled{background-color:transparent;color:@disabledText}"
-    "QToolButton::menu-indicator{image:none}";
+    "QToolButton{border:none;border-radius:3px;color:@text}"
+    "QToolButton:enabled:hover,QToolButton:enabled:checked"
+    "{background-color:@hoverPlate;color:@plateText}"
+    "QToolButton:enabled:pressed{background-color:@pressedPlate}"
+    "QToolButton:disabled{color:@disabledText}";
 
 constexpr char TOOL_BUTTON_SYSTEM[] = R"(QToolButton {
     background-color: transparent;

@@ -55,8 +55,8 @@ public:
     /// @{
 
     /// A tool bar's button: flat at rest, a plate in the accent's tint while hovered, pressed or
-    /// checked. Sets neither margins nor a size, and shows no menu mark (tool bars paint their
-    /// own).
+    /// checked. Sets neither margins nor a size nor a font. As short as can be: a bar has it on each
+    /// of its buttons.
     QString ToolButtonOnToolPalette() const;
 
     /// A small button in a title line. `%1` is the image at rest and `%2` the image while hovered,

@@ -488,6 +488,8 @@ void TestToolBarCommands::openedPopupClosesTheOthers()
     QVERIFY(!first->IsMenuShowing());
     QVERIFY(second->IsMenuShowing());
     QVERIFY(!first->SaveMenuState());
+    bar.HideAllButtonMenusExcept(true, second);
+    QVERIFY(second->IsMenuShowing());
     bar.HideAllButtonMenusExcept(true, nullptr);
     QVERIFY(!second->IsMenuShowing());
     QVERIFY(first->SaveMenuState());
@@ -556,6 +558,11 @@ void TestToolBarCommands::clickHidesABarThatWantsIt()
     bar->show();
     menuButton->click();
     QVERIFY(bar->isVisible()); // a button that opens a menu of buttons hides nothing
+    auto *const widgetButton = new MenuButton(bar, new QWidget(&window));
+    if (!isMenu) {
+        widgetButton->click();
+        QVERIFY(bar->isVisible()); // nor does one that opens a widget, on a bar that is no menu
+    }
     button->click();
     QCOMPARE(bar->isVisible(), !hides);
     if (owner)

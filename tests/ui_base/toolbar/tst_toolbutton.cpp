@@ -275,6 +275,8 @@ void TestToolButton::newButtonHasItsDefaults()
     QVERIFY(!button.isCheckable());
     QVERIFY(!button.isChecked());
     QCOMPARE(button.styleSheet(), Vela::Resource::Styles::Instance().ToolButtonOnToolPalette());
+    QCOMPARE(button.font().family(), QStringLiteral("Arial"));
+    QCOMPARE(button.font().pixelSize(), 12);
     QCOMPARE(ToolButton::COMMANDID_PROPERTY, QStringLiteral("CMDID_PROP"));
     QVERIFY(!button.ClickedHandlerRequested());
 }
