@@ -50,8 +50,9 @@ public:
     /// cursor over the grip and back shows while the mouse moves over those. False does nothing.
     void EnableMouseTracking(bool enable);
 
-    /// For an owner who installs the dialog as a filter on a child: marks a press of Return or
-    /// Escape as ignored and passes it on, which keeps it from the dialog's own filter.
+    /// For an owner who installs the dialog as a filter on a child: marks a press of Return or Escape
+    /// as ignored before the child gets it, so that it goes on to the dialog unless the child
+    /// accepts it.
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 protected:

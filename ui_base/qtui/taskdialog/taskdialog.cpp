@@ -444,7 +444,6 @@ void TaskDialogPrivate::fitSize()
     Q_Q(TaskDialog);
     QLayout *const layout = q->layout();
     q->adjustSize();
-    layout->activate();
     QSize size = q->size();
     if (hasWidget)
         size = size.expandedTo(layout->totalMinimumSize());

@@ -339,6 +339,29 @@ private Q_SLOTS:
         QVERIFY(!label(*dialog, "msg_label")->openExternalLinks());
     }
 
+    void framesAndCrossAreSetUp()
+    {
+        const std::unique_ptr<TaskDialog> dialog(makeDialog());
+        for (const char *name : {"frame", "widget_frame"})
+            QCOMPARE(part<QFrame>(*dialog, name)->frameShape(), QFrame::StyledPanel);
+        const QToolButton &cross = *part<QToolButton>(*dialog, "close_button");
+        QCOMPARE(cross.minimumSize(), QSize(20, 20));
+        for (const char *content : {":/resources/images/sys_close_18.png",
+                                    ":/resources/images/sys_close_hover_18.png", "#E04343"})
+            QVERIFY(cross.styleSheet().contains(QLatin1String(content)));
+    }
+
+    void crossIsDrawn()
+    {
+        const auto dialog = shown();
+        auto *const cross = part<QToolButton>(*dialog, "close_button");
+        const QPoint corner = QPoint(2, 2) * qApp->devicePixelRatio();
+        const QImage atRest = cross->grab().toImage();
+        QVERIFY(atRest.pixelColor(atRest.rect().center()) != atRest.pixelColor(corner));
+        cross->setAttribute(Qt::WA_UnderMouse);
+        QCOMPARE(cross->grab().toImage().pixelColor(corner), QColor(0xE0, 0x43, 0x43));
+    }
+
     void buttonsAre38PixelsHigh()
     {
         const auto dialog = shown();
@@ -876,6 +899,8 @@ private Q_SLOTS:
         QTest::newRow("lines of the title, the message counts")
             << QStringLiteral("1\n2") << Message << 0 << 14;
         QTest::newRow("lines of the message") << Title << QStringLiteral("1\n2") << 0 << 3;
+        QTest::newRow("line and its end") << QStringLiteral("One\r\n") << QString() << 0 << 14;
+        QTest::newRow("no line") << QString() << QString() << 0 << 3;
         QTest::newRow("wrapped") << joined(Title, 20) << Message << 400 << 3;
     }
     void titleMovesUpForMoreThanALine()
@@ -950,8 +975,18 @@ private Q_SLOTS:
         const QString word = QStringLiteral("0123456789").repeated(40);
         const auto dialog = shown(Title, word, 400);
         QString text = label(*dialog, "msg_label")->text();
-        QVERIFY(text != word);
+        const int letters = label(*dialog, "msg_label")->fontMetrics().horizontalAdvance(word);
+        const int breaks = text.count(QChar(0x200B));
+        QVERIFY(breaks > 0);
+        QVERIFY(breaks <= letters / (400 - 105 - 10) + 1);
         QCOMPARE(text.remove(QChar(0x200B)), word);
+    }
+
+    void markupIsNotBroken()
+    {
+        const QString link = QStringLiteral("<a href=\"https://%1/\">Help</a>")
+                                 .arg(QStringLiteral("example.").repeated(60));
+        QCOMPARE(label(*shown(link, Message, 400), "title_label")->text(), link);
     }
 
     // Widget form
