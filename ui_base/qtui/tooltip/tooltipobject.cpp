@@ -90,7 +90,6 @@ void TooltipObject::Detach()
     d->hostWidget->removeEventFilter(this);
     disconnect(d->endOfHost);
     d->hostWidget.clear();
-    d->hovering = false;
     HideTooltip();
 }
 

@@ -147,6 +147,7 @@ private Q_SLOTS:
     void aClickTogglesThePart_data();
     void aClickTogglesThePart();
     void theClosedCardIsAsHighAsItsTexts();
+    void onlyACardThatIsUpGetsAFixedHeight();
     void anOpenedCardIsAsHighAsItNeeds();
     void movingOverTheIconOpensThePart();
     void withoutPagesNothingOpens();
@@ -585,6 +586,29 @@ void TooltipExTest::theClosedCardIsAsHighAsItsTexts()
     QVERIFY(showsAllOfItsTexts(*card));
 }
 
+void TooltipExTest::onlyACardThatIsUpGetsAFixedHeight()
+{
+    const auto hasFixedHeight = [](const Card &card) {
+        return card.minimumHeight() == card.maximumHeight();
+    };
+    const auto card = makeCard(EVisibility::ExHidden);
+    QVERIFY(!hasFixedHeight(*card));
+    card->show();
+    QVERIFY(hasFixedHeight(*card));
+
+    const auto open = makeCard(EVisibility::ExShown);
+    open->show();
+    open->hide();
+    QVERIFY(!hasFixedHeight(*open));
+    open->show();
+    // As a minimised window hears it.
+    QHideEvent minimised;
+    QCoreApplication::sendEvent(open.get(), &minimised);
+    QVERIFY(open->isVisible());
+    QVERIFY(!open->isOpen());
+    QVERIFY(hasFixedHeight(*open));
+}
+
 void TooltipExTest::anOpenedCardIsAsHighAsItNeeds()
 {
     for (const bool alwaysMaxWidth : {true, false}) {
@@ -626,6 +650,7 @@ void TooltipExTest::movingOverTheIconOpensThePart()
 void TooltipExTest::withoutPagesNothingOpens()
 {
     const auto card = makeCard(EVisibility::ExHidden, 0);
+    QCOMPARE(card->width(), card->sizeHint().width());
     card->show();
     QVERIFY(!card->isOpen());
     QCOMPARE(card->width(), Wide);

@@ -114,6 +114,7 @@ private Q_SLOTS:
     void theHostMayDieFirst_data();
     void theHostMayDieFirst();
     void detachingHidesItAndLetsGo();
+    void attachedAnewUnderThePointerItComes();
     void detachingKeepsTheOwnersConnections();
     void aDisabledTooltipDoesNotCome();
     void withQtsTimesItComesWithItsEvent();
@@ -524,6 +525,18 @@ void TooltipObjectTest::detachingHidesItAndLetsGo()
     scene.tip->AttachTo(scene.host);
     TooltipScene::pointNowhere();
     scene.bringUp();
+    QTRY_VERIFY(scene.tip->IsVisible());
+}
+
+// The pointer entered before, and does not do so once more.
+void TooltipObjectTest::attachedAnewUnderThePointerItComes()
+{
+    HoverScene scene;
+    scene.bringUp();
+    QTRY_VERIFY(scene.tip->IsVisible());
+    scene.tip->Detach();
+    scene.tip->AttachTo(scene.host);
+    TooltipScene::pointAt(scene.host, QPoint(2, 0));
     QTRY_VERIFY(scene.tip->IsVisible());
 }
 
