@@ -298,6 +298,23 @@ void ATooltipObjectPrivate::LandControl()
     layer->deleteLater();
 }
 
+void ATooltipObjectPrivate::ReleaseControl()
+{
+    auto *const layer = qobject_cast<FloatingLayer *>(tooltipControl->parentWidget());
+    const QWidget *const origin = FloatingLayer::getWidgetOriginalParent(tooltipControl);
+    if (layer && origin && ownsControl && origin == q_ptr->parent()) {
+        // Where it stands: a parent whose window is being destroyed takes no children back.
+        delete tooltipControl.data();
+        layer->deleteLater();
+        return;
+    }
+    LandControl();
+    // One that floated over a parent that has died meanwhile has nobody else any more.
+    const QWidget *const keeper = tooltipControl->parentWidget();
+    if (!keeper || (ownsControl && keeper == q_ptr->parent()))
+        delete tooltipControl.data();
+}
+
 void ATooltipObjectPrivate::ReleaseWindows()
 {
     QObject::disconnect(endOfControl);
@@ -305,13 +322,8 @@ void ATooltipObjectPrivate::ReleaseWindows()
         tooltipWindow->removeEventFilter(q_ptr);
         tooltipWindow->hide();
     }
-    if (tooltipControl && tooltipWindow == tooltipControl) {
-        LandControl();
-        // One that floated over a parent that has died meanwhile has nobody else any more.
-        const QWidget *const keeper = tooltipControl->parentWidget();
-        if (!keeper || (ownsControl && keeper == q_ptr->parent()))
-            delete tooltipControl.data();
-    }
+    if (tooltipControl && tooltipWindow == tooltipControl)
+        ReleaseControl();
     auto *const layer =
         arrowedWindow ? qobject_cast<FloatingLayer *>(arrowedWindow->parentWidget()) : nullptr;
     delete arrowedWindow.data();

@@ -56,6 +56,7 @@ public:
     QWidget *FrameControl();
     QWidget *AdoptControl();
     void LandControl();
+    void ReleaseControl();
     void ReleaseWindows();
 
     bool enabled = true;

@@ -121,6 +121,7 @@ private Q_SLOTS:
     void oneOfAGroupIsUpAtATime();
     void aHandlerMayEndTheTooltip();
     void theSignalOfTheHostIsForOthersToEmit();
+    void aContentWithoutAFrameGoesWithTheWindowOfItsHost();
     void manyTooltipsOfABarStayCheap();
 };
 
@@ -618,6 +619,20 @@ void TooltipObjectTest::theSignalOfTheHostIsForOthersToEmit()
     QCOMPARE(spy.count(), 0);
     Q_EMIT scene.tip->HostWidgetClicked();
     QCOMPARE(spy.count(), 1);
+}
+
+// Qt takes a window out of the order of focus before it deletes what is in it.
+void TooltipObjectTest::aContentWithoutAFrameGoesWithTheWindowOfItsHost()
+{
+    TooltipScene scene;
+    QPointer<QWidget> content = new QLabel(QStringLiteral("text"));
+    auto *const tip = new Tip(Group, scene.host);
+    tip->SetTooltipControl(content, false);
+    tip->AttachTo(scene.host);
+    tip->ShowTooltip();
+    QVERIFY(content->isVisible());
+    scene.window.reset();
+    QVERIFY(!content);
 }
 
 // A bar gives each of its buttons a tooltip and shows one.
