@@ -20,6 +20,7 @@
 #include "meshdocument.h"
 #include "messagebanner.h"
 #include "statusline.h"
+#include "toolbar/commandbar.h"
 #include "view/viewpane.h"
 
 #include <lumo_app_service/ApplicationService>
@@ -52,6 +53,7 @@ MainWindow::MainWindow()
     , m_clock(std::make_shared<CommandClock>())
     , m_manager(std::make_unique<AppManager>(
           m_document, [this] { return chooseFile(); }, [this] { return chooseTarget(); }))
+    , m_bar(new CommandBar(commands()))
     , m_banner(new MessageBanner)
     , m_pane(new ViewPane(m_document))
     , m_status(new StatusLine)
@@ -85,6 +87,7 @@ void MainWindow::buildLayout()
     auto *column = new QVBoxLayout(center);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
+    column->addWidget(m_bar);
     column->addWidget(m_banner);
     column->addWidget(m_pane, 1);
     setCentralWidget(center);

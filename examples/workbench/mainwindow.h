@@ -9,6 +9,7 @@
 
 namespace Workbench {
 
+class CommandBar;
 class CommandClock;
 class MeshDocument;
 class MeshViewController;
@@ -16,7 +17,7 @@ class MessageBanner;
 class StatusLine;
 class ViewPane;
 
-/// The window: menus of commands, a banner for problems, the view and the status line.
+/// The window: menus and a strip of commands, a banner for problems, the view and the status line.
 ///
 /// Closing it asks about unsaved changes. During a run it then cancels the run, takes the window
 /// from the screen at once and lets it close when the run has ended, so that no work is left when
@@ -35,6 +36,7 @@ public:
     const CommandSet &commands() const { return m_manager->commandSet(); }
     CommandClock &clock() const { return *m_clock; }
     MeshDocument &document() const { return *m_document; }
+    CommandBar &bar() const { return *m_bar; }
     MessageBanner &banner() const { return *m_banner; }
     StatusLine &statusLine() const { return *m_status; }
     ViewPane &pane() const { return *m_pane; }
@@ -63,6 +65,7 @@ private:
     const std::shared_ptr<MeshDocument> m_document;
     const std::shared_ptr<CommandClock> m_clock;
     const std::unique_ptr<AppManager> m_manager;
+    CommandBar *const m_bar;
     MessageBanner *const m_banner;
     ViewPane *const m_pane;
     StatusLine *const m_status;

@@ -13,6 +13,9 @@ CompareCommand::CompareCommand()
 {
     setText(tr("&Compare with File"));
     setToolTip(tr("Show the mesh of the file beside the present one"));
+    setWhatsThis(tr("Shows the mesh as the file has it beside the changed one. Both turn "
+                    "together."));
+    setObjectName(QStringLiteral("compare"));
     setShortcut(Qt::CTRL + Qt::Key_B);
     setIcon(Vela::UiBase::QtUiToolkit::Instance().CreateIcon(QStringLiteral("cmd_compare")));
 }

@@ -16,6 +16,7 @@ struct Description
     const char *name;
     const char *text;
     const char *toolTip;
+    const char *whatsThis;
     const char *icon;
 };
 
@@ -25,20 +26,31 @@ Description descriptionOf(EDisplayMode mode)
     case EDisplayMode::Flat:
         return {"Flat", QT_TRANSLATE_NOOP("Workbench::DisplayModeCommand", "&Flat"),
                 QT_TRANSLATE_NOOP("Workbench::DisplayModeCommand", "Draw each face as it is"),
+                QT_TRANSLATE_NOOP(
+                    "Workbench::DisplayModeCommand",
+                    "Gives each face one shade, so that its size and direction can be seen."),
                 "cmd_decimate"};
     case EDisplayMode::Wireframe:
         return {"Wireframe", QT_TRANSLATE_NOOP("Workbench::DisplayModeCommand", "&Wireframe"),
                 QT_TRANSLATE_NOOP("Workbench::DisplayModeCommand", "Draw the edges alone"),
+                QT_TRANSLATE_NOOP(
+                    "Workbench::DisplayModeCommand",
+                    "Draws the edges and leaves the faces out. What lies behind is seen, too."),
                 "cmd_wireframe"};
     case EDisplayMode::Points:
         return {"Points", QT_TRANSLATE_NOOP("Workbench::DisplayModeCommand", "&Points"),
                 QT_TRANSLATE_NOOP("Workbench::DisplayModeCommand", "Draw the vertices alone"),
+                QT_TRANSLATE_NOOP("Workbench::DisplayModeCommand",
+                                  "Draws a point for each vertex and leaves the faces out."),
                 "cmd_points"};
     case EDisplayMode::Shaded:
         break;
     }
     return {"Shaded", QT_TRANSLATE_NOOP("Workbench::DisplayModeCommand", "&Shaded"),
             QT_TRANSLATE_NOOP("Workbench::DisplayModeCommand", "Draw a smooth surface"),
+            QT_TRANSLATE_NOOP(
+                "Workbench::DisplayModeCommand",
+                "Draws the surface as if it were smooth: the light changes from vertex to vertex."),
             "cmd_shaded"};
 }
 
@@ -50,6 +62,8 @@ DisplayModeCommand::DisplayModeCommand(EDisplayMode mode)
     const Description description = descriptionOf(mode);
     setText(tr(description.text));
     setToolTip(tr(description.toolTip));
+    setWhatsThis(tr(description.whatsThis));
+    setObjectName(QString::fromLatin1(description.name).toLower());
     setShortcut(QKeySequence(int(Qt::ALT) | (int(Qt::Key_1) + int(mode))));
     setIcon(
         Vela::UiBase::QtUiToolkit::Instance().CreateIcon(QString::fromLatin1(description.icon)));

@@ -19,6 +19,9 @@ FlipNormalsCommand::FlipNormalsCommand(std::shared_ptr<MeshDocument> document)
     addTag(MeshCommand::editTag());
     setText(tr("&Flip Normals"));
     setToolTip(tr("Turn the surface inside out"));
+    setWhatsThis(tr("Turns all faces round, so that the inside becomes the outside. For meshes "
+                    "that come with their faces the wrong way."));
+    setObjectName(QStringLiteral("flip_normals"));
     setShortcut(Qt::CTRL + Qt::Key_F);
     setIcon(Vela::UiBase::QtUiToolkit::Instance().CreateIcon(QStringLiteral("cmd_flip_normals")));
 }

@@ -18,6 +18,9 @@ OpenCommand::OpenCommand(std::shared_ptr<MeshDocument> document, Chooser chooser
 {
     setText(tr("&Open..."));
     setToolTip(tr("Open a mesh from a file"));
+    setWhatsThis(tr("Reads a mesh from an OBJ, STL, PLY, OFF, glTF or GLB file. It takes the "
+                    "place of the mesh that is open."));
+    setObjectName(QStringLiteral("open"));
     setShortcut(QKeySequence::Open);
     setIcon(Vela::UiBase::QtUiToolkit::Instance().CreateIcon(QStringLiteral("cmd_open")));
 }

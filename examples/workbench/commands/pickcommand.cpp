@@ -13,6 +13,9 @@ PickCommand::PickCommand()
 {
     setText(tr("Pic&k Faces"));
     setToolTip(tr("Select faces by clicking them"));
+    setWhatsThis(tr("Selects the face that is clicked. The left button picks until Escape is "
+                    "pressed; the other buttons move the view as always."));
+    setObjectName(QStringLiteral("pick"));
     setShortcut(Qt::CTRL + Qt::Key_K);
     setIcon(Vela::UiBase::QtUiToolkit::Instance().CreateIcon(QStringLiteral("cmd_pick")));
 }

@@ -30,6 +30,9 @@ SaveCommand::SaveCommand(std::shared_ptr<MeshDocument> document, Chooser chooser
 {
     setText(tr("Save &As..."));
     setToolTip(tr("Write the mesh to a file"));
+    setWhatsThis(tr("Writes the mesh with all its changes to an OBJ file. The window carries the "
+                    "name of that file then."));
+    setObjectName(QStringLiteral("save"));
     setShortcut(QKeySequence::Save);
     setIcon(Vela::UiBase::QtUiToolkit::Instance().CreateIcon(QStringLiteral("cmd_save")));
 }

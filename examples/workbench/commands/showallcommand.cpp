@@ -16,6 +16,9 @@ ShowAllCommand::ShowAllCommand()
 {
     setText(tr("Show A&ll"));
     setToolTip(tr("Bring the whole mesh into sight"));
+    setWhatsThis(tr("Moves the camera so far that the whole mesh fills the view. The direction "
+                    "stays as it is."));
+    setObjectName(QStringLiteral("show_all"));
     setShortcut(Qt::Key_Home);
     setIconVisibleInMenu(false); // it stands among commands with check marks
     setIcon(Vela::UiBase::QtUiToolkit::Instance().CreateIcon(QStringLiteral("cmd_fit")));

@@ -16,6 +16,9 @@ SmoothCommand::SmoothCommand(std::shared_ptr<MeshDocument> document)
 {
     setText(tr("&Smooth"));
     setToolTip(tr("Take the noise out of the surface"));
+    setWhatsThis(tr("Moves each vertex towards its neighbours and a little back, so that noise "
+                    "goes and the volume stays. Run it again for more."));
+    setObjectName(QStringLiteral("smooth"));
     setShortcut(Qt::CTRL + Qt::Key_M);
     setExecutionNotificationMessage(ENotification::ExecutionBegan, tr("Smoothing the surface"));
     setExecutionNotificationMessage(ENotification::ExecutionEnded, tr("The surface is smoother."));

@@ -19,6 +19,9 @@ SubdivideCommand::SubdivideCommand(std::shared_ptr<MeshDocument> document)
 {
     setText(tr("S&ubdivide"));
     setToolTip(tr("Make four faces of each and round the surface"));
+    setWhatsThis(tr("Makes four faces of each and moves the vertices onto a rounder surface. "
+                    "Corners become soft, and the mesh four times as large."));
+    setObjectName(QStringLiteral("subdivide"));
     setShortcut(Qt::CTRL + Qt::Key_D);
     setExecutionNotificationMessage(ENotification::ExecutionBegan, tr("Subdividing the faces"));
     setExecutionNotificationMessage(ENotification::ExecutionEnded,

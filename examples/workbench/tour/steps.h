@@ -14,6 +14,8 @@ class TourGuide;
 void visitStart(TourGuide &guide);
 /// Every menu.
 void visitMenus(TourGuide &guide);
+/// The buttons, and the card of one of them.
+void visitCommandBar(TourGuide &guide);
 /// The display modes, of which one is on, and the attributes.
 void visitDisplay(TourGuide &guide);
 /// Each tool with its button, and the cursors.

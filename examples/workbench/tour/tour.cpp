@@ -53,6 +53,7 @@ int Tour::run()
     visitStart(m_guide);
     if (!m_guide.mesh().isEmpty()) {
         visitMenus(m_guide);
+        visitCommandBar(m_guide);
         visitDisplay(m_guide);
         visitTools(m_guide);
         visitEdits(m_guide);

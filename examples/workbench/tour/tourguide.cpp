@@ -17,6 +17,7 @@
 #include <ui_base/NotificationBar>
 
 #include <QApplication>
+#include <QCursor>
 #include <QDeadlineTimer>
 #include <QDialog>
 #include <QKeyEvent>
@@ -218,6 +219,18 @@ void TourGuide::pressKey(QWidget &widget, int key)
     }
 }
 
+void TourGuide::pointAt(const QWidget &widget, const QPoint &position)
+{
+    constexpr int steps = 10;
+    const QPoint from = QCursor::pos();
+    const QPoint to = widget.mapToGlobal(position);
+    for (int step = 1; step <= steps; ++step) {
+        const QPoint next = from + (to - from) * step / steps;
+        QCursor::setPos(next);
+        check(tr("the pointer follows"), waitUntil([&] { return QCursor::pos() == next; }));
+    }
+}
+
 QImage TourGuide::windowPicture() const
 {
     return m_window.screen()->grabWindow(m_window.winId()).toImage();
@@ -286,6 +299,15 @@ bool TourGuide::isBarSeen() const
     const QImage pixel =
         m_window.screen()->grabWindow(0, inTheBox.x(), inTheBox.y(), 1, 1).toImage();
     return qGray(pixel.pixel(0, 0)) >= 240;
+}
+
+bool TourGuide::isSeen(QWidget &widget) const
+{
+    constexpr double corners = 0.01; // rounded, with what is below them
+    const QRect place(widget.mapToGlobal(QPoint(0, 0)), widget.size());
+    const QPixmap screen =
+        m_window.screen()->grabWindow(0, place.x(), place.y(), place.width(), place.height());
+    return !hasGraphics() || changedShare(screen.toImage(), widget.grab().toImage()) < corners;
 }
 
 QString TourGuide::barText() const

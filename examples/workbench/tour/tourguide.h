@@ -77,6 +77,8 @@ public:
     void click(const QPoint &position);
     void turnWheel(const QPoint &position, int notches);
     void pressKey(QWidget &widget, int key);
+    /// Moves the pointer itself to @p position in @p widget, in small steps, as a hand does.
+    void pointAt(const QWidget &widget, const QPoint &position);
 
     QImage windowPicture() const;
     QImage viewPicture() const;
@@ -87,6 +89,9 @@ public:
                           double highest);
     void checkStatus();
     void checkCursor(const QString &claim, Qt::CursorShape shape);
+
+    /// Whether the whole of @p widget, which is in a window over this one, is on the screen.
+    bool isSeen(QWidget &widget) const;
 
     /// The bar over the view; null before the first message.
     Vela::UiBase::NotificationBar *bar() const;

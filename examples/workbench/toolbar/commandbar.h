@@ -1,0 +1,37 @@
+// SPDX-FileCopyrightText: 2026 The lumo_ui_base authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QWidget>
+
+namespace Vela::UiBase {
+class CommandGroup;
+class ToolBar;
+class ToolButton;
+} // namespace Vela::UiBase
+
+namespace Workbench {
+
+struct CommandSet;
+
+/// A strip with a button for every command, one plate for each group. A button tells what its
+/// command does by a card beneath it, which F1 opens further.
+class CommandBar : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit CommandBar(const CommandSet &commands, QWidget *parent = nullptr);
+
+    /// The button whose card is up; null when none is.
+    Vela::UiBase::ToolButton *explainedButton() const;
+
+private:
+    void addGroup(Vela::UiBase::CommandGroup &group);
+    void toggleDetails();
+
+    Vela::UiBase::ToolBar *const m_bar;
+};
+
+} // namespace Workbench

@@ -1,0 +1,17 @@
+// SPDX-FileCopyrightText: 2026 The lumo_ui_base authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+namespace Vela::UiBase {
+class CommandBase;
+class ToolButton;
+} // namespace Vela::UiBase
+
+namespace Workbench {
+
+/// Has @p button explain its command by a card instead of a line of text: what the command is
+/// called, what it does, and a picture of that. The card is made when it is first needed.
+void explainByCard(Vela::UiBase::ToolButton &button, const Vela::UiBase::CommandBase &command);
+
+} // namespace Workbench
