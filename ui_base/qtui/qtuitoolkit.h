@@ -18,11 +18,12 @@ class QWidget;
 
 namespace Vela::UiBase {
 
+class FlyoutBase;
 class IIconProvider;
 class QtUiToolkitPrivate;
 
-/// The factory of the Qt objects that the library and its hosts share a look for: icons by name and
-/// actions with such icons. Where icons come from is up to its icon provider.
+/// The factory of the Qt objects that the library and its hosts share a look for: icons by name,
+/// actions with such icons and flyouts. Where icons come from is up to its icon provider.
 ///
 /// There is one per process. Main thread only.
 class LUMO_UI_BASE_EXPORT QtUiToolkit
@@ -79,6 +80,26 @@ public:
     /// Returns the first action of @p widget whose text is exactly @p text, or null when there is
     /// none, @p widget is null or @p text is empty.
     QAction *FindAction(const QWidget *widget, const QString &text) const;
+
+    /// Makes a settings panel around @p mainPanel. It can take the focus also by the wheel, and it
+    /// alone is marked with the property Resource::String::WIDGET_PROPERTY_ISFLYOUT.
+    /// @param title text of the title row and of the window title
+    /// @param mainPanel taken over; null throws std::runtime_error("main panel cannot be null.")
+    ///                  and leaves everything as it was
+    /// @param advancedPanel taken over and folded; null for a flyout without one
+    /// @param closeButton,cancelButton,applyButton,resetButton which buttons there are
+    /// @param parent owner of the flyout; with null the caller is
+    /// @return null when there is no memory for it
+    FlyoutBase *CreateFlyout(const QString &title, QWidget *mainPanel, QWidget *advancedPanel,
+                             bool closeButton, bool cancelButton, bool applyButton,
+                             bool resetButton, QWidget *parent) const;
+    /// Makes a settings panel with a strip for information. The property that marks a flyout is set
+    /// on it and on all widgets in it. All else is as above, but for the reset button, which gets
+    /// no picture here.
+    /// @param infoText the strip is shown unless this is empty; the text itself is not shown
+    FlyoutBase *CreateFlyout(QWidget *parent, const QString &title, QWidget *mainPanel,
+                             const QString &infoText, bool closeButton, bool cancelButton,
+                             bool applyButton, bool resetButton, QWidget *advancedPanel) const;
 
 protected:
     QtUiToolkit();
