@@ -29,11 +29,15 @@ namespace {
 
 const QString Group = QStringLiteral("group");
 
-// The user moves onto something: the second movement is one over it.
+// The user moves onto something: the second movement is one over it. The window manager may still be
+// putting the window in its place, so the user looks whether it was hit.
 bool pointAt(const QWidget &widget)
 {
-    const QPoint centre = widget.mapToGlobal(widget.rect().center());
-    return pointAsUser(centre) && pointAsUser(centre + QPoint(2, 1));
+    const auto hit = [&widget] {
+        const QPoint centre = widget.mapToGlobal(widget.rect().center());
+        return pointAsUser(centre) && pointAsUser(centre + QPoint(2, 1)) && widget.underMouse();
+    };
+    return QTest::qWaitFor(hit, 20'000);
 }
 
 bool pointNowhere()
