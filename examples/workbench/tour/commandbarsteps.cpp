@@ -90,6 +90,9 @@ void leaveCard(TourGuide &guide, const CommandBase &command, const QImage &befor
 void visitCommandBar(TourGuide &guide)
 {
     checkButtons(guide);
+    // What has no screen has no pointer to be followed.
+    if (!guide.hasGraphics())
+        return;
     const QImage before = guide.viewPicture();
     const QWidget *focus = QApplication::focusWidget();
     const QWidget *active = QApplication::activeWindow();
