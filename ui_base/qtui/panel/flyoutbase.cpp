@@ -100,6 +100,7 @@ void FlyoutBasePrivate::Build(const QString &title, QWidget *main, QWidget *adva
     if (!main)
         throw std::runtime_error("main panel cannot be null.");
     ui->setupUi(q);
+    texts.take(*q);
     takeColors(q);
     takeColors(ui->title);
     LoadPictures();
@@ -116,6 +117,21 @@ void FlyoutBasePrivate::Build(const QString &title, QWidget *main, QWidget *adva
     TakeMainPanel(main);
     TakeAdvancedPanel(advanced == main ? nullptr : advanced);
     q->SetTitle(title);
+    FitSize();
+}
+
+// The apply button may stand in for the cancel button meanwhile, with that button's text.
+void FlyoutBasePrivate::Retranslate()
+{
+    const bool showsCancel =
+        isApplyTextSaved && ui->apply_button->text() == ui->cancel_button->text();
+    if (showsCancel)
+        ui->apply_button->setText(savedApplyText);
+    texts.translate([this] { ui->retranslateUi(q); });
+    if (showsCancel) {
+        savedApplyText = ui->apply_button->text();
+        ui->apply_button->setText(ui->cancel_button->text());
+    }
     FitSize();
 }
 
@@ -626,6 +642,13 @@ void FlyoutBase::hideEvent(QHideEvent *event)
     if (d->infoWidget && d->infoWidget->isVisible())
         d->infoWidget->hide();
     QWidget::hideEvent(event);
+}
+
+void FlyoutBase::changeEvent(QEvent *event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange)
+        d->Retranslate();
 }
 
 void FlyoutBase::on_close_button_clicked()

@@ -193,6 +193,8 @@ protected:
     void showEvent(QShowEvent *event) override;
     /// Hides the information widget too.
     void hideEvent(QHideEvent *event) override;
+    /// On a change of language the form's own texts follow; those the host has set stay.
+    void changeEvent(QEvent *event) override;
 
 protected Q_SLOTS:
     /// The same as CloseMe().

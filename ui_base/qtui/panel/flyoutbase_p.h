@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "ui_base/qtui/formtexts_p.h"
 #include "ui_base/qtui/panel/flyoutbase.h"
 
 #include <QMap>
@@ -45,6 +46,7 @@ public:
     void ShowButtonRow(bool visible);
     void FitSize();
     void TellSize();
+    void Retranslate();
     void WriteSubWidgets(const QVariantList &list);
 
     const std::unique_ptr<Ui::FlyoutBase> ui;
@@ -83,6 +85,7 @@ private:
     bool isFitting = false;
     bool isTellingSize = false;
     bool isFitPending = false;
+    Internal::FormTexts texts;
     std::vector<QMetaObject::Connection> subWidgetEnds;
 };
 

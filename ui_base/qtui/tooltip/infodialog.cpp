@@ -3,10 +3,12 @@
 
 #include "ui_base/qtui/tooltip/infodialog.h"
 
+#include "ui_base/qtui/formtexts_p.h"
 #include "ui_base/qtui/tooltip/atooltipex_p.h"
 #include "ui_base/qtui/tooltip/formpalette_p.h"
 #include "ui_infodialog.h"
 
+#include <QEvent>
 #include <QPainter>
 #include <QPainterPath>
 #include <QStackedWidget>
@@ -31,6 +33,7 @@ class InfoDialogPrivate : public ATooltipExPrivate
 {
 public:
     Ui::InfoDialog ui;
+    Internal::FormTexts texts;
 };
 
 InfoDialog::InfoDialog(QWidget *parent)
@@ -38,6 +41,7 @@ InfoDialog::InfoDialog(QWidget *parent)
 {
     Q_D(InfoDialog);
     d->ui.setupUi(this);
+    d->texts.take(*this);
     Internal::dressForPalette(*this);
 }
 
@@ -108,6 +112,14 @@ void InfoDialog::hideEvent(QHideEvent *)
 void InfoDialog::on_close_button_clicked()
 {
     hide();
+}
+
+void InfoDialog::changeEvent(QEvent *event)
+{
+    ATooltipEx::changeEvent(event);
+    Q_D(InfoDialog);
+    if (event->type() == QEvent::LanguageChange)
+        d->texts.translate([this, d] { d->ui.retranslateUi(this); });
 }
 
 } // namespace Vela::UiBase

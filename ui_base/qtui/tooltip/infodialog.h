@@ -38,6 +38,8 @@ Q_SIGNALS:
     void VisibilityChanged(bool visible);
 
 protected:
+    /// On a change of language the form's own texts follow; those that were set stay.
+    void changeEvent(QEvent *event) override;
     void OnAdvancedWidgetVisibilityChange(bool visible) override;
     void AddWidgetToLayout(QWidget *stack) override;
 

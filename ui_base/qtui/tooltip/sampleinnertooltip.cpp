@@ -7,6 +7,8 @@
 #include "ui_base/qtui/tooltip/formpalette_p.h"
 #include "ui_sampleinnertooltip.h"
 
+#include <QEvent>
+
 namespace Vela::UiToolkit {
 
 class SampleInnerTooltipPrivate
@@ -36,6 +38,13 @@ void SampleInnerTooltip::paintEvent(QPaintEvent *) { }
 void SampleInnerTooltip::showEvent(QShowEvent *event)
 {
     QWidget::showEvent(event);
+}
+
+void SampleInnerTooltip::changeEvent(QEvent *event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange)
+        d->ui.retranslateUi(this);
 }
 
 } // namespace Vela::UiToolkit

@@ -28,6 +28,8 @@ protected:
     /// Paints nothing: the ground is that of the card.
     void paintEvent(QPaintEvent *event) override;
     void showEvent(QShowEvent *event) override;
+    /// Brings the texts of the new language on a change of language.
+    void changeEvent(QEvent *event) override;
 
 private:
     const std::unique_ptr<SampleInnerTooltipPrivate> d;

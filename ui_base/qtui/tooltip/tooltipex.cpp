@@ -3,6 +3,7 @@
 
 #include "ui_base/qtui/tooltip/tooltipex.h"
 
+#include "ui_base/qtui/formtexts_p.h"
 #include "ui_base/qtui/tooltip/atooltipex_p.h"
 #include "ui_base/qtui/tooltip/formpalette_p.h"
 #include "ui_tooltipex.h"
@@ -16,6 +17,7 @@ class TooltipExPrivate : public ATooltipExPrivate
 {
 public:
     Ui::TooltipEx ui;
+    Internal::FormTexts texts;
 };
 
 TooltipEx::TooltipEx(QWidget *parent)
@@ -23,6 +25,7 @@ TooltipEx::TooltipEx(QWidget *parent)
 {
     Q_D(TooltipEx);
     d->ui.setupUi(this);
+    d->texts.take(*this);
     Internal::dressForPalette(*this);
     // Pages open it; a card without any has none.
     d->ui.widget->hide();
@@ -89,6 +92,14 @@ void TooltipEx::AddWidgetToLayout(QWidget *stack)
 {
     Q_D(TooltipEx);
     d->ui.widget->layout()->addWidget(stack);
+}
+
+void TooltipEx::changeEvent(QEvent *event)
+{
+    ATooltipEx::changeEvent(event);
+    Q_D(TooltipEx);
+    if (event->type() == QEvent::LanguageChange)
+        d->texts.translate([this, d] { d->ui.retranslateUi(this); });
 }
 
 } // namespace Vela::UiBase

@@ -41,6 +41,8 @@ public:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 protected:
+    /// On a change of language the form's own texts follow; those that were set stay.
+    void changeEvent(QEvent *event) override;
     void OnAdvancedWidgetVisibilityChange(bool visible) override;
     void AddWidgetToLayout(QWidget *stack) override;
 
