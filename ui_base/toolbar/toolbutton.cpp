@@ -404,6 +404,9 @@ void ToolButton::SetLocked(bool locked)
 {
     Q_D(ToolButton);
     d->locked = locked;
+    // The release that would lift a pressed button does not get to it.
+    if (locked)
+        setDown(false);
     if (d->tooltipObject)
         d->tooltipObject->SetEnableTooltip(!locked);
 }

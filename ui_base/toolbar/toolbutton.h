@@ -130,7 +130,8 @@ public:
     void SetCallbackHandler(QAction *action, IToolButtonCallbackHandler *handler);
 
     /// Locks the button: it is not pressed or clicked any more and shows no tooltip, while its tool
-    /// bar still hears its mouse events. A tool bar locks its buttons while it moves.
+    /// bar still hears its mouse events. A press that is going on is given up. A tool bar locks its
+    /// buttons while it moves.
     void SetLocked(bool locked);
 
     /// Whether a toggle of a button with a menu closes the menus of all other buttons on its tool

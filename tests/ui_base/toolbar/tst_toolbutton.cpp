@@ -249,6 +249,7 @@ private Q_SLOTS:
     void handlerIsSuppressedOnce();
     void lockedButtonIsDeafButItsBarHears();
     void unlockedButtonIsClickedAgain();
+    void pressedButtonIsLiftedByTheLock();
     void clickMayDeleteTheButton_data();
     void clickMayDeleteTheButton();
 
@@ -1014,6 +1015,18 @@ void TestToolButton::unlockedButtonIsClickedAgain()
     scene.button.SetLocked(false);
     scene.click();
     QCOMPARE(scene.button.handled, 1);
+}
+
+void TestToolButton::pressedButtonIsLiftedByTheLock()
+{
+    Scene scene;
+    QTest::mousePress(&scene.button, Qt::LeftButton);
+    QVERIFY(scene.button.isDown());
+    scene.button.SetLocked(true);
+    QTest::mouseRelease(&scene.button, Qt::LeftButton);
+    scene.button.SetLocked(false);
+    QVERIFY(!scene.button.isDown());
+    QCOMPARE(scene.button.handled, 0);
 }
 
 void TestToolButton::clickMayDeleteTheButton_data()
