@@ -24,6 +24,7 @@
 #include <QTextDocumentFragment>
 
 #include <algorithm>
+#include <utility>
 
 namespace Vela::UiBase {
 namespace {
@@ -153,6 +154,7 @@ void ToolButtonPrivate::initialize(QAction *newAction, ToolBar *newToolBar)
     action = newAction;
     toolBar = newToolBar;
     q->setDefaultAction(newAction);
+    noteIconOfAction();
     tooltipText = newAction->toolTip();
     updateAccessibleName();
     initializeTooltipObject();
@@ -223,6 +225,23 @@ void ToolButtonPrivate::showIcon(bool active)
     // The pointer moves far more often than the picture changes.
     if (q->icon().cacheKey() != icon.cacheKey())
         q->setIcon(icon);
+}
+
+bool ToolButtonPrivate::shows(const std::shared_ptr<QIcon> &prepared) const
+{
+    Q_Q(const ToolButton);
+    return prepared && q->icon().cacheKey() == prepared->cacheKey();
+}
+
+bool ToolButtonPrivate::showsPrepared() const
+{
+    return shows(activeIcon) || shows(normalIcon);
+}
+
+bool ToolButtonPrivate::noteIconOfAction()
+{
+    const qint64 key = action->icon().cacheKey();
+    return std::exchange(actionIcon, key) != key;
 }
 
 void ToolButtonPrivate::updateAccessibleName()
@@ -533,9 +552,25 @@ void ToolButton::paintEvent(QPaintEvent *event)
 void ToolButton::actionEvent(QActionEvent *event)
 {
     Q_D(ToolButton);
+    const bool wasActive = d->shows(d->activeIcon);
+    const bool wasPrepared = d->showsPrepared();
     QToolButton::actionEvent(event);
-    if (event->type() == QEvent::ActionChanged && event->action() == d->action)
-        d->updateAccessibleName();
+    if (event->type() != QEvent::ActionChanged || event->action() != d->action)
+        return;
+    d->updateAccessibleName();
+    // Qt gives the button the icon of its action again whatever has changed about that.
+    const bool isNewIcon = d->noteIconOfAction();
+    if (wasPrepared && !isNewIcon && !d->showsPrepared())
+        d->showIcon(isEnabled() && (wasActive || Hovered()));
+}
+
+void ToolButton::changeEvent(QEvent *event)
+{
+    Q_D(ToolButton);
+    QToolButton::changeEvent(event);
+    // The pointer need not move when the button is enabled or disabled below it.
+    if (event->type() == QEvent::EnabledChange && d->showsPrepared())
+        d->showIcon(isEnabled() && (isChecked() || Hovered()));
 }
 
 } // namespace Vela::UiBase

@@ -190,8 +190,11 @@ protected:
     /// Paints what its style sheet says. A button on a bar that shows nothing but its icon does so out
     /// of pictures that the buttons of the bar share.
     void paintEvent(QPaintEvent *event) override;
-    /// Keeps the accessible name in step with the action.
+    /// Keeps the accessible name in step with the action, and the picture as long as the action has
+    /// the same icon.
     void actionEvent(QActionEvent *event) override;
+    /// Shows the picture at rest while the button is disabled.
+    void changeEvent(QEvent *event) override;
 
     /// Owned by the button; what subclasses cast to their own.
     const std::unique_ptr<ToolButtonPrivate> d_ptr;

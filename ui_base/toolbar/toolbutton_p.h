@@ -79,6 +79,9 @@ private:
     void postToToolBar(const QMouseEvent &event) const;
     bool iconsAreStale() const;
     void showIcon(bool active);
+    bool shows(const std::shared_ptr<QIcon> &prepared) const;
+    bool showsPrepared() const;
+    bool noteIconOfAction();
     void updateAccessibleName();
     bool isPlain() const;
     bool paintPlainly() const;
@@ -87,6 +90,7 @@ private:
     bool isTooltipPrepared = false;
     std::optional<STooltipPlace> tooltipPlace; ///< for when the tooltip is prepared
     QString accessibleName;                    ///< the one that the button gave itself
+    qint64 actionIcon = 0;                     ///< key of the icon that the action had last
 };
 
 } // namespace Vela::UiBase

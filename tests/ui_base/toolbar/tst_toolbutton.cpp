@@ -214,6 +214,10 @@ private Q_SLOTS:
     void iconStateAsksForAPicture();
     void uncheckingShowsThePictureThatThePointerAsksFor();
     void checkingLeavesThePictureAlone();
+    void otherChangesOfTheActionLeaveThePictureAlone();
+    void newIconOfTheActionIsShown();
+    void pictureFollowsTheActionThatIsEnabled_data();
+    void pictureFollowsTheActionThatIsEnabled();
     void buttonWithoutIconStaysWithoutOne();
     void pictureAtRestStandsInForAMissingActiveOne();
     void newIconSizeMakesBothPicturesTheSame();
@@ -523,6 +527,59 @@ void TestToolButton::checkingLeavesThePictureAlone()
     button.IconState(true);
     button.setChecked(true);
     QCOMPARE(shownBy(button), QColor(Qt::green));
+}
+
+void TestToolButton::otherChangesOfTheActionLeaveThePictureAlone()
+{
+    Scene scene;
+    scene.action.setCheckable(true);
+    scene.hover();
+    scene.click();
+    QVERIFY(scene.action.isChecked());
+    QCOMPARE(shownBy(scene.button), QColor(Qt::green));
+    scene.action.setText(QStringLiteral("Flip"));
+    QCOMPARE(shownBy(scene.button), QColor(Qt::green));
+    scene.click();
+    QCOMPARE(shownBy(scene.button), QColor(Qt::green));
+    scene.action.setChecked(true);
+    scene.moveAway();
+    scene.action.setChecked(false);
+    QCOMPARE(shownBy(scene.button), QColor(Qt::red));
+}
+
+void TestToolButton::newIconOfTheActionIsShown()
+{
+    Scene scene;
+    scene.hover();
+    scene.action.setIcon(pictureOf(Qt::blue));
+    QCOMPARE(shownBy(scene.button), QColor(Qt::blue));
+    scene.action.setText(QStringLiteral("Flip"));
+    QCOMPARE(shownBy(scene.button), QColor(Qt::blue));
+}
+
+void TestToolButton::pictureFollowsTheActionThatIsEnabled_data()
+{
+    QTest::addColumn<bool>("byAction");
+    QTest::newRow("the action") << true;
+    QTest::newRow("the button alone") << false;
+}
+
+void TestToolButton::pictureFollowsTheActionThatIsEnabled()
+{
+    QFETCH(bool, byAction);
+    Scene scene;
+    const auto setEnabled = [&](bool enabled) {
+        byAction ? scene.action.setEnabled(enabled) : scene.button.setEnabled(enabled);
+    };
+    scene.hover();
+    setEnabled(false);
+    QCOMPARE(shownBy(scene.button), QColor(Qt::red));
+    setEnabled(true);
+    QCOMPARE(shownBy(scene.button), QColor(Qt::green));
+    setEnabled(false);
+    scene.moveAway();
+    setEnabled(true);
+    QCOMPARE(shownBy(scene.button), QColor(Qt::red));
 }
 
 void TestToolButton::buttonWithoutIconStaysWithoutOne()
