@@ -21,6 +21,7 @@
 #include <QPainter>
 #include <QStyle>
 #include <QStyleOptionToolButton>
+#include <QStylePainter>
 #include <QTextDocumentFragment>
 
 #include <algorithm>
@@ -269,15 +270,22 @@ bool ToolButtonPrivate::isPlain() const
     return true;
 }
 
-bool ToolButtonPrivate::paintPlainly() const
+// A check from code leaves the icon alone, and the plate of a checked button asks for the active one.
+QIcon ToolButtonPrivate::iconToPaint() const
 {
     Q_Q(const ToolButton);
-    if (!isPlain())
-        return false;
-    QStyleOptionToolButton option;
-    q->initStyleOption(&option);
-    QPainter painter(const_cast<ToolButton *>(q));
-    return toolBar->d_func()->plates.paint(painter, option, *q);
+    if (!q->isChecked() || !q->isEnabled() || iconPinned || shows(activeIcon))
+        return q->icon();
+    if (shows(normalIcon))
+        return *activeIcon;
+    const QPixmap active = preparedPicture(*q, QIcon::Active);
+    return active.isNull() ? q->icon() : *iconWith(active);
+}
+
+bool ToolButtonPrivate::paintPlainly(QPainter &painter, const QStyleOptionToolButton &option) const
+{
+    Q_Q(const ToolButton);
+    return isPlain() && toolBar->d_func()->plates.paint(painter, option, *q);
 }
 
 ToolButton::ToolButton(QAction *action, ToolBar *toolBar, QWidget *parent)
@@ -542,11 +550,15 @@ void ToolButton::leaveEvent(QEvent *)
     d->showIcon(isChecked() && isEnabled());
 }
 
-void ToolButton::paintEvent(QPaintEvent *event)
+void ToolButton::paintEvent(QPaintEvent *)
 {
     Q_D(ToolButton);
-    if (!d->paintPlainly())
-        QToolButton::paintEvent(event);
+    QStyleOptionToolButton option;
+    initStyleOption(&option);
+    option.icon = d->iconToPaint();
+    QStylePainter painter(this);
+    if (!d->paintPlainly(painter, option))
+        painter.drawComplexControl(QStyle::CC_ToolButton, option);
 }
 
 void ToolButton::actionEvent(QActionEvent *event)

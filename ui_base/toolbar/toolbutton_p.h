@@ -14,6 +14,9 @@
 
 #include <optional>
 
+class QPainter;
+class QStyleOptionToolButton;
+
 namespace Vela::UiBase {
 
 /// Where a tooltip stands beside its button. Lengths are logical pixels.
@@ -84,7 +87,8 @@ private:
     bool noteIconOfAction();
     void updateAccessibleName();
     bool isPlain() const;
-    bool paintPlainly() const;
+    QIcon iconToPaint() const;
+    bool paintPlainly(QPainter &painter, const QStyleOptionToolButton &option) const;
 
     std::unique_ptr<QObject> actionWatcher;
     bool isTooltipPrepared = false;

@@ -229,6 +229,8 @@ private Q_SLOTS:
     void hoveringPreparesEachButtonOnce();
     void movingOverAButtonPaintsItOnce();
 
+    void checkedButtonIsPaintedWithTheActivePicture_data();
+    void checkedButtonIsPaintedWithTheActivePicture();
     void plainPaintingLooksLikeThatOfTheStyleSheet_data();
     void plainPaintingLooksLikeThatOfTheStyleSheet();
     void otherSheetIsPaintedToo_data();
@@ -743,6 +745,44 @@ void TestToolButton::movingOverAButtonPaintsItOnce()
     QTRY_VERIFY(paints.count > 0);
 }
 
+void TestToolButton::checkedButtonIsPaintedWithTheActivePicture_data()
+{
+    QTest::addColumn<bool>("wasHovered");
+    QTest::addColumn<bool>("isPlain");
+    QTest::newRow("never hovered") << false << true;
+    QTest::newRow("hovered before") << true << true;
+    QTest::newRow("with a text") << false << false;
+}
+
+void TestToolButton::checkedButtonIsPaintedWithTheActivePicture()
+{
+    QFETCH(bool, wasHovered);
+    QFETCH(bool, isPlain);
+    Scene scene;
+    scene.action.setCheckable(true);
+    scene.action.setText(QString());
+    if (!isPlain)
+        scene.button.setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
+    if (wasHovered) {
+        scene.hover();
+        scene.moveAway();
+    }
+    const qint64 icon = scene.button.icon().cacheKey();
+    const auto isPainted = [&scene](const QColor &color) {
+        const QImage image = scene.button.grab().toImage();
+        return image.pixelColor(image.rect().center()) == color;
+    };
+    QVERIFY(isPainted(Qt::red));
+    scene.action.setChecked(true);
+    QCOMPARE(scene.button.icon().cacheKey(), icon);
+    QVERIFY(isPainted(Qt::green));
+    scene.action.setEnabled(false);
+    QVERIFY(!isPainted(Qt::green));
+    scene.action.setEnabled(true);
+    scene.action.setChecked(false);
+    QVERIFY(isPainted(Qt::red));
+}
+
 void TestToolButton::plainPaintingLooksLikeThatOfTheStyleSheet_data()
 {
     QTest::addColumn<bool>("enabled");
@@ -771,6 +811,8 @@ void TestToolButton::plainPaintingLooksLikeThatOfTheStyleSheet()
     styled.setDefaultAction(&action);
     action.setChecked(checked);
     action.setEnabled(enabled);
+    if (checked && enabled)
+        styled.setIcon(pictureOf(Qt::green, QSize(20, 12)));
     // Twice: the second time out of what was kept of the first.
     for (int pass = 0; pass < 2; ++pass) {
         QVector<QImage> pictures;
