@@ -13,9 +13,9 @@ namespace {
 
 struct SPaletteColors
 {
-    QRgb panel;    ///< ground of panels, menus and dialogs
-    QRgb toolBack; ///< ground of a tool bar, one step from the panel
-    QRgb field;    ///< ground of what is read or typed into: tooltips, edits
+    QRgb panel;     ///< ground of panels, tool bars, menus and dialogs
+    QRgb alternate; ///< every other row of a list, one step from the panel
+    QRgb field;     ///< ground of what is read or typed into: tooltips, edits
     QRgb text;
     QRgb softText;
     QRgb disabledText;
@@ -345,7 +345,7 @@ QPalette Styles::ApplicationPalette() const
     palette.setColor(QPalette::Window, c.panel);
     palette.setColor(QPalette::Button, c.panel);
     palette.setColor(QPalette::Base, c.field);
-    palette.setColor(QPalette::AlternateBase, c.toolBack);
+    palette.setColor(QPalette::AlternateBase, c.alternate);
     palette.setColor(QPalette::ToolTipBase, c.field);
     palette.setColor(QPalette::WindowText, c.text);
     palette.setColor(QPalette::ButtonText, c.text);
@@ -367,7 +367,7 @@ QPalette Styles::ApplicationPalette() const
 
 QColor Styles::ColorToolPaletteMainBack() const
 {
-    return QColor(d->colors.toolBack);
+    return QColor(d->colors.panel);
 }
 
 QColor Styles::ColorActionPanelGroupBack() const

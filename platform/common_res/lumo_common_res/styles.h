@@ -91,7 +91,7 @@ public:
     /// @name Colours
     /// @{
 
-    /// Ground of a tool bar.
+    /// Ground of a tool bar between its plates; that of the window, so that no strip is seen there.
     QColor ColorToolPaletteMainBack() const;
     /// Plate behind the buttons of one panel of a tool bar.
     QColor ColorActionPanelGroupBack() const;

@@ -154,6 +154,8 @@ private Q_SLOTS:
     void qtParsesEverySheet();
     void textContrastIsReadable_data();
     void textContrastIsReadable();
+    void toolBarStandsOnPanelsWithoutAStrip_data();
+    void toolBarStandsOnPanelsWithoutAStrip();
     void paletteTextContrastIsReadable_data();
     void paletteTextContrastIsReadable();
     void hoveredToolButtonShowsThePlate();
@@ -427,6 +429,21 @@ void tst_Styles::textContrastIsReadable()
         const double ratio = contrast(QColor(rule.declarations["color"]), groundOf(rules, rule));
         QVERIFY2(ratio >= least, qPrintable(QString("%1: %2").arg(rule.selector).arg(ratio)));
     }
+}
+
+void tst_Styles::toolBarStandsOnPanelsWithoutAStrip_data()
+{
+    addPalettes();
+}
+
+// What shows of a tool bar between its plates looks like the window around it.
+void tst_Styles::toolBarStandsOnPanelsWithoutAStrip()
+{
+    QFETCH(EPalette, palette);
+    Styles::Instance().SetPalette(palette);
+    const QPalette p = Styles::Instance().ApplicationPalette();
+    QCOMPARE(Styles::Instance().ColorToolPaletteMainBack(), p.color(QPalette::Window));
+    QVERIFY(p.color(QPalette::AlternateBase) != p.color(QPalette::Base));
 }
 
 void tst_Styles::paletteTextContrastIsReadable_data()
