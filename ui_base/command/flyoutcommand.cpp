@@ -155,10 +155,8 @@ void FlyoutCommand::onFinalize()
     const bool hasContext = !isSimpleFlyout() || d->contextsPushed > 0;
     d->contextsPushed = std::max(d->contextsPushed - 1, 0);
     CmdMgr *const manager = managerOf(*this);
-    if (manager && hasContext) {
-        writeCheckMarkIntoStack();
+    if (manager && hasContext)
         manager->popContext();
-    }
     broadcast(&CommandStateProtocol::commandEnded, this);
 }
 

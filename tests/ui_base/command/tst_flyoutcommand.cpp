@@ -281,6 +281,7 @@ private Q_SLOTS:
 
     void shortcutHasTheButtonShowThePanel();
     void clickOfTheMouseShowsThePanelOnce();
+    void clickOfTheMouseIsNotRepeated();
     void clickFromCodeShowsThePanelOnce();
     void endBeforeTheTurnLeavesThePanelClosed();
     void otherButtonsAreNotClicked();
@@ -295,6 +296,7 @@ private Q_SLOTS:
     void commandMayDieFirst();
     void buttonMayDieBeforeItsClick();
     void controllerMayDieWhileThePanelIsOpen();
+    void listenerMayRemoveTheCommandThatIsTriggered();
     void observerMayRemoveTheCommandThatBegins();
     void observerMayDeleteTheCommandThatBegins();
     void hideOfASimpleFlyoutMayDeleteTheCommand();
@@ -725,6 +727,20 @@ void TestFlyoutCommand::clickOfTheMouseShowsThePanelOnce()
     QVERIFY(flyout->isVisible());
 }
 
+void TestFlyoutCommand::clickOfTheMouseIsNotRepeated()
+{
+    const Flyout flyout = makeFlyout();
+    Smooth command(flyout.get());
+    ToolBar bar(nullptr, Qt::LeftToolBarArea);
+    // A host's button that shows its panel in its own time.
+    ToolButton button(&command, &bar, &bar);
+    flyout->SetToolButton(&button);
+    QSignalSpy clicked(&button, &ToolButton::ToolButtonClicked);
+    QTest::mouseClick(&button, Qt::LeftButton);
+    runQueued(&button);
+    QCOMPARE(clicked.count(), 1);
+}
+
 void TestFlyoutCommand::clickFromCodeShowsThePanelOnce()
 {
     const Flyout flyout = makeFlyout();
@@ -914,6 +930,24 @@ void TestFlyoutCommand::controllerMayDieWhileThePanelIsOpen()
     fixture.end();
     command->onFinalize();
     QVERIFY(!command->getViewController());
+}
+
+void TestFlyoutCommand::listenerMayRemoveTheCommandThatIsTriggered()
+{
+    const Flyout flyout = makeFlyout();
+    ControllerFixture fixture;
+    for (const bool checkable : {false, true}) {
+        QPointer<Smooth> command = addTo(fixture.controller(), flyout.get());
+        command->setCheckable(checkable);
+        const auto recorder = record(*command);
+        const EventLog log = command->log;
+        const auto remove = [&] { fixture.controller()->removeCommand(command); };
+        connect(command, &CommandBase::toBeTriggered, this, remove);
+        connect(command, &CommandBase::toBeToggled, this, remove);
+        command->trigger();
+        QVERIFY(!command);
+        QCOMPARE(log.events(), QStringList(QStringLiteral("opened(smooth)")));
+    }
 }
 
 void TestFlyoutCommand::observerMayRemoveTheCommandThatBegins()
