@@ -21,6 +21,7 @@
 
 #include <QActionGroup>
 #include <QKeyEvent>
+#include <QKeySequence>
 #include <QPointer>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -29,6 +30,7 @@
 #include <functional>
 #include <memory>
 #include <type_traits>
+#include <vector>
 
 using Lumo::Test::CommandRecorder;
 using Lumo::Test::ControllerFixture;
@@ -177,7 +179,7 @@ Command *addTo(CmdsViewController *controller, QWidget *panel,
 /// Observes the command into its own log.
 std::shared_ptr<CommandRecorder> record(Smooth &command)
 {
-    const auto recorder = std::make_shared<CommandRecorder>(command.log);
+    auto recorder = std::make_shared<CommandRecorder>(command.log);
     command.addObserver(recorder, false);
     return recorder;
 }
@@ -232,7 +234,25 @@ private:
 };
 
 /// One way to close a panel.
-using CloseStep = std::function<void(const Flyout &, Kept &)>;
+struct CloseStep
+{
+    const char *name;
+    void (*run)(const Flyout &flyout, Kept &command);
+};
+
+const std::vector<CloseStep> closeSteps {
+    {"close button", [](const Flyout &flyout, Kept &) { click(flyout, "close_button"); }},
+    {"cancel button", [](const Flyout &flyout, Kept &) { click(flyout, "cancel_button"); }},
+    {"check mark", [](const Flyout &, Kept &command) { command.setChecked(false); }},
+    {"exit", [](const Flyout &, Kept &command) { command.onExitCommand(); }},
+    {"all of them",
+     [](const Flyout &flyout, Kept &command) {
+         command.onExitCommand();
+         flyout->CloseMe();
+         command.setChecked(false);
+         command.onFinalize();
+     }},
+};
 
 /// Calls a function when a command begins.
 class BeginObserver : public Vela::UiBase::CommandStateProtocol
@@ -651,25 +671,15 @@ void TestFlyoutCommand::checkedSiblingSurvivesTheEndOfItsForerunner()
 
 void TestFlyoutCommand::keptCommandEndsOnceHoweverItIsClosed_data()
 {
-    QTest::addColumn<CloseStep>("close");
-    const auto row = [](const char *name, CloseStep close) {
-        QTest::newRow(name) << std::move(close);
-    };
-    row("close button", [](const Flyout &flyout, Kept &) { click(flyout, "close_button"); });
-    row("cancel button", [](const Flyout &flyout, Kept &) { click(flyout, "cancel_button"); });
-    row("check mark", [](const Flyout &, Kept &command) { command.setChecked(false); });
-    row("exit", [](const Flyout &, Kept &command) { command.onExitCommand(); });
-    row("twice", [](const Flyout &flyout, Kept &command) {
-        command.onExitCommand();
-        flyout->CloseMe();
-        command.setChecked(false);
-        command.onFinalize();
-    });
+    QTest::addColumn<int>("step");
+    for (std::size_t step = 0; step < closeSteps.size(); ++step)
+        QTest::newRow(closeSteps[step].name) << static_cast<int>(step);
 }
 
 void TestFlyoutCommand::keptCommandEndsOnceHoweverItIsClosed()
 {
-    QFETCH(CloseStep, close);
+    QFETCH(int, step);
+    const auto &close = closeSteps[static_cast<std::size_t>(step)].run;
     const Flyout flyout = makeFlyout();
     ControllerFixture fixture;
     TestCommand *const save = fixture.add(QStringLiteral("save"));
@@ -698,7 +708,7 @@ void TestFlyoutCommand::shortcutHasTheButtonShowThePanel()
     const Flyout flyout = makeFlyout();
     ControllerFixture fixture;
     Smooth *const command = addTo(fixture.controller(), flyout.get());
-    command->setShortcut(Qt::CTRL | Qt::Key_M);
+    command->setShortcut(QKeySequence(Qt::CTRL + Qt::Key_M));
     ToolBar bar(nullptr, Qt::LeftToolBarArea);
     PanelButton button(command, &bar, flyout.get());
     QSignalSpy clicked(&button, &ToolButton::ToolButtonClicked);
@@ -994,8 +1004,6 @@ void TestFlyoutCommand::hideOfASimpleFlyoutMayDeleteTheCommand()
     widget.command->onExitCommand();
     QVERIFY(!widget.command);
 }
-
-Q_DECLARE_METATYPE(CloseStep)
 
 LUMO_TEST_MAIN(TestFlyoutCommand)
 #include "tst_flyoutcommand.moc"
