@@ -352,6 +352,8 @@ private:
     friend class ToolButton;
     friend class ToolButtonPrivate;
     friend class ToolButtonWithMenu;
+    friend class ToolbarManager;
+    friend class ToolbarManagerPrivate;
     Q_DECLARE_PRIVATE(ToolBar)
     Q_DISABLE_COPY(ToolBar)
 };
