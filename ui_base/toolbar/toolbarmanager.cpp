@@ -475,20 +475,22 @@ void ToolbarManager::commandGroupEnded(CommandGroup *group)
 bool ToolbarManager::eventFilter(QObject *watched, QEvent *event)
 {
     Q_D(ToolbarManager);
-    if (watched != d->mainToolBar)
-        return QObject::eventFilter(watched, event);
     const QPointer<ToolbarManager> self(this);
     const QPointer<QObject> receiver(watched);
+    // The bar is looked at for these only: with its last events it is no bar any more.
     switch (event->type()) {
     case QEvent::Move:
     case QEvent::Resize:
-        d->calcDynamicToolbarPanelGeometry();
+        if (watched == d->mainToolBar)
+            d->calcDynamicToolbarPanelGeometry();
         break;
     case QEvent::Show:
-        d->setToolbarsVisible(true);
+        if (watched == d->mainToolBar)
+            d->setToolbarsVisible(true);
         break;
     case QEvent::EnabledChange:
-        d->enableLikeMainToolBar();
+        if (watched == d->mainToolBar)
+            d->enableLikeMainToolBar();
         break;
     default:
         break;

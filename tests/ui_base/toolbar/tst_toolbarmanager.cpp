@@ -216,6 +216,7 @@ private Q_SLOTS:
 
     void separatorFloatsBesideTheMainBar_data();
     void separatorFloatsBesideTheMainBar();
+    void placeIsKnownFromTheStart();
     void separatorsAreRemovedByTheirPlace();
 
     void firstCommandOfAGroupMakesItsBar();
@@ -333,6 +334,14 @@ void TestToolbarManager::separatorFloatsBesideTheMainBar()
     const QSize size = area == Qt::TopToolBarArea ? QSize(2, scene.mainBar->height())
                                                   : QSize(scene.mainBar->width(), 2);
     QCOMPARE(separator->size(), size);
+}
+
+void TestToolbarManager::placeIsKnownFromTheStart()
+{
+    const Scene scene;
+    bool isGone = false;
+    HostManager manager(scene.mainBar, isGone);
+    QCOMPARE(manager.opened().panelPos, scene.mainBar->geometry().topRight() + QPoint(10, 0));
 }
 
 void TestToolbarManager::separatorsAreRemovedByTheirPlace()
