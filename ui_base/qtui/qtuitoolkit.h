@@ -20,6 +20,7 @@ namespace Vela::UiBase {
 
 class FlyoutBase;
 class IIconProvider;
+class MDialogBase;
 class QtUiToolkitPrivate;
 
 /// The factory of the Qt objects that the library and its hosts share a look for: icons by name,
@@ -100,6 +101,23 @@ public:
     FlyoutBase *CreateFlyout(QWidget *parent, const QString &title, QWidget *mainPanel,
                              const QString &infoText, bool closeButton, bool cancelButton,
                              bool applyButton, bool resetButton, QWidget *advancedPanel) const;
+
+    /// Makes a dialog around a settings panel, which CreateFlyout() makes of the same arguments.
+    /// @param parent the window that the dialog stands before, and its owner; with null the caller
+    ///               is
+    /// @param mainPanel taken over; null throws std::runtime_error("main panel cannot be null.")
+    ///                  and leaves everything as it was
+    /// @return null when there is no memory for it
+    MDialogBase *CreateFlyoutDialog(QWidget *parent, const QString &title, QWidget *mainPanel,
+                                    QWidget *advancedPanel, bool closeButton, bool cancelButton,
+                                    bool applyButton, bool resetButton) const;
+    /// Makes a dialog around a settings panel with a strip for information. All else is as above.
+    /// @param infoText the strip is shown unless this is empty; assistive tools get the text as
+    ///                 description of the dialog
+    MDialogBase *CreateFlyoutDialog(QWidget *parent, const QString &title, QWidget *mainPanel,
+                                    const QString &infoText, bool closeButton, bool cancelButton,
+                                    bool applyButton, bool resetButton,
+                                    QWidget *advancedPanel) const;
 
 protected:
     QtUiToolkit();

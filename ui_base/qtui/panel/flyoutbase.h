@@ -212,6 +212,7 @@ protected Q_SLOTS:
     void on_info_button_clicked();
 
 private:
+    friend class MDialogBase;
     friend class QtUiToolkit;
     friend class FlyoutBasePrivate;
 
