@@ -118,15 +118,28 @@ void ATooltipExPrivate::ReleaseHeight()
     q_ptr->setMaximumHeight(QWIDGETSIZE_MAX);
 }
 
+// The layouts give a page that comes to the front the room of the one before.
+void ATooltipExPrivate::TurnTo(int index) const
+{
+    QWidget *const page = advancedWidgets->widget(index);
+    const QSize size = page ? page->size() : QSize();
+    advancedWidgets->setCurrentIndex(index);
+    if (page)
+        page->resize(size);
+}
+
 void ATooltipExPrivate::ShowPart(QWidget *part, QLayout *room, bool visible) const
 {
+    QWidget *const page = visible && advancedWidgets ? advancedWidgets->currentWidget() : nullptr;
+    q_ptr->SetAdvancedWidgetWidth(page);
+    // Before the layouts come to life, which would squeeze the page into what room there is.
+    QSize size = page ? page->size() : QSize();
+    if (page)
+        advancedWidgets->setFixedSize(size);
     room->setEnabled(visible);
     part->setVisible(visible);
-    QWidget *const page = visible && advancedWidgets ? advancedWidgets->currentWidget() : nullptr;
     if (!page)
         return;
-    QSize size = page->size();
-    advancedWidgets->setFixedSize(size);
     page->setVisible(true);
     const QMargins margins = part->layout() ? part->layout()->contentsMargins() : QMargins();
     size += QSize(margins.left() + margins.right(), margins.top() + margins.bottom());
@@ -258,7 +271,7 @@ void ATooltipEx::OnIndexChanged(int index)
     Q_D(ATooltipEx);
     if (!d->advancedWidgets || index >= d->advancedWidgets->count())
         return;
-    d->advancedWidgets->setCurrentIndex(index);
+    d->TurnTo(index);
     UpdateContent();
 }
 
@@ -273,7 +286,7 @@ void ATooltipEx::OnKeywordChanged(QString keyword)
             continue;
         const QString own = d->advancedWidgets->property(KeywordProperty).toString();
         if (own.compare(keyword, Qt::CaseInsensitive) == 0) {
-            d->advancedWidgets->setCurrentIndex(i);
+            d->TurnTo(i);
             break;
         }
     }

@@ -30,6 +30,7 @@ public:
     /// Shows or hides @p part, the widget of a form that holds the stack, and fits both to the
     /// current page.
     /// @param room the layout of the form that holds the part
+    void TurnTo(int index) const;
     void ShowPart(QWidget *part, QLayout *room, bool visible) const;
 
     ATooltipEx::EWidgetExVisibility visibility = ATooltipEx::EWidgetExVisibility::ExHidden;

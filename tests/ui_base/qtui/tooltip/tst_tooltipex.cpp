@@ -163,6 +163,9 @@ private Q_SLOTS:
     void f1IsSwallowed();
     void aCardAsTooltipStandsAtItsHost_data();
     void aCardAsTooltipStandsAtItsHost();
+    void aCardAsTooltipShowsAllOfItsText_data();
+    void aCardAsTooltipShowsAllOfItsText();
+    void pagesOfAHostKeepTheirHeights();
 };
 
 void TooltipExTest::virtualsStandInTheOrderOfHosts()
@@ -822,6 +825,65 @@ void TooltipExTest::aCardAsTooltipStandsAtItsHost()
         QTRY_COMPARE(apex(), expected);
         QVERIFY(showsAllOfItsTexts(*card));
         tooltip.HideTooltip();
+    }
+}
+
+void TooltipExTest::aCardAsTooltipShowsAllOfItsText_data()
+{
+    QTest::addColumn<bool>("framed");
+    QTest::addColumn<EVisibility>("visibility");
+    for (const bool framed : {true, false}) {
+        const QByteArray frame = framed ? "with a frame, " : "without a frame, ";
+        QTest::newRow(frame + "closed at first") << framed << EVisibility::ExHidden;
+        QTest::newRow(frame + "open at first") << framed << EVisibility::ExShown;
+    }
+}
+
+void TooltipExTest::aCardAsTooltipShowsAllOfItsText()
+{
+    QFETCH(bool, framed);
+    QFETCH(EVisibility, visibility);
+    Lumo::Test::TooltipScene scene;
+    auto &factory = TooltipExFactory::GetInstance();
+    auto *const card = qobject_cast<ATooltipEx *>(factory.CreateExtendedTooltip(
+        nullptr, QStringLiteral("Smooth"), Text, Text, true, Wide, visibility, "TooltipEx"));
+    int index = 0;
+    QVERIFY(factory.AddStaticPage(card, Text + Text + Text, QString(), index));
+    TooltipObject tooltip(QStringLiteral("group"), scene.host);
+    tooltip.SetTooltipControl(card, framed);
+    tooltip.SetClickToDismissTooltip(false);
+    tooltip.AttachTo(scene.host);
+    for (int i = 0; i < 4; ++i) {
+        tooltip.ShowTooltip();
+        if (visibility == EVisibility::ExHidden)
+            click(card);
+        QCoreApplication::processEvents();
+        QWidget *const page = card->AdvancedWidgets()->currentWidget();
+        QVERIFY(page->isVisible());
+        QVERIFY(page->height() >= ATooltipEx::FindTextLabelSize(page, PageWidth).height());
+        tooltip.HideTooltip();
+    }
+}
+
+void TooltipExTest::pagesOfAHostKeepTheirHeights()
+{
+    const QVector<int> heights {120, 60};
+    auto card = std::make_unique<Card>();
+    auto *const stack = new QStackedWidget;
+    for (const int height : heights) {
+        auto *const page = new QWidget;
+        page->resize(100, height);
+        page->setProperty("widget_type", QVariant::fromValue(EWidgetType::Custom));
+        stack->addWidget(page);
+    }
+    card->SetParams({}, {}, stack, true, Wide, EVisibility::ExShown);
+    for (int i = 0; i < 4; ++i) {
+        card->show();
+        QCOMPARE(stack->currentWidget()->height(), heights[card->page()]);
+        card->OnIndexChanged(1 - card->page());
+        QCOMPARE(stack->currentWidget()->height(), heights[card->page()]);
+        card->OnIndexChanged(1 - card->page());
+        card->hide();
     }
 }
 
