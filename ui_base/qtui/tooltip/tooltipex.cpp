@@ -9,6 +9,7 @@
 #include "ui_tooltipex.h"
 
 #include <QEvent>
+#include <QPalette>
 #include <QStackedWidget>
 
 namespace Vela::UiBase {
@@ -80,6 +81,15 @@ bool TooltipEx::eventFilter(QObject *watched, QEvent *event)
     if (isOnIcon && d->advancedWidgets && !IsAdvancedWidgetVisible())
         SetAdvancedWidgetVisibility(true);
     return ATooltipEx::eventFilter(watched, event);
+}
+
+// The sheet paints the ground in its shape, and what the palette has would fill the corners, too.
+void TooltipEx::showEvent(QShowEvent *event)
+{
+    ATooltipEx::showEvent(event);
+    QPalette withoutGround = palette();
+    withoutGround.setBrush(backgroundRole(), Qt::NoBrush);
+    setPalette(withoutGround);
 }
 
 void TooltipEx::OnAdvancedWidgetVisibilityChange(bool visible)

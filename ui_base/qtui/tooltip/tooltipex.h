@@ -43,6 +43,8 @@ public:
 protected:
     /// On a change of language the form's own texts follow; those that were set stay.
     void changeEvent(QEvent *event) override;
+    /// Leaves the corners of the card clear.
+    void showEvent(QShowEvent *event) override;
     void OnAdvancedWidgetVisibilityChange(bool visible) override;
     void AddWidgetToLayout(QWidget *stack) override;
 

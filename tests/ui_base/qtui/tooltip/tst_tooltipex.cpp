@@ -166,6 +166,7 @@ private Q_SLOTS:
     void aCardAsTooltipShowsAllOfItsText_data();
     void aCardAsTooltipShowsAllOfItsText();
     void pagesOfAHostKeepTheirHeights();
+    void theCornersOfACardAreClear();
 };
 
 void TooltipExTest::virtualsStandInTheOrderOfHosts()
@@ -884,6 +885,28 @@ void TooltipExTest::pagesOfAHostKeepTheirHeights()
         QCOMPARE(stack->currentWidget()->height(), heights[card->page()]);
         card->OnIndexChanged(1 - card->page());
         card->hide();
+    }
+}
+
+void TooltipExTest::theCornersOfACardAreClear()
+{
+    Lumo::Test::TooltipScene scene;
+    auto *const card = makeCard(EVisibility::ExHidden).release();
+    TooltipObject tooltip(QStringLiteral("group"), scene.host);
+    tooltip.SetTooltipControl(card, false);
+    tooltip.SetClickToDismissTooltip(false);
+    tooltip.AttachTo(scene.host);
+    for (int i = 0; i < 3; ++i) {
+        tooltip.ShowTooltip();
+        QVERIFY(card->autoFillBackground());
+        for (const bool isOpen : {false, true}) {
+            QCOMPARE(card->isOpen(), isOpen);
+            const QImage shown = card->window()->grab().toImage();
+            QCOMPARE(shown.pixelColor(0, 0).alpha(), 0);
+            QCOMPARE(shown.pixelColor(shown.width() / 2, 4), QColor("#F0F0F0"));
+            click(card);
+        }
+        tooltip.HideTooltip();
     }
 }
 
