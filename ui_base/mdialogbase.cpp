@@ -228,15 +228,24 @@ void MDialogBase::SetOKButton(QAbstractButton *b)
         connect(b, &QAbstractButton::clicked, this, &QDialog::accept, Qt::UniqueConnection);
 }
 
+// A flyout that is being destroyed still sends events, but none of these.
 bool MDialogBase::eventFilter(QObject *watched, QEvent *event)
 {
-    if (d->flyout && watched == d->flyout && event->type() == QEvent::Resize)
-        resize(d->flyout->size());
-    const bool isMouse = event->type() == QEvent::MouseButtonPress
-        || event->type() == QEvent::MouseButtonRelease || event->type() == QEvent::MouseMove;
-    if (d->flyout && isMouse && (watched == d->flyout || watched == d->titleLabel)) {
-        const auto &mouse = static_cast<const QMouseEvent &>(*event);
-        HandleMouse(mouse, static_cast<QWidget *>(watched)->mapTo(d->flyout, mouse.pos()));
+    switch (event->type()) {
+    case QEvent::Resize:
+        if (d->flyout && watched == d->flyout)
+            resize(d->flyout->size());
+        break;
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseMove:
+        if (d->flyout && (watched == d->flyout || watched == d->titleLabel)) {
+            const auto &mouse = static_cast<const QMouseEvent &>(*event);
+            HandleMouse(mouse, static_cast<QWidget *>(watched)->mapTo(d->flyout, mouse.pos()));
+        }
+        break;
+    default:
+        break;
     }
     return QDialog::eventFilter(watched, event);
 }
