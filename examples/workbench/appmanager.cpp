@@ -14,8 +14,12 @@
 #include "commands/smoothcommand.h"
 #include "commands/subdividecommand.h"
 #include "controllers/meshviewcontroller.h"
+#include "dialogs/aboutcommand.h"
+#include "dialogs/logcommand.h"
+#include "dialogs/messagelog.h"
 
 #include <lumo_app_service/ApplicationService>
+#include <ui_base/CommandBag>
 #include <ui_base/CommandGroup>
 
 #include <QActionGroup>
@@ -47,6 +51,7 @@ std::shared_ptr<CommandGroup> makeGroup(const QString &name)
 
 AppManager::AppManager(const std::shared_ptr<MeshDocument> &document, Chooser openChooser,
                        Chooser saveChooser)
+    : m_log(MessageLog::make())
 {
     makeCommands(document, std::move(openChooser), std::move(saveChooser));
     makeDisplayCommands();
@@ -76,6 +81,8 @@ void AppManager::makeCommands(const std::shared_ptr<MeshDocument> &document, Cho
     m_commands.pick = std::make_shared<PickCommand>();
     m_commands.showAll = std::make_shared<ShowAllCommand>();
     m_commands.compare = std::make_shared<CompareCommand>();
+    m_commands.log = std::make_shared<LogCommand>(m_log);
+    m_commands.about = std::make_shared<AboutCommand>();
 }
 
 void AppManager::makeDisplayCommands()
@@ -116,17 +123,25 @@ void AppManager::makeGroups()
     addTo(*m_commands.watching, m_commands.pick);
     addTo(*m_commands.watching, m_commands.showAll);
     addTo(*m_commands.watching, m_commands.compare);
+
+    m_commands.program = makeGroup(QStringLiteral("program"));
+    m_commands.program->groupActionGroup()->setExclusive(false);
+    addTo(*m_commands.program, m_commands.log);
+    addTo(*m_commands.program, m_commands.about);
 }
 
 QList<CommandBase *> AppManager::commands(Vela::UiBase::CmdsViewController *controller)
 {
     if (!qobject_cast<MeshViewController *>(controller))
         return {};
-    for (CommandBase *command : m_commands.all())
-        command->setViewController(controller);
     QList<CommandBase *> groups;
     for (CommandGroup *group : m_commands.groups())
         groups.append(group);
+    groups.append(m_commands.program.get());
+    for (CommandBase *group : qAsConst(groups)) {
+        for (const auto &[id, command] : static_cast<CommandGroup *>(group)->commandBag())
+            command->setViewController(controller);
+    }
     return groups;
 }
 

@@ -14,6 +14,7 @@
 namespace Workbench {
 
 class MeshDocument;
+class MessageLog;
 
 /// Knows which commands belong to which view controller. It registers itself with the application
 /// service as long as it lives.
@@ -28,6 +29,8 @@ public:
     ~AppManager() override;
 
     const CommandSet &commandSet() const { return m_commands; }
+    /// What the program has said since the manager was made.
+    const std::shared_ptr<MessageLog> &log() const { return m_log; }
 
     QString applicationName() const override;
 
@@ -45,6 +48,7 @@ private:
     void makeDisplayCommands();
     void makeGroups();
 
+    const std::shared_ptr<MessageLog> m_log;
     CommandSet m_commands;
 };
 

@@ -13,11 +13,13 @@ class CommandGroup;
 
 namespace Workbench {
 
+class AboutCommand;
 class AttributeCommand;
 class BackgroundCommand;
 class CompareCommand;
 class DisplayModeCommand;
 class FlipNormalsCommand;
+class LogCommand;
 class OpenCommand;
 class PickCommand;
 class SaveCommand;
@@ -39,6 +41,8 @@ struct CommandSet
     std::shared_ptr<PickCommand> pick;
     std::shared_ptr<ShowAllCommand> showAll;
     std::shared_ptr<CompareCommand> compare;
+    std::shared_ptr<LogCommand> log;
+    std::shared_ptr<AboutCommand> about;
     std::vector<std::shared_ptr<DisplayModeCommand>> modes;
     std::vector<std::shared_ptr<AttributeCommand>> attributes;
 
@@ -48,10 +52,12 @@ struct CommandSet
     std::shared_ptr<Vela::UiBase::CommandGroup> drawn;    ///< the attributes, any number checked
     std::shared_ptr<Vela::UiBase::CommandGroup> watching; ///< what changes the view of the mesh
 
-    /// All groups, in the order in which a controller gets them.
+    std::shared_ptr<Vela::UiBase::CommandGroup> program; ///< dialogs beside the work; menus only
+
+    /// The groups that the strip has buttons for, in their order.
     std::vector<Vela::UiBase::CommandGroup *> groups() const;
 
-    /// All commands that stand in the groups.
+    /// All commands that stand in those groups.
     std::vector<Vela::UiBase::CommandBase *> all() const;
 
     /// Those that change the mesh.

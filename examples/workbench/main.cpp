@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The lumo_ui_base authors
 // SPDX-License-Identifier: MIT
 
+#include "dialogs/messagelog.h"
 #include "look.h"
 #include "mainwindow.h"
 #include "options.h"
@@ -50,6 +51,7 @@ int main(int argc, char *argv[])
     }
 
     Workbench::MainWindow window;
+    const Workbench::MessageTap tap(window.log());
     Vela::Services::ApplicationService::GetInstance().setMainWindow(&window);
     window.show();
     if (!options.tourFolder.isEmpty())

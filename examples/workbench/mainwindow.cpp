@@ -25,7 +25,9 @@
 
 #include <lumo_app_service/ApplicationService>
 #include <tessel/dispatch.h>
+#include <ui_base/CommandGroup>
 
+#include <QActionGroup>
 #include <QCloseEvent>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -123,6 +125,8 @@ void MainWindow::buildViewMenu()
     view->addAction(commands().pick.get());
     view->addAction(commands().showAll.get());
     view->addAction(commands().compare.get());
+    QMenu *help = menuBar()->addMenu(tr("&Help"));
+    help->addActions(commands().program->groupActionGroup()->actions());
 }
 
 void MainWindow::connectDocument()

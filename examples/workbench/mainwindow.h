@@ -34,6 +34,7 @@ public:
     void openFile(const QString &path);
 
     const CommandSet &commands() const { return m_manager->commandSet(); }
+    const std::shared_ptr<MessageLog> &log() const { return m_manager->log(); }
     CommandClock &clock() const { return *m_clock; }
     MeshDocument &document() const { return *m_document; }
     CommandBar &bar() const { return *m_bar; }

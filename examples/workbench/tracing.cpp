@@ -3,33 +3,19 @@
 
 #include "tracing.h"
 
-#include <lumo_app_service/ApplicationService>
-
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 
 namespace Workbench {
-namespace {
-
-Orrin::Core::Kernel &kernel()
-{
-    return Vela::Services::ApplicationService::GetInstance().kernel();
-}
-
-} // namespace
 
 Tracing::Tracing(const QString &file)
     : m_file(file)
     , m_writer(file.toStdU16String(), L"workbench")
-{
-    kernel().setWaypointSink(m_writer.sink());
-}
+    , m_listener(m_writer.sink())
+{ }
 
-Tracing::~Tracing()
-{
-    kernel().setWaypointSink({});
-}
+Tracing::~Tracing() = default;
 
 QString Tracing::errorText() const
 {

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "waypoints.h"
+
 #include <orrin_mesh_kernel/TraceWriter>
 
 #include <QString>
@@ -28,6 +30,7 @@ public:
 private:
     const QString m_file;
     Orrin::Core::TraceWriter m_writer;
+    const WaypointListener m_listener;
 };
 
 } // namespace Workbench

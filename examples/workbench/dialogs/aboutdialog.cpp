@@ -1,0 +1,49 @@
+// SPDX-FileCopyrightText: 2026 The lumo_ui_base authors
+// SPDX-License-Identifier: MIT
+
+#include "dialogs/aboutdialog.h"
+
+#include "dialogs/dialogparts.h"
+
+#include <QBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+
+namespace Workbench {
+namespace {
+
+const int dialogWidth = 380;
+
+} // namespace
+
+AboutDialog::AboutDialog(QWidget *parent)
+    : DialogEx(parent, false)
+{
+    setObjectName(QStringLiteral("about_dialog"));
+    const QString text =
+        tr("<p>The workbench opens a mesh, shows it and changes it. It is the example that comes "
+           "with "
+           "lumo_ui_base: each thing that it does is a command, a tool, a view or a popup of that "
+           "library.</p>"
+           "<p>Meshes are read by assimp, work in the background runs on oneTBB, and everything "
+           "that is seen stands on Qt %1.</p>"
+           "<p>It may be used and copied under the terms of the MIT license.</p>")
+            .arg(QLatin1String(qVersion()));
+    auto *label = new QLabel(text, this);
+    label->setObjectName(QStringLiteral("text"));
+    label->setWordWrap(true);
+    label->setAlignment(Qt::AlignLeading | Qt::AlignTop);
+    auto *close = new QPushButton(tr("Close"), this);
+    close->setObjectName(QStringLiteral("ok"));
+    close->setDefault(true);
+    connect(close, &QPushButton::clicked, this, &QDialog::accept);
+
+    QBoxLayout *column = dressUp(*this, tr("About Workbench"));
+    column->addWidget(label, 1);
+    column->addWidget(close, 0, Qt::AlignTrailing);
+    setAccessibleDescription(tr("The example that comes with lumo_ui_base."));
+    close->setFocus();
+    resize(dialogWidth, layout()->totalHeightForWidth(dialogWidth));
+}
+
+} // namespace Workbench

@@ -1,0 +1,60 @@
+// SPDX-FileCopyrightText: 2026 The lumo_ui_base authors
+// SPDX-License-Identifier: MIT
+
+#include "dialogs/dialogparts.h"
+
+#include "closebutton.h"
+
+#include <lumo_common_res/Styles>
+#include <ui_base/DialogEx>
+
+#include <QCoreApplication>
+#include <QLabel>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+namespace Workbench {
+namespace {
+
+const int titleHeight = 36;
+
+QLabel *makeTitle(const QString &text, QWidget *parent)
+{
+    auto *title = new QLabel(text, parent);
+    title->setObjectName(QStringLiteral("title"));
+    // What is pressed there moves the dialog.
+    title->setAttribute(Qt::WA_TransparentForMouseEvents);
+    QFont font = title->font();
+    font.setPixelSize(16);
+    title->setFont(font);
+    return title;
+}
+
+} // namespace
+
+QBoxLayout *dressUp(Vela::UiBase::DialogEx &dialog, const QString &title)
+{
+    dialog.setWindowTitle(title);
+    dialog.setStyleSheet(
+        Vela::Resource::Styles::Instance().DialogGeneral().arg(dialog.objectName()));
+    dialog.SetMoveBarHeight(titleHeight);
+    QToolButton *close =
+        makeCloseButton(QCoreApplication::translate("Workbench::Dialog", "Close"), &dialog);
+    QObject::connect(close, &QToolButton::clicked, &dialog, &QDialog::reject);
+
+    auto *const row = new QHBoxLayout;
+    row->setContentsMargins(12, 0, 6, 0);
+    row->addWidget(makeTitle(title, &dialog), 1);
+    row->addWidget(close);
+    auto *const column = new QVBoxLayout;
+    column->setContentsMargins(12, 0, 12, 12);
+    column->setSpacing(8);
+    auto *const all = new QVBoxLayout(&dialog);
+    all->setContentsMargins(1, 6, 1, 1);
+    all->setSpacing(6);
+    all->addLayout(row);
+    all->addLayout(column, 1);
+    return column;
+}
+
+} // namespace Workbench

@@ -1,0 +1,21 @@
+// SPDX-FileCopyrightText: 2026 The lumo_ui_base authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+class QBoxLayout;
+class QString;
+
+namespace Vela::UiBase {
+class DialogEx;
+}
+
+namespace Workbench {
+
+/// Gives @p dialog, which has no frame of the window system, the name @p title, the look of the
+/// library's dialogs, and a title row with a button that closes it. The row stands on the bar that
+/// the dialog is moved by.
+/// @return the column below that row
+QBoxLayout *dressUp(Vela::UiBase::DialogEx &dialog, const QString &title);
+
+} // namespace Workbench
