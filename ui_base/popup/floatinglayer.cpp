@@ -144,7 +144,9 @@ void FloatingLayerPrivate::onAttachedWidgetMove(const QPoint &position)
     widgetPos = position;
     const QWidget *const parent = q->parentWidget();
     const QPoint origin = parent ? parent->mapToGlobal(QPoint(0, 0)) : QPoint(0, 0);
-    q->move(origin + position - corner(margins));
+    // A window system reports sizes late, and a mere move would ask for the last one that it told.
+    q->setGeometry(
+        QRect(origin + position - corner(margins), grown(attachedWidget->size(), margins)));
     putWidgetAtCorner();
     q->setEventFilterForAttachedWidget(true);
 }

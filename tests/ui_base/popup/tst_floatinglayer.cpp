@@ -161,6 +161,18 @@ private Q_SLOTS:
                  QList<QWidget *> {scene.widget});
     }
 
+    // A window system that lags behind reports a size of before.
+    void aMoveGivesTheLayerItsSizeAgain()
+    {
+        Scene scene;
+        FloatingLayer *const layer = scene.makeFloating(Uneven);
+        scene.widget->show();
+        const QSize size = layer->size();
+        layer->resize(size + QSize(0, 50));
+        scene.widget->move(23, 34);
+        QCOMPARE(layer->size(), size);
+    }
+
     void floatingAnswersTrue()
     {
         Scene scene;
