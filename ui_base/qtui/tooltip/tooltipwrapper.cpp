@@ -8,6 +8,7 @@
 #include "ui_base/popup/widgetposcalculator.h"
 
 #include <QPoint>
+#include <QPointer>
 
 namespace Vela::UiBase {
 
@@ -31,13 +32,13 @@ void TooltipWrapper::Show(const QPoint &point, bool useRefPoint, ETooltipShowUpT
     d->EnsureMade();
     if (useRefPoint)
         d->posCalculator->SetRefPoint(point);
-    // Whatever goes on in showing, the time is the one of this call.
-    if (type == ETooltipShowUpType::ShowUpAutoDismiss)
-        d->dismissTimer->start(d->autoDismissTime);
-    else
+    if (type == ETooltipShowUpType::ShowUpManualDismiss)
         d->dismissTimer->stop();
+    const QPointer<TooltipWrapper> self(this);
     if (d->tooltipWindow)
         ShowTooltip();
+    if (self && type == ETooltipShowUpType::ShowUpAutoDismiss)
+        d->dismissTimer->start(d->autoDismissTime);
 }
 
 void TooltipWrapper::DelayHide()

@@ -45,6 +45,9 @@ private Q_SLOTS:
     void anAutomaticOneGoesByItself();
     void aManualOneStaysUntilItIsTakenDown();
     void aManualOneEndsTheTimeOfAnAutomaticOne();
+    void theTimeOfAnAutomaticOneStartsWhenItIsUp();
+    void anotherOfItsGroupMayEndIt_data();
+    void anotherOfItsGroupMayEndIt();
     void goesAfterTheDismissTime();
     void withoutContentNothingAppears();
     void aHiddenContentTakesItDown();
@@ -122,6 +125,67 @@ void TooltipWrapperTest::aManualOneEndsTheTimeOfAnAutomaticOne()
     scene.tip.Show(scene.point, true, EShow::ShowUpManualDismiss);
     QVERIFY(!scene.tip.dismissTimer()->isActive());
     QVERIFY(scene.tip.IsVisible());
+}
+
+// Code that runs while it is shown, such as that of its content, may touch the same timer.
+void TooltipWrapperTest::theTimeOfAnAutomaticOneStartsWhenItIsUp()
+{
+    class Hasty : public QWidget
+    {
+    public:
+        explicit Hasty(TooltipWrapper &tip)
+            : m_tip(tip)
+        { }
+
+    protected:
+        void showEvent(QShowEvent *) override { m_tip.DelayHide(); }
+
+    private:
+        TooltipWrapper &m_tip;
+    };
+    TooltipScene scene;
+    Tip tip(Group, scene.window.get());
+    tip.SetTooltipControl(new Hasty(tip), true);
+    tip.Show(QPoint(260, 330), true, EShow::ShowUpAutoDismiss);
+    QVERIFY(tip.dismissTimer()->isActive());
+    QCOMPARE(tip.dismissTimer()->interval(), 20000);
+    // A manual one has no time of its own, so that of the content counts.
+    tip.ForceHideTooltip();
+    tip.Show(QPoint(260, 330), true, EShow::ShowUpManualDismiss);
+    QVERIFY(tip.dismissTimer()->isActive());
+    QCOMPARE(tip.dismissTimer()->interval(), 1000);
+}
+
+void TooltipWrapperTest::anotherOfItsGroupMayEndIt_data()
+{
+    QTest::addColumn<EShow>("type");
+    QTest::newRow("automatic") << EShow::ShowUpAutoDismiss;
+    QTest::newRow("manual") << EShow::ShowUpManualDismiss;
+}
+
+void TooltipWrapperTest::anotherOfItsGroupMayEndIt()
+{
+    QFETCH(EShow, type);
+    class Ender : public QWidget
+    {
+    public:
+        std::unique_ptr<TooltipWrapper> victim;
+
+    protected:
+        void hideEvent(QHideEvent *) override { victim.reset(); }
+    };
+    TooltipScene scene;
+    auto *const ender = new Ender;
+    Tip other(Group, scene.window.get());
+    other.SetTooltipControl(ender, true);
+    other.Show(QPoint(260, 330), true, EShow::ShowUpManualDismiss);
+    auto owned = std::make_unique<Tip>(Group, scene.window.get());
+    owned->SetTooltipControl(new DefaultTooltip, true);
+    TooltipWrapper *const tip = owned.get();
+    ender->victim = std::move(owned);
+    tip->Show(QPoint(260, 330), true, type);
+    QVERIFY(!ender->victim);
+    QVERIFY(!other.IsVisible());
 }
 
 void TooltipWrapperTest::goesAfterTheDismissTime()
