@@ -298,23 +298,6 @@ void ATooltipObjectPrivate::LandControl()
     layer->deleteLater();
 }
 
-void ATooltipObjectPrivate::ReleaseControl()
-{
-    auto *const layer = qobject_cast<FloatingLayer *>(tooltipControl->parentWidget());
-    const QWidget *const origin = FloatingLayer::getWidgetOriginalParent(tooltipControl);
-    if (layer && origin && ownsControl && origin == q_ptr->parent()) {
-        // Where it stands: a parent whose window is being destroyed takes no children back.
-        delete tooltipControl.data();
-        layer->deleteLater();
-        return;
-    }
-    LandControl();
-    // One that floated over a parent that has died meanwhile has nobody else any more.
-    const QWidget *const keeper = tooltipControl->parentWidget();
-    if (!keeper || (ownsControl && keeper == q_ptr->parent()))
-        delete tooltipControl.data();
-}
-
 void ATooltipObjectPrivate::ReleaseWindows()
 {
     QObject::disconnect(endOfControl);
@@ -322,8 +305,13 @@ void ATooltipObjectPrivate::ReleaseWindows()
         tooltipWindow->removeEventFilter(q_ptr);
         tooltipWindow->hide();
     }
-    if (tooltipControl && tooltipWindow == tooltipControl)
-        ReleaseControl();
+    if (tooltipControl && tooltipWindow == tooltipControl) {
+        LandControl();
+        // One that floated over a parent that has died meanwhile has nobody else any more.
+        const QWidget *const keeper = tooltipControl->parentWidget();
+        if (!keeper || (ownsControl && keeper == q_ptr->parent()))
+            delete tooltipControl.data();
+    }
     auto *const layer =
         arrowedWindow ? qobject_cast<FloatingLayer *>(arrowedWindow->parentWidget()) : nullptr;
     delete arrowedWindow.data();

@@ -56,7 +56,6 @@ public:
     QWidget *FrameControl();
     QWidget *AdoptControl();
     void LandControl();
-    void ReleaseControl();
     void ReleaseWindows();
 
     bool enabled = true;
