@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 //
 // What does it cost to lay out the frame of a popup, and to find its place beside a button? The
-// content has 320 by 150 in a layout and 200 by 100 in a solve, corners are round by 5 pixels, and
-// no two calls in a row are the same unless it says so. The window is hidden, as it is while its
-// owner looks for a place.
+// content has 320 by 150 in a layout and 200 by 100 in a solve, and corners are round by 5 pixels. No
+// two layouts in a row are the same unless it says so; a solve is asked the same each time. The
+// window is hidden, as it is while its owner looks for a place.
 
 #include "ui_base/popup/arrowedwindow_p.h"
 #include "ui_base/popup/widgetposcalculator.h"
