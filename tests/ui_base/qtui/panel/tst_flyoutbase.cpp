@@ -3,33 +3,28 @@
 
 #include <ui_base/ArrowedWindow>
 #include <ui_base/FlyoutBase>
-#include <ui_base/InfoDialog>
 #include <ui_base/QtUiToolkit>
 
+#include "flyoutparts.h"
 #include "support/failingnew.h"
 #include "support/testcase.h"
 #include "support/testmain.h"
 
 #include <lumo_common_res/String>
-#include <lumo_common_res/Styles>
 
-#include <QDialog>
 #include <QGraphicsDropShadowEffect>
-#include <QGridLayout>
 #include <QLabel>
-#include <QPainter>
 #include <QPointer>
 #include <QPushButton>
 #include <QSignalSpy>
-#include <QStackedWidget>
 #include <QToolButton>
-#include <QVBoxLayout>
 
 #include <memory>
 #include <stdexcept>
 
 using namespace Vela::UiBase;
 using namespace Vela::Resource;
+using namespace Lumo::Test;
 
 namespace {
 
@@ -37,124 +32,16 @@ namespace {
 class Inside : public FlyoutBase
 {
 public:
-    using FlyoutBase::GetCloseButton;
-    using FlyoutBase::GetResetButton;
-    using FlyoutBase::GetTitleLabel;
-    using FlyoutBase::GetTitleRegionForMoving;
     using FlyoutBase::SetButtonVisible;
     using FlyoutBase::SetShadow;
 };
-
-struct SParts
-{
-    bool close = true;
-    bool cancel = true;
-    bool apply = true;
-    bool reset = false;
-};
-
-QWidget *makePanel(int height = 60)
-{
-    auto *const panel = new QWidget;
-    panel->setFixedSize(240, height);
-    return panel;
-}
-
-using Flyout = std::unique_ptr<FlyoutBase>;
-
-Flyout makeFlyout(const SParts &parts = {}, QWidget *advanced = nullptr, QWidget *parent = nullptr)
-{
-    return Flyout(QtUiToolkit::Instance().CreateFlyout(QStringLiteral("Smooth"), makePanel(),
-                                                       advanced, parts.close, parts.cancel,
-                                                       parts.apply, parts.reset, parent));
-}
-
-Flyout makeInfoFlyout(const QString &info, QWidget *main, QWidget *advanced = nullptr)
-{
-    return Flyout(QtUiToolkit::Instance().CreateFlyout(nullptr, QStringLiteral("Smooth"), main,
-                                                       info, true, true, true, true, advanced));
-}
-
-template<typename Child = QWidget>
-Child *part(const Flyout &flyout, const char *name)
-{
-    return flyout->findChild<Child *>(QLatin1String(name));
-}
-
-QVBoxLayout *column(const Flyout &flyout)
-{
-    return part<QVBoxLayout>(flyout, "mainLayout");
-}
-
-QLayoutItem *itemAt(const QLayout *layout, int index)
-{
-    return layout ? layout->itemAt(index) : nullptr;
-}
-
-/// The height of the spacer at @p index of the column; -1 when there is none.
-int spacerHeight(const Flyout &flyout, int index)
-{
-    QLayoutItem *const item = itemAt(column(flyout), index);
-    return item && item->spacerItem() ? item->sizeHint().height() : -1;
-}
-
-void click(const Flyout &flyout, const char *name)
-{
-    auto *const button = part<QAbstractButton>(flyout, name);
-    QVERIFY(button);
-    QTest::mouseClick(button, Qt::LeftButton);
-}
 
 bool isMarked(const QObject *object)
 {
     return object->property(String::WIDGET_PROPERTY_ISFLYOUT.latin1()).toBool();
 }
 
-/// What an icon of 16 by 16 draws on the screen.
-QImage drawn(const QIcon &icon)
-{
-    const qreal ratio = qApp->devicePixelRatio();
-    QImage image(QSize(16, 16) * ratio, QImage::Format_ARGB32_Premultiplied);
-    image.setDevicePixelRatio(ratio);
-    image.fill(Qt::transparent);
-    QPainter painter(&image);
-    icon.paint(&painter, QRect(0, 0, 16, 16));
-    painter.end();
-    image.setDevicePixelRatio(1);
-    return image;
-}
-
-QImage pixelsOf(const QString &path)
-{
-    QImage image = QImage(path).convertToFormat(QImage::Format_ARGB32_Premultiplied);
-    image.setDevicePixelRatio(1);
-    return image;
-}
-
-QList<QWidget *> subWidgets(const QObject *object)
-{
-    QList<QWidget *> result;
-    const QVariantList list = object->property("sub_widgets").toList();
-    for (const QVariant &entry : list)
-        result << entry.value<QWidget *>();
-    return result;
-}
-
-std::unique_ptr<InfoDialog> makeInfoDialog(QWidget *parent = nullptr)
-{
-    auto dialog = std::make_unique<InfoDialog>(parent);
-    auto *const stack = new QStackedWidget;
-    auto *const page = new QWidget;
-    page->setProperty("widget_type", QVariant::fromValue(ATooltipEx::EWidgetType::Custom));
-    page->setFixedHeight(40);
-    stack->addWidget(page);
-    dialog->SetParams({}, {}, stack, true, 200, ATooltipEx::EWidgetExVisibility::ExHidden);
-    return dialog;
-}
-
 } // namespace
-
-Q_DECLARE_METATYPE(QMargins)
 
 class FlyoutBaseTest : public Lumo::Test::TestCase
 {
@@ -163,22 +50,11 @@ class FlyoutBaseTest : public Lumo::Test::TestCase
 private Q_SLOTS:
     void aNullMainPanelThrowsAndTakesNothing();
     void aFailingAllocationGivesNull();
-    void theColumnIsAsTold();
-    void theTitleRowIsAsTold();
-    void rowsHaveTheirMargins_data();
-    void rowsHaveTheirMargins();
-    void theButtonRowIsAsTold();
-    void theStripIsAsTold();
-    void theStyleSheetHasItsRules_data();
-    void theStyleSheetHasItsRules();
-    void theDarkPaletteReachesTheForm();
-    void picturesHaveTheResolutionOfTheScreen();
 
     void ownsBothPanels();
     void panelsThatDieAreForgotten();
     void theSamePanelTwiceIsTheMainPanel();
     void onlyTheFirstFormMarksItselfAlone();
-    void theStripShowsForAnInfoText();
 
     void titleIsLabelAndWindowTitle();
     void flagsOfButtonsHoldWhileHidden();
@@ -210,26 +86,6 @@ private Q_SLOTS:
     void busyTwiceKeepsTheText();
     void toggleModeHidesTheCancelButtonEitherWay();
 
-    void aSubWidgetIsListed();
-    void theListHoldsOnlyTheLastAndWhatItCarries();
-    void aSubWidgetThatListsItselfIsNotWritten();
-    void removingAnOrdinarySubWidgetEmptiesTheList();
-    void aSubWidgetThatDiesLeavesTheList();
-
-    void theInfoButtonTogglesItsWidget();
-    void theInfoDialogIsHeardOnce();
-    void anotherInfoDialogReplacesTheFirst();
-    void hidingHidesTheInfoWidget();
-    void theInfoWidgetStandsBeneath();
-    void boundsMoveAndFitTheInfoDialog();
-
-    void opensBesideTheReferencePoint_data();
-    void opensBesideTheReferencePoint();
-    void aParentDialogMovesOnTheScreen();
-    void aReferenceThatDiesIsNotUsed();
-
-    void theTitleRegionEndsAtTheFirstButton();
-    void theTitleRegionIsMirrored();
     void findsItemsOfTheColumn();
     void nullIsIgnored();
 };
@@ -269,222 +125,6 @@ void FlyoutBaseTest::aFailingAllocationGivesNull()
         QVERIFY(!flyout);
         QVERIFY(!panel->parent());
     }
-}
-
-void FlyoutBaseTest::theColumnIsAsTold()
-{
-    auto *const advanced = makePanel();
-    const Flyout flyout = makeFlyout({}, advanced);
-    QCOMPARE(flyout->objectName(), QStringLiteral("FlyoutBase"));
-    const auto *const grid = qobject_cast<QGridLayout *>(flyout->layout());
-    QCOMPARE(grid->objectName(), QStringLiteral("gridLayout"));
-    QCOMPARE(grid->contentsMargins(), QMargins(0, 0, 0, 0));
-    QCOMPARE(grid->spacing(), 0);
-    QCOMPARE(grid->itemAtPosition(1, 0)->layout(), column(flyout));
-    QCOMPARE(column(flyout)->spacing(), 0);
-    QCOMPARE(column(flyout)->contentsMargins(), QMargins(0, 8, 0, 0));
-
-    flyout->show();
-    click(flyout, "advanced_button");
-    const QList<QVariant> told {"titleLayout",
-                                7,
-                                "horizontalLayout_4",
-                                5,
-                                "mainPanelHolderLayout",
-                                6,
-                                "advancedLayout",
-                                7,
-                                "horizontalLayout_3",
-                                5,
-                                advanced->objectName(),
-                                7,
-                                "horizontalLayout_2",
-                                8,
-                                "buttonLayout",
-                                5,
-                                "ipanel"};
-    QCOMPARE(column(flyout)->count(), told.size());
-    QCOMPARE(column(flyout)->itemAt(10)->widget(), advanced);
-    for (int i = 0; i < told.size(); ++i) {
-        QLayoutItem *const item = column(flyout)->itemAt(i);
-        if (item->spacerItem())
-            QCOMPARE(item->sizeHint(), QSize(20, told.at(i).toInt()));
-        else if (item->layout())
-            QCOMPARE(item->layout()->objectName(), told.at(i).toString());
-        else
-            QCOMPARE(item->widget()->objectName(), told.at(i).toString());
-    }
-}
-
-void FlyoutBaseTest::theTitleRowIsAsTold()
-{
-    const Flyout flyout = makeFlyout();
-    const auto *const row = part<QHBoxLayout>(flyout, "titleLayout");
-    QCOMPARE(row->spacing(), 6);
-    QCOMPARE(row->count(), 5);
-    QCOMPARE(row->stretch(0), 1);
-    const auto *const title = part<QLabel>(flyout, "title");
-    QCOMPARE(row->itemAt(0)->widget(), title);
-    for (const char *rule : {"Arial", "16px", "#404040"})
-        QVERIFY2(title->styleSheet().contains(QLatin1String(rule)), rule);
-    const auto *const info = part<QToolButton>(flyout, "info_button");
-    QCOMPARE(row->itemAt(1)->widget(), info);
-    QCOMPARE(info->minimumSize(), QSize(20, 20));
-    QCOMPARE(info->maximumSize(), QSize(20, 20));
-    QVERIFY(!info->icon().isNull());
-    QVERIFY(info->toolTip().isEmpty());
-    QVERIFY(info->isHidden());
-    QCOMPARE(row->itemAt(2)->spacerItem()->sizeHint(), QSize(40, 20));
-    QVERIFY(row->itemAt(2)->expandingDirections() & Qt::Horizontal);
-    const auto *const reset = part<QToolButton>(flyout, "reset_button");
-    QCOMPARE(row->itemAt(3)->widget(), reset);
-    QCOMPARE(reset->minimumSize(), QSize(20, 20));
-    QCOMPARE(reset->toolTip(), QStringLiteral("Reset"));
-    const auto *const close = part<QToolButton>(flyout, "close_button");
-    QCOMPARE(row->itemAt(4)->widget(), close);
-    QCOMPARE(close->minimumSize(), QSize(20, 20));
-    QCOMPARE(close->toolTip(), QStringLiteral("Close the flyout"));
-    QCOMPARE(close->styleSheet(),
-             Styles::Instance().ToolButtonSystemClose().arg(
-                 QStringLiteral(":/resources/images/sys_close_18.png"),
-                 QStringLiteral(":/resources/images/sys_close_hover_18.png")));
-    const Flyout withReset = makeFlyout({true, true, true, true});
-    QCOMPARE(part(withReset, "reset_button")->styleSheet(),
-             Styles::Instance().ToolButtonSystem().arg(
-                 QStringLiteral(":/resources/images/sys_reset.png"),
-                 QStringLiteral(":/resources/images/sys_reset_hover.png")));
-}
-
-void FlyoutBaseTest::rowsHaveTheirMargins_data()
-{
-    QTest::addColumn<QMargins>("margins");
-    QTest::addColumn<QString>("first");
-    QTest::newRow("titleLayout") << QMargins(9, 0, 9, 0) << "title";
-    QTest::newRow("horizontalLayout_4") << QMargins(9, 0, 9, 0) << "belowTitleLine";
-    QTest::newRow("mainPanelHolderLayout") << QMargins(7, 0, 7, 0) << "";
-    QTest::newRow("advancedLayout") << QMargins(9, 0, 9, 0) << "advanced_button";
-    QTest::newRow("horizontalLayout_3") << QMargins(9, 0, 9, 0) << "advancedLine";
-    QTest::newRow("horizontalLayout_2") << QMargins(9, 0, 9, 0) << "aboveButtonLine";
-    QTest::newRow("buttonLayout") << QMargins(9, 0, 9, 0) << "cancel_button";
-    QTest::newRow("gridLayout_2") << QMargins(0, 0, 0, 0) << "";
-    QTest::newRow("horizontalLayout") << QMargins(9, 0, 9, 0) << "iline_left";
-}
-
-void FlyoutBaseTest::rowsHaveTheirMargins()
-{
-    QFETCH(QMargins, margins);
-    QFETCH(QString, first);
-    const Flyout flyout = makeFlyout();
-    const auto *const row = part<QLayout>(flyout, QTest::currentDataTag());
-    QVERIFY(row);
-    QCOMPARE(row->contentsMargins(), margins);
-    if (first.isEmpty())
-        return;
-    const QWidget *const widget = row->itemAt(0)->widget();
-    QCOMPARE(widget->objectName(), first);
-    if (const auto *const line = qobject_cast<const QFrame *>(widget); first.contains("ine"))
-        QCOMPARE(line->frameShape(), QFrame::HLine);
-}
-
-void FlyoutBaseTest::theButtonRowIsAsTold()
-{
-    const Flyout flyout = makeFlyout();
-    const auto *const advanced = part<QToolButton>(flyout, "advanced_button");
-    QCOMPARE(advanced->iconSize(), QSize(16, 16));
-    QCOMPARE(advanced->text(), QStringLiteral("..."));
-    QCOMPARE(advanced->toolTip(), QStringLiteral("Show/Hide advanced settings"));
-    QCOMPARE(part<QLabel>(flyout, "advancedLabel")->text(), QStringLiteral("Advanced"));
-    const auto *const row = part<QHBoxLayout>(flyout, "buttonLayout");
-    QCOMPARE(row->spacing(), 6);
-    const auto *const cancel = part<QPushButton>(flyout, "cancel_button");
-    QVERIFY(cancel->isFlat());
-    QCOMPARE(cancel->text(), QStringLiteral("Cancel"));
-    QCOMPARE(cancel->toolTip(), QStringLiteral("Cancel the changes"));
-    QVERIFY(!cancel->icon().isNull());
-    const auto *const apply = part<QPushButton>(flyout, "apply_button");
-    QCOMPARE(row->itemAt(1)->widget(), apply);
-    QVERIFY(apply->isFlat());
-    QCOMPARE(apply->text(), QStringLiteral("Apply"));
-    QCOMPARE(apply->toolTip(), QStringLiteral("Apply the changes"));
-    QVERIFY(apply->icon().isNull());
-}
-
-void FlyoutBaseTest::theStripIsAsTold()
-{
-    const Flyout flyout = makeFlyout();
-    const auto *const strip = part<QFrame>(flyout, "ipanel");
-    QCOMPARE(strip->frameShape(), QFrame::StyledPanel);
-    QVERIFY(strip->isHidden());
-    QCOMPARE(part<QLayout>(flyout, "gridLayout_2")->parent(), strip);
-    QCOMPARE(part<QGridLayout>(flyout, "gridLayout_2")->spacing(), 0);
-    const auto *const row = part<QHBoxLayout>(flyout, "horizontalLayout");
-    QCOMPARE(row->spacing(), 0);
-    const auto *const button = part<QToolButton>(flyout, "ibutton");
-    QCOMPARE(row->itemAt(1)->widget(), button);
-    QCOMPARE(button->iconSize(), QSize(24, 24));
-    QCOMPARE(button->toolTip(), QStringLiteral("Information"));
-    QCOMPARE(row->itemAt(2)->widget(), part(flyout, "iline_right"));
-}
-
-void FlyoutBaseTest::theStyleSheetHasItsRules_data()
-{
-    QTest::addColumn<QString>("selector");
-    QTest::addColumn<QStringList>("rules");
-    QTest::newRow("disabled") << "QWidget:disabled"
-                              << QStringList {"color: #808080", "background-color: #F0F0F0"};
-    QTest::newRow("labels") << "QLabel"
-                            << QStringList {"'Arial'", "12px", "color: #404040", "border: none"};
-    QTest::newRow("lines") << "QLineEdit"
-                           << QStringList {"'Arial'", "12px", "color: #404040",
-                                           "border: 1px solid #606060"};
-    QTest::newRow("buttons") << "QPushButton" << QStringList {"background-color: #5383B5",
-                                                              "color: #FFFFFF",
-                                                              "border: none",
-                                                              "height: 38px",
-                                                              "'Arial'",
-                                                              "14px"};
-    QTest::newRow("hover") << "QPushButton:hover" << QStringList {"background-color: #2965A3"};
-    QTest::newRow("disabled buttons")
-        << "QPushButton:disabled" << QStringList {"background-color: #F0F0F0", "color: #C0C0C0"};
-}
-
-void FlyoutBaseTest::theStyleSheetHasItsRules()
-{
-    QFETCH(QString, selector);
-    QFETCH(QStringList, rules);
-    const Flyout flyout = makeFlyout();
-    const QString sheet = flyout->styleSheet();
-    const int begin = sheet.indexOf(selector + " {");
-    QVERIFY(begin >= 0);
-    const QString block = sheet.mid(begin, sheet.indexOf('}', begin) - begin);
-    for (const QString &rule : rules)
-        QVERIFY2(block.contains(rule), qPrintable(rule));
-    QVERIFY(part(flyout, "apply_button")->sizeHint().height() >= 38);
-}
-
-void FlyoutBaseTest::theDarkPaletteReachesTheForm()
-{
-    Styles::Instance().SetPalette(EPalette::Dark);
-    const Flyout flyout = makeFlyout();
-    Styles::Instance().SetPalette(EPalette::Light);
-    QVERIFY(!flyout->styleSheet().contains(QLatin1String("#404040")));
-    QVERIFY(!part(flyout, "title")->styleSheet().contains(QLatin1String("#404040")));
-    QVERIFY(flyout->styleSheet().contains(QLatin1String("color: #FFFFFF")));
-}
-
-void FlyoutBaseTest::picturesHaveTheResolutionOfTheScreen()
-{
-    const Flyout flyout = makeFlyout({}, makePanel());
-    const QString suffix = qApp->devicePixelRatio() > 1 ? "@2x" : "";
-    const QString file = QStringLiteral(":/resources/images/%1%2.png");
-    const auto drawnBy = [&](const char *name) {
-        return drawn(part<QAbstractButton>(flyout, name)->icon());
-    };
-    QCOMPARE(drawnBy("advanced_button"), pixelsOf(file.arg("sys_panel_expand", suffix)));
-    QCOMPARE(drawnBy("cancel_button"), pixelsOf(file.arg("sys_issue_ignore", suffix)));
-    flyout->show();
-    click(flyout, "advanced_button");
-    QCOMPARE(drawnBy("advanced_button"), pixelsOf(file.arg("sys_panel_collapse", suffix)));
 }
 
 void FlyoutBaseTest::ownsBothPanels()
@@ -535,15 +175,6 @@ void FlyoutBaseTest::onlyTheFirstFormMarksItselfAlone()
     QVERIFY(isMarked(deep));
     QVERIFY(isMarked(part(second, "apply_button")));
     QVERIFY(second->focusPolicy() != Qt::WheelFocus);
-}
-
-void FlyoutBaseTest::theStripShowsForAnInfoText()
-{
-    const Flyout without = makeInfoFlyout({}, makePanel());
-    const Flyout with = makeInfoFlyout(QStringLiteral("Runs on the selection"), makePanel());
-    QVERIFY(part(without, "ipanel")->isHidden());
-    QVERIFY(!part(with, "ipanel")->isHidden());
-    QVERIFY(with->height() > without->height());
 }
 
 void FlyoutBaseTest::titleIsLabelAndWindowTitle()
@@ -909,254 +540,6 @@ void FlyoutBaseTest::toggleModeHidesTheCancelButtonEitherWay()
         QVERIFY(part(flyout, "cancel_button")->isHidden());
         QVERIFY(!part(flyout, "apply_button")->isHidden());
     }
-}
-
-void FlyoutBaseTest::aSubWidgetIsListed()
-{
-    const Flyout flyout = makeFlyout();
-    QWidget side;
-    flyout->AddSubWidget(&side, EDirection::Right);
-    QCOMPARE(subWidgets(flyout.get()), QList<QWidget *> {&side});
-    QCOMPARE(side.property("direction_to").value<EDirection>(), EDirection::Right);
-}
-
-void FlyoutBaseTest::theListHoldsOnlyTheLastAndWhatItCarries()
-{
-    const Flyout flyout = makeFlyout();
-    QWidget first;
-    QWidget second;
-    QWidget carried;
-    flyout->AddSubWidget(&first, EDirection::Left);
-    second.setProperty("sub_widgets", QVariantList {QVariant::fromValue(&carried)});
-    flyout->AddSubWidget(&second, EDirection::Right);
-    QCOMPARE(subWidgets(flyout.get()), (QList<QWidget *> {&carried, &second}));
-    flyout->setProperty("sub_widgets", {});
-}
-
-void FlyoutBaseTest::aSubWidgetThatListsItselfIsNotWritten()
-{
-    const Flyout flyout = makeFlyout();
-    QWidget first;
-    QWidget second;
-    second.setProperty("sub_widgets", QVariantList {QVariant::fromValue(&second)});
-    flyout->AddSubWidget(&first, EDirection::Left);
-    flyout->AddSubWidget(&second, EDirection::Top);
-    QCOMPARE(subWidgets(flyout.get()), QList<QWidget *> {&first});
-    QCOMPARE(second.property("direction_to").value<EDirection>(), EDirection::Top);
-    flyout->RemoveSubWidget(&second);
-    QCOMPARE(subWidgets(flyout.get()), QList<QWidget *> {&first});
-}
-
-void FlyoutBaseTest::removingAnOrdinarySubWidgetEmptiesTheList()
-{
-    const Flyout flyout = makeFlyout();
-    QWidget side;
-    QWidget other;
-    flyout->AddSubWidget(&side, EDirection::Right);
-    flyout->RemoveSubWidget(&other);
-    QVERIFY(subWidgets(flyout.get()).isEmpty());
-}
-
-void FlyoutBaseTest::aSubWidgetThatDiesLeavesTheList()
-{
-    const Flyout flyout = makeFlyout();
-    auto side = std::make_unique<QWidget>();
-    auto carried = std::make_unique<QWidget>();
-    side->setProperty("sub_widgets", QVariantList {QVariant::fromValue(carried.get())});
-    flyout->AddSubWidget(side.get(), EDirection::Right);
-    carried.reset();
-    QCOMPARE(subWidgets(flyout.get()), QList<QWidget *> {side.get()});
-    side.reset();
-    QVERIFY(subWidgets(flyout.get()).isEmpty());
-    flyout->AddSubWidget(new QWidget(flyout.get()), EDirection::Right);
-}
-
-void FlyoutBaseTest::theInfoButtonTogglesItsWidget()
-{
-    QWidget info;
-    info.show();
-    const Flyout flyout = makeFlyout();
-    flyout->EnableInfoButton(true, &info);
-    flyout->show();
-    QVERIFY(!info.isVisible());
-    QCOMPARE(flyout->InfoDialog(), &info);
-    QCOMPARE(subWidgets(flyout.get()), QList<QWidget *> {&info});
-    QCOMPARE(info.property("direction_to").value<EDirection>(), EDirection::Bottom);
-    click(flyout, "info_button");
-    QVERIFY(info.isVisible());
-    click(flyout, "info_button");
-    QVERIFY(!info.isVisible());
-    flyout->EnableInfoButton(false, &info);
-    QVERIFY(!part(flyout, "info_button")->isVisible());
-}
-
-void FlyoutBaseTest::theInfoDialogIsHeardOnce()
-{
-    const auto dialog = makeInfoDialog();
-    const Flyout flyout = makeFlyout();
-    QSignalSpy told(flyout.get(), &FlyoutBase::SubWidgetVisibilityChanged);
-    flyout->EnableInfoButton(true, dialog.get());
-    flyout->EnableInfoButton(true, dialog.get());
-    flyout->show();
-    dialog->show();
-    dialog->hide();
-    QCOMPARE(told.count(), 2);
-    QCOMPARE(told.at(0).at(0).toBool(), true);
-    QCOMPARE(told.at(1).at(0).toBool(), false);
-    flyout->EnableInfoButton(false, dialog.get());
-    dialog->show();
-    QCOMPARE(told.count(), 2);
-}
-
-void FlyoutBaseTest::anotherInfoDialogReplacesTheFirst()
-{
-    const auto first = makeInfoDialog();
-    const auto second = makeInfoDialog();
-    const Flyout flyout = makeFlyout();
-    flyout->EnableInfoButton(true, first.get());
-    flyout->EnableInfoButton(true, second.get());
-    QSignalSpy told(flyout.get(), &FlyoutBase::SubWidgetVisibilityChanged);
-    first->show();
-    QCOMPARE(told.count(), 0);
-    second->show();
-    QCOMPARE(told.count(), 1);
-    QCOMPARE(flyout->InfoDialog(), second.get());
-}
-
-void FlyoutBaseTest::hidingHidesTheInfoWidget()
-{
-    QWidget info;
-    const Flyout flyout = makeFlyout();
-    flyout->EnableInfoButton(true, &info);
-    flyout->show();
-    info.show();
-    flyout->hide();
-    QVERIFY(!info.isVisible());
-}
-
-void FlyoutBaseTest::theInfoWidgetStandsBeneath()
-{
-    QWidget window;
-    window.setGeometry(100, 50, 600, 400);
-    window.show();
-    QWidget info(&window);
-    QWidget free;
-    const Flyout flyout = makeFlyout({}, nullptr, &window);
-    flyout->move(30, 20);
-    flyout->EnableInfoButton(true, &info);
-    flyout->SetInfoWidgetPos();
-    const QPoint corner = flyout->geometry().bottomLeft();
-    QCOMPARE(info.pos(), corner + QPoint(0, 5));
-    flyout->EnableInfoButton(true, &free);
-    flyout->SetInfoWidgetPos();
-    QCOMPARE(free.pos(), window.mapToGlobal(corner) + QPoint(0, 5));
-}
-
-void FlyoutBaseTest::boundsMoveAndFitTheInfoDialog()
-{
-    QWidget window;
-    const auto dialog = makeInfoDialog(&window);
-    const Flyout flyout = makeFlyout();
-    flyout->EnableInfoButton(true, dialog.get());
-    flyout->SetBounds(QRect(10, 20, 300, 200), QRect(15, 5, 260, 190));
-    QCOMPARE(dialog->pos(), QPoint(10 + 15, 219 + 5));
-    dialog->show();
-    window.show();
-    QCOMPARE(dialog->width(), 260);
-    QWidget other(&window);
-    flyout->EnableInfoButton(true, &other);
-    const QPoint before = other.pos();
-    flyout->SetBounds(QRect(10, 20, 300, 200), QRect(15, 5, 260, 190));
-    QCOMPARE(other.pos(), before);
-}
-
-void FlyoutBaseTest::opensBesideTheReferencePoint_data()
-{
-    QTest::addColumn<QPoint>("point");
-    QTest::addColumn<bool>("left");
-    QTest::addColumn<bool>("above");
-    QTest::newRow("room on both sides") << QPoint(100, 100) << false << false;
-    QTest::newRow("near the right edge") << QPoint(780, 100) << true << false;
-    QTest::newRow("near the bottom edge") << QPoint(100, 580) << false << true;
-    QTest::newRow("near the corner") << QPoint(780, 580) << true << true;
-}
-
-void FlyoutBaseTest::opensBesideTheReferencePoint()
-{
-    QFETCH(QPoint, point);
-    QFETCH(bool, left);
-    QFETCH(bool, above);
-    QWidget window;
-    window.setGeometry(40, 30, 800, 600);
-    window.show();
-    QWidget holder(&window);
-    const Flyout flyout = makeFlyout({}, nullptr, &holder);
-    flyout->SetReferencePoint(window.mapToGlobal(point), &window, QPoint(7, 9));
-    QPoint place;
-    QVERIFY(flyout->GetPositionOnReferencePoint(place));
-    QCOMPARE(place.x(), left ? point.x() - 7 - flyout->width() : point.x() + 7);
-    QCOMPARE(place.y(), above ? point.y() - 9 - flyout->height() : point.y() + 9);
-    flyout->show();
-    holder.show();
-    QCOMPARE(holder.pos(), place);
-}
-
-void FlyoutBaseTest::aParentDialogMovesOnTheScreen()
-{
-    QWidget window;
-    window.setGeometry(40, 30, 700, 500);
-    window.show();
-    QDialog dialog(&window, Qt::FramelessWindowHint);
-    const Flyout flyout = makeFlyout({}, nullptr, &dialog);
-    flyout->SetReferencePoint(window.mapToGlobal(QPoint(50, 60)), &window, QPoint(5, 5));
-    flyout->show();
-    dialog.show();
-    QCOMPARE(dialog.pos(), window.mapToGlobal(QPoint(55, 65)));
-}
-
-void FlyoutBaseTest::aReferenceThatDiesIsNotUsed()
-{
-    const Flyout flyout = makeFlyout();
-    QPoint place(3, 4);
-    QVERIFY(!flyout->GetPositionOnReferencePoint(place));
-    auto window = std::make_unique<QWidget>();
-    flyout->SetReferencePoint(QPoint(50, 60), window.get(), QPoint());
-    window.reset();
-    QVERIFY(!flyout->GetPositionOnReferencePoint(place));
-    QCOMPARE(place, QPoint(3, 4));
-    const QPoint before = flyout->pos();
-    flyout->show();
-    QCOMPARE(flyout->pos(), before);
-    flyout->SetReferencePoint(QPoint(50, 60), nullptr, QPoint());
-    QVERIFY(!flyout->GetPositionOnReferencePoint(place));
-}
-
-void FlyoutBaseTest::theTitleRegionEndsAtTheFirstButton()
-{
-    const Flyout flyout = makeFlyout({true, true, true, true});
-    flyout->show();
-    const auto region = &Inside::GetTitleRegionForMoving;
-    const QWidget *const title = (flyout.get()->*(&Inside::GetTitleLabel))();
-    const QWidget *const reset = (flyout.get()->*(&Inside::GetResetButton))();
-    const QWidget *const close = (flyout.get()->*(&Inside::GetCloseButton))();
-    QCOMPARE(title, part(flyout, "title"));
-    QCOMPARE((flyout.get()->*region)(),
-             QRect(0, 0, reset->geometry().left(), title->geometry().bottom()));
-    flyout->SetResetButtonVisible(false);
-    flyout->layout()->activate();
-    QCOMPARE((flyout.get()->*region)().width(), close->geometry().left());
-    flyout->SetCloseButtonVisible(false);
-    QCOMPARE((flyout.get()->*region)().width(), flyout->width());
-}
-
-void FlyoutBaseTest::theTitleRegionIsMirrored()
-{
-    const Flyout flyout = makeFlyout();
-    flyout->setLayoutDirection(Qt::RightToLeft);
-    flyout->show();
-    const QRect region = (flyout.get()->*(&Inside::GetTitleRegionForMoving))();
-    QCOMPARE(region.right(), flyout->width() - 1);
-    QCOMPARE(region.left(), part(flyout, "close_button")->geometry().right() + 1);
 }
 
 void FlyoutBaseTest::findsItemsOfTheColumn()
