@@ -244,6 +244,7 @@ private Q_SLOTS:
     void grownMainBarMovesTheLine_data();
     void grownMainBarMovesTheLine();
     void barHiddenMeanwhileComesBackAtTheNewPlace();
+    void hiddenMainBarIsAskedForItsPlace();
     void movedWindowTakesTheLineAlong();
     void mainBarWithoutParentHasALineOnTheScreen();
 
@@ -258,6 +259,7 @@ private Q_SLOTS:
     void removalLetsTheLineCloseUp();
     void removalShowsNothingThatIsHidden();
     void groupIsRemovedAtAnyDepth();
+    void removedBarIsForgotten();
     void removedGroupCanComeBack();
     void commandMayRemoveItselfAtAClick();
     void commandsAreFoundById();
@@ -682,6 +684,18 @@ void TestToolbarManager::barHiddenMeanwhileComesBackAtTheNewPlace()
     verifyLine(scene, {sculpt, paint});
 }
 
+void TestToolbarManager::hiddenMainBarIsAskedForItsPlace()
+{
+    Scene scene;
+    scene.show();
+    const auto group = scene.begin(sculpt, {cut});
+    scene.mainBar->hide();
+    scene.manager->setVisible(false);
+    scene.mainBar->move(70, 120);
+    scene.manager->setVisible(true);
+    verifyLine(scene, {sculpt});
+}
+
 void TestToolbarManager::movedWindowTakesTheLineAlong()
 {
     Scene scene;
@@ -852,6 +866,25 @@ void TestToolbarManager::groupIsRemovedAtAnyDepth()
     QVERIFY(!scene.barOf(sculpt));
     QVERIFY(!scene.barOf(paint));
     verifyLine(scene, {QStringLiteral("other")});
+}
+
+void TestToolbarManager::removedBarIsForgotten()
+{
+    const Scene scene;
+    bool isGone = false;
+    HostManager manager(scene.mainBar, isGone);
+    const auto removed = makeGroup(sculpt, {cut});
+    const auto killed = makeGroup(paint, {brush});
+    for (const auto &group : {removed, killed}) {
+        manager.addDynamicCommandGroup(group.get());
+        manager.commandGroupBegan(group.get());
+    }
+    QCOMPARE(manager.opened().visibleToolbarCount(), 2);
+    manager.removeDynamicCommand(removed.get());
+    delete manager.opened().toolbars.first();
+    QVERIFY(manager.opened().toolbars.isEmpty());
+    // A later bar can have the same address.
+    QVERIFY(manager.opened().toolbarActive.isEmpty());
 }
 
 void TestToolbarManager::removedGroupCanComeBack()
