@@ -3,6 +3,8 @@
 
 #include "ui_base/qtui/menu/menumanager.h"
 
+#include "ui_base/qtui/menu/menukeys_p.h"
+
 #include <QAbstractButton>
 #include <QAction>
 #include <QCoreApplication>
@@ -51,6 +53,7 @@ public:
     void ApplyStyle(QMenu *menu, const char *property) const;
     void OnEvent(QObject *watched, QEvent::Type type);
     void OnEnter(QObject *watched);
+    void Open(QAbstractButton *button);
     QVector<QPointer<QMenu>> Menus() const;
 
     LumoMenuManager *const q;
@@ -59,6 +62,7 @@ public:
     int menuOffsetY;
     bool customHover;
     QTimer *menuHideTimer = nullptr;
+    MenuKeys *keys = nullptr;
     int menuHideInterval = 200;
     bool started = false;
     QSet<QMenu *> watchedMenus;
@@ -99,6 +103,13 @@ void LumoMenuManagerPrivate::Initialize()
     menuHideTimer->setInterval(menuHideInterval);
     menuHideTimer->setSingleShot(true);
     QObject::connect(menuHideTimer, &QTimer::timeout, q, &LumoMenuManager::OnMenuHideTimerTimeOut);
+    keys = new MenuKeys(*q, mainWindow,
+                        {[this] { return buttonMenus.keys().toVector(); },
+                         [this](QAbstractButton *button) {
+                             menuHideTimer->stop();
+                             Open(button);
+                         },
+                         [this] { menuHideTimer->stop(); }});
     if (mainWindow) {
         mainWindow->setMouseTracking(true);
         mainWindow->installEventFilter(q);
@@ -145,8 +156,11 @@ void LumoMenuManagerPrivate::WatchMenu(QMenu *menu)
 {
     QObject::connect(menu, &QMenu::triggered, q, &LumoMenuManager::OnMenuActionTriggered,
                      Qt::UniqueConnection);
-    if (customHover)
+    if (customHover) {
         menu->setWindowFlags(Qt::Window | Qt::FramelessWindowHint);
+        // A pointer that passes over the buttons leaves the keyboard where it is.
+        menu->setAttribute(Qt::WA_ShowWithoutActivating);
+    }
     if (watchedMenus.contains(menu))
         return;
     watchedMenus.insert(menu);
@@ -155,8 +169,12 @@ void LumoMenuManagerPrivate::WatchMenu(QMenu *menu)
 
 void LumoMenuManagerPrivate::WatchButton(QAbstractButton *button)
 {
-    if (!buttonMenus.contains(button))
-        QObject::connect(button, &QObject::destroyed, q, [this, button] { DropButton(button); });
+    if (buttonMenus.contains(button))
+        return;
+    QObject::connect(button, &QObject::destroyed, q, [this, button] { DropButton(button); });
+    if (keys)
+        QObject::connect(button, &QAbstractButton::pressed, keys,
+                         [this, button] { keys->OnPressed(button); });
 }
 
 void LumoMenuManagerPrivate::DropButton(QAbstractButton *button)
@@ -285,12 +303,16 @@ void LumoMenuManagerPrivate::ApplyStyle(QMenu *menu, const char *property) const
 void LumoMenuManagerPrivate::OnEnter(QObject *watched)
 {
     menuHideTimer->stop();
-    const QPointer<QAbstractButton> button = qobject_cast<QAbstractButton *>(watched);
-    if (!button)
-        return;
+    if (auto *button = qobject_cast<QAbstractButton *>(watched))
+        Open(button);
+}
+
+void LumoMenuManagerPrivate::Open(QAbstractButton *button)
+{
+    const QPointer<QAbstractButton> alive(button);
     PlaceMenu(button);
     SwitchTo(button);
-    if (button)
+    if (alive)
         button->update();
 }
 
@@ -311,6 +333,8 @@ void LumoMenuManagerPrivate::OnEvent(QObject *watched, QEvent::Type type)
         ApplyStyle(menu, LumoMenuManager::AlternateStyleProperty);
     } else if (type == QEvent::Hide && menu) {
         ApplyStyle(menu, LumoMenuManager::OriginalStyleProperty);
+    } else if (type == QEvent::Hide && watched == mainWindow) {
+        HideAll(); // a window of their own would stay
     }
 }
 
@@ -334,8 +358,8 @@ void LumoMenuManager::AddButtonMenuLinkage(QAbstractButton *button, QMenu *menu)
     if (menu)
         d->WatchMenu(menu);
     if (d->started) {
-        d->LinkButtonMenu(false);
-        d->LinkButtonMenu(true);
+        Stop();
+        Start();
     }
     if (replaced && replaced != menu) {
         d->ShowClosedFace(button);
@@ -380,6 +404,8 @@ bool LumoMenuManager::eventFilter(QObject *watched, QEvent *event)
     const QPointer<LumoMenuManager> alive(this);
     const QPointer<QObject> receiver(watched);
     d->OnEvent(watched, event->type());
+    if (alive && receiver)
+        d->keys->OnEvent(watched, event);
     // Qt must not deliver to a receiver that died meanwhile.
     if (!alive || !receiver)
         return !receiver;

@@ -22,7 +22,14 @@ class LumoMenuManagerPrivate;
 /// In plain mode it hands each menu to its button and Qt pops it up on a press. In custom-hover mode
 /// the menus are frameless windows: one is shown as soon as the pointer enters its button, the
 /// pointer on another button switches to that one's menu without delay, and all are hidden when the
-/// pointer has been away for 200 milliseconds. In both modes the choice of an action hides the menu.
+/// pointer has been away for 200 milliseconds. The keyboard stays where it is meanwhile. In both modes
+/// the choice of an action hides the menu.
+///
+/// Custom-hover mode needs no pointer: in the main window F10 or a tap on Alt opens the first menu, and
+/// a press of a button without a mouse, by its mnemonic or an assistive tool, opens its own. Such a
+/// menu is the active window: the arrow keys go through it and to its neighbours, and when it has gone
+/// the main window is active again. A click on a button opens its menu again, and Escape that nothing
+/// in the main window takes hides all menus. A main window that is hidden takes the menus along.
 ///
 /// While a menu of custom-hover mode is open, its button has the style sheet of its property
 /// AlternateStyleProperty, otherwise that of OriginalStyleProperty; an empty one changes nothing. The
