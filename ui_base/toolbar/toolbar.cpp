@@ -858,6 +858,17 @@ QString ToolBar::GetTooltipGroupName() const
     return d->tooltipGroupName;
 }
 
+QSize ToolBar::sizeHint() const
+{
+    Q_D(const ToolBar);
+    return d->mainLayout ? d->centralWidget->sizeHint() : QWidget::sizeHint();
+}
+
+QSize ToolBar::minimumSizeHint() const
+{
+    return sizeHint();
+}
+
 bool ToolBar::Hovered()
 {
     return rect().contains(mapFromGlobal(QCursor::pos()));

@@ -9,6 +9,7 @@
 #include "ui_base/uibaseexport.h"
 
 #include <QColor>
+#include <QIcon>
 #include <QMap>
 #include <QMargins>
 #include <QPoint>
@@ -28,6 +29,8 @@ namespace Vela::UiBase {
 class CommandBase;
 class CommandGroup;
 class ToolBarPrivate;
+class ToolButtonWithButtonMenu;
+class ToolButtonWithWidgetMenu;
 
 /// A bar of tool buttons along one side of its parent, which lays its buttons out itself.
 ///
@@ -87,6 +90,44 @@ public:
     /// @return the button, owned by the bar; null for a null action
     ToolButton *AddAction(QAction *action, const QString &groupName = {}, int rank = 0,
                           bool useTooltipDefaults = true, bool useMenuDefaults = true);
+
+    /// Adds a button that opens a widget, mostly a FlyoutBase, in an ArrowedWindow; else like the plain
+    /// form. A flyout is told of its button, see FlyoutBase::SetToolButton().
+    /// @param menuWidget see ToolButtonWithWidgetMenu::SetMenu()
+    /// @return the button, owned by the bar; null for a null action or widget
+    ToolButtonWithWidgetMenu *AddAction(QAction *action, QWidget *menuWidget,
+                                        const QString &groupName = {}, int rank = 0,
+                                        bool useTooltipDefaults = true,
+                                        bool useMenuDefaults = true);
+    /// Adds a button that opens a menu of buttons; else like the plain form. The buttons of the menu
+    /// get the size of those of this bar.
+    /// @param action becomes the default action of the button; not owned, may be null
+    /// @param icon shown where the action has none
+    /// @param menu see ToolButtonWithButtonMenu::SetMenu()
+    /// @param hideOnClick whether a click on a button of the menu closes it
+    /// @param tooltip text of the tooltip
+    /// @return the button, owned by the bar; null for a null menu, for this bar, and for one whose menu
+    ///         this bar is
+    ToolButtonWithButtonMenu *AddAction(QAction *action, const QIcon &icon, ToolBar *menu,
+                                        bool hideOnClick, const QString &groupName = {},
+                                        int rank = 0, const QString &tooltip = {},
+                                        bool useTooltipDefaults = true,
+                                        bool useMenuDefaults = true);
+    /// Adds a button that opens a menu of buttons above a horizontal bar or at the right of a vertical
+    /// one, centred, or in line with its first cells if the menu is a grid. The button is in extend
+    /// mode, see ToolButtonWithButtonMenu::SetExtendMode(). The other parameters are those of
+    /// AddAction().
+    /// @param parent has to be there, and is not used otherwise
+    /// @param toolBar the bar to add it to
+    /// @param checkable whether the button is
+    /// @param objectName object name of the button
+    /// @return the button, owned by the bar; null when @p parent or @p menu is null
+    static ToolButtonWithButtonMenu *CreateToolButton(QWidget *parent, QAction *action,
+                                                      ToolBar &toolBar, ToolBar *menu,
+                                                      const QString &groupName, const QIcon &icon,
+                                                      int rank, bool hideOnClick, bool checkable,
+                                                      const QString &tooltip,
+                                                      const QString &objectName);
 
     /// Brings panels and bar to the size of their contents and the bar to its place.
     /// @param forceRelayout makes panels that were filled just now measure themselves again
@@ -154,6 +195,11 @@ public:
     void CopyButtonDefaultMenuParameters(const ToolBar *other);
     /// Takes only the defaults for tooltips over. Null is ignored.
     void CopyButtonDefaultTooltipParameters(const ToolBar *other);
+    /// Takes all that CopyAllParametersFrom() does, and puts the tooltips of buttons made later to the
+    /// right of them, as suits a menu.
+    /// @param from may be this bar; null leaves all but the tooltips as it is
+    /// @param tooltipGroup see SetTooltipGroup()
+    void ApplyDefaultToolbarParams(const ToolBar *from, const QString &tooltipGroup);
     /// Sets how menus of buttons that are added later open.
     /// @param shadow whether they have a drop shadow
     /// @param arrow their arrow
@@ -177,7 +223,8 @@ public:
 protected:
     /// Adds what a group holds. A virtual group adds no level: its commands come to this bar, and
     /// groups in it are left out. Any other group has its own bar, CommandGroup::toolbar(), to which
-    /// its commands and groups are added.
+    /// its commands and groups are added. One that has none gets it as the menu of a button on this
+    /// bar, by CreateSubToolBar() and AddButton().
     /// @param group the group, not owned; null is ignored
     /// @param parentGroup the group that holds it, null for one that is added by itself
     /// @return the last button made for a virtual group, else the button of the group; null when there
@@ -193,6 +240,10 @@ public:
     /// commands that a group holds.
     /// @return whether there was a button for the command, or for every command of the group
     virtual bool RemoveCommand(CommandBase *command);
+    /// The size of the contents; invalid while there is no layout.
+    QSize sizeHint() const override;
+    /// The same: the bar does not shrink.
+    QSize minimumSizeHint() const override;
     /// Moves the bar to its place in its parent after a moment, once for many calls. Nothing unless
     /// SetEnableAutoPosition() is on.
     virtual void AutoPosition();
@@ -250,6 +301,15 @@ public:
     /// @param keepState whether the menus open again when the bar is shown the next time
     /// @param except the button whose menu stays open; null for none
     void HideAllButtonMenusExcept(bool keepState, ToolButton *except);
+    /// Closes the first open menu, in the order of the buttons and those of a menu behind its own; for
+    /// hosts to call when Escape was pressed. A popup in a menu is dismissed by OnDismissWidgetMenu().
+    /// Nothing on a bar that is a menu, and nothing while the button of that menu is disabled.
+    void DismissLeafMenu();
+    /// The button whose popup another one stands in for at present, on this bar or in its menus; or
+    /// null.
+    ToolButtonWithWidgetMenu *GetActiveButton() const;
+    /// Called by buttons with a widget. A click on another button closes the popup of this one.
+    void SetActiveButton(ToolButtonWithWidgetMenu *button);
     /// An empty map.
     QMap<ToolButton *, ToolBar *> GetAllParentButtonsMap(ToolButton *button) const;
     /// The bar on which the button stands whose menu this bar is, going on from there to one that is
@@ -298,6 +358,20 @@ protected:
     /// Removes the button of a command from whichever bar it stands on, from the base bar downwards.
     /// @return whether there was one; false for null and for a group
     virtual bool RemoveSingleCommand(CommandBase *command);
+    /// Makes the bar for what a group without a bar holds: a grid or a line, floating, with the looks of
+    /// the base bar.
+    /// @return the bar, not owned by anyone but the widget by which this one is placed; null for null
+    virtual ToolBar *CreateSubToolBar(CommandGroup *group);
+    /// Adds the button for a group to this bar, by CreateToolButton().
+    /// @param menu the bar of the group
+    /// @return the button; null for a null group or menu, and when this bar has no parent
+    virtual ToolButton *AddButton(ToolBar *menu, CommandGroup *group, int rank);
+    /// Dismisses an open popup of a button in a menu: has the button that stands in for it take a
+    /// click, as soon as the present event has been handled. Null is ignored.
+    /// @param owner the button of the menu
+    /// @param leaf the button on it
+    virtual void OnDismissWidgetMenu(ToolButtonWithButtonMenu *owner,
+                                     ToolButtonWithWidgetMenu *leaf);
     /// How much smaller icons are than their buttons, in both directions.
     virtual int ButtonIconSizeDiff();
 
@@ -354,6 +428,7 @@ private:
     friend class ToolButtonWithMenu;
     friend class ToolbarManager;
     friend class ToolbarManagerPrivate;
+    friend class ToolButtonWithMenuPrivate;
     Q_DECLARE_PRIVATE(ToolBar)
     Q_DISABLE_COPY(ToolBar)
 };

@@ -6,6 +6,7 @@
 #include "ui_base/toolbar/buttonplates_p.h"
 #include "ui_base/toolbar/toolbar.h"
 #include "ui_base/toolbar/toolbuttonwithmenu.h"
+#include "ui_base/toolbar/toolbuttonwithwidgetmenu.h"
 
 #include <QColor>
 #include <QHash>
@@ -17,8 +18,10 @@
 #include <QVector>
 
 #include <functional>
+#include <memory>
 #include <set>
 #include <utility>
+#include <vector>
 
 class QBoxLayout;
 class QGraphicsDropShadowEffect;
@@ -28,6 +31,8 @@ class QState;
 class QTimer;
 
 namespace Vela::UiBase {
+
+class ToolButtonWithButtonMenu;
 
 /// How a popup that belongs to a button stands beside it. Lengths are logical pixels.
 struct SPopupDefaults
@@ -57,6 +62,8 @@ public:
     bool FindButtonIndexToInsertInBoxLayout(QBoxLayout *layout, int rank, int &index) const;
     void AddButtonToNewPanelLayout(ToolButton *button, QWidget *panel, int rank);
     void AddButtonToExistingPanelLayout(ToolButton *button, QWidget *panel, int count, int rank);
+    /// Appends the buttons of the bar, by the names of their groups and in the order of adding.
+    void AddButtonsToList(QList<ToolButton *> &list, bool includeSubMenus) const;
 
     /// Marks all paths as out of date; they are worked out before the next painting.
     void UpdatePathMaps();
@@ -66,15 +73,16 @@ public:
     void EnsurePaths();
 
     /// The buttons of the bar that are a @p T, by the names of their groups and in the order of adding.
+    /// @param includeSubMenus whether those of a button's menu follow the button
     template<typename T>
-    QList<T *> CollectButtons() const
+    QList<T *> CollectButtons(bool includeSubMenus = false) const
     {
+        QList<ToolButton *> all;
+        AddButtonsToList(all, includeSubMenus);
         QList<T *> found;
-        for (const QList<ToolButton *> &buttons : buttonsByGroup) {
-            for (ToolButton *const button : buttons) {
-                if (auto *const wanted = qobject_cast<T *>(button))
-                    found << wanted;
-            }
+        for (ToolButton *const button : qAsConst(all)) {
+            if (auto *const wanted = qobject_cast<T *>(button))
+                found << wanted;
         }
         return found;
     }
@@ -125,6 +133,7 @@ public:
     QColor separatorColor;
     QVector<QRect> separatorRects;                     ///< in coordinates of the bar
     QPointer<ToolButton> parentButton;                 ///< whose menu the bar is
+    QPointer<ToolButtonWithWidgetMenu> activeButton;   ///< whose popup another button shows
     QGraphicsDropShadowEffect *shadowEffect = nullptr; ///< owned by the bar
     int borderWidth = 1;
     QColor borderColor;
@@ -139,6 +148,8 @@ private:
     friend class ToolBar;
     friend class ToolButton;
     friend class ToolButtonPrivate;
+    friend class ToolButtonWithButtonMenu;
+    friend class ToolButtonWithButtonMenuPrivate;
 
     void initialize(QWidget *parent);
     void makeCentralWidget();
@@ -161,13 +172,25 @@ private:
     ToolButton *buttonOfAction(QAction *action) const;
     QString groupOf(ToolButton *button) const;
     void removeButton(ToolButton *button);
+    void closeMenuOf(ToolButton *button) const;
     void hideAfterClick(const ToolButtonWithMenu *clicked);
     void hideMenus(const QList<QPointer<ToolButtonWithMenu>> &buttons) const;
     void reopenMenus();
     void onResized(QObject *watched);
     static ToolBar *subMenuOf(const ToolButton &button);
-    QList<ToolButton *> buttonsWithSubMenus() const;
     QList<QPointer<ToolButtonWithMenu>> menuButtons(bool includeSubMenus) const;
+
+    ToolBar *barAbove() const;
+    bool standsOn(const ToolBar *bar) const;
+    void unlockButtons() const;
+    void setFullIcon(ToolButton *button, const QAction *action, const QIcon &icon) const;
+    static std::vector<std::shared_ptr<CommandBase>> commandsOf(const CommandGroup &group);
+    bool makeSubToolBar(CommandGroup &group, CommandGroup &parentGroup);
+    static void fillSubToolBar(CommandGroup &group);
+    static void connectToOwner(ToolButton &owner, CommandBase &command, ToolButton *button);
+    static void disconnectFromOwner(const QAction &action, const ToolButton &owner);
+    void closeActiveMenu(const ToolButton *clicked) const;
+    void dismissWidgetMenu(ToolButtonWithWidgetMenu *leaf);
 
     void noteCommandId(ToolButton *button);
     void forgetCommandId(ToolButton *button);

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The lumo_ui_base authors
 // SPDX-License-Identifier: MIT
 
-// How actions and commands become buttons of a tool bar, and what a click on one does to the others.
+// How actions and commands become buttons of a tool bar, and how they leave it.
 
 #include "ui_base/toolbar/toolbar.h"
 
@@ -42,17 +42,6 @@ void endHere(QMouseEvent &event)
 {
     if (!event.spontaneous())
         event.accept();
-}
-
-// Kept alive while they are walked: what adding runs may change the bag.
-std::vector<std::shared_ptr<CommandBase>> commandsOf(const CommandGroup &group)
-{
-    std::vector<std::shared_ptr<CommandBase>> commands;
-    for (const auto &[id, command] : group.commandBag()) {
-        if (command)
-            commands.push_back(command);
-    }
-    return commands;
 }
 
 } // namespace
@@ -101,13 +90,6 @@ void ToolBar::OnButtonCreated(ToolButton *button, const QString &groupName, bool
     d->AddButtonToLayout(button, groupName, rank);
 }
 
-void ToolBarPrivate::applyMenuDefaults(ToolButton *button) const
-{
-    if (auto *const menuButton = qobject_cast<ToolButtonWithMenu *>(button))
-        menuButton->SetMenuPosParameters(defaultMenu.direction, defaultMenu.offset,
-                                         defaultMenu.align, defaultMenu.additionalOffset);
-}
-
 // A bar without sizes takes them from the first icon that it is given.
 void ToolBarPrivate::applySizes(ToolButton *button)
 {
@@ -122,38 +104,6 @@ void ToolBarPrivate::applySizes(ToolButton *button)
     }
     button->setFixedSize(buttonSize);
     button->updateGeometry();
-}
-
-ToolButton *ToolBar::AddCommandGroup(CommandGroup *group)
-{
-    return group ? AddCommandGroup(group, nullptr) : nullptr;
-}
-
-ToolButton *ToolBar::AddCommandGroup(CommandGroup *group, CommandGroup *)
-{
-    if (!group)
-        return nullptr;
-    const auto keptAlive = group->weak_from_this().lock();
-    if (group->isVirtualGroup()) {
-        ToolButton *last = nullptr;
-        for (const auto &command : commandsOf(*group))
-            last = AddSingleCommand(command.get(), group);
-        return last;
-    }
-    const QPointer<ToolBar> subBar = group->toolbar();
-    if (!subBar)
-        return nullptr;
-    for (const auto &command : commandsOf(*group)) {
-        if (!subBar)
-            return nullptr;
-        if (auto *const child = qobject_cast<CommandGroup *>(command.get()))
-            subBar->AddCommandGroup(child, group);
-        else
-            subBar->AddSingleCommand(command.get(), group);
-    }
-    if (subBar)
-        subBar->AdjustToolBarSize(true);
-    return group->toolButton();
 }
 
 ToolButton *ToolBar::AddSingleCommand(CommandBase *command, CommandGroup *group)
@@ -208,13 +158,24 @@ ToolButton *ToolBarPrivate::buttonOfCommand(const QString &commandId) const
     return nullptr;
 }
 
+// Kept alive while they are walked: what adding or removing one runs may change the bag.
+std::vector<std::shared_ptr<CommandBase>> ToolBarPrivate::commandsOf(const CommandGroup &group)
+{
+    std::vector<std::shared_ptr<CommandBase>> commands;
+    for (const auto &[id, command] : group.commandBag()) {
+        if (command)
+            commands.push_back(command);
+    }
+    return commands;
+}
+
 bool ToolBar::RemoveCommand(CommandBase *command)
 {
     auto *const group = qobject_cast<CommandGroup *>(command);
     if (!group)
         return RemoveSingleCommand(command);
     bool isRemoved = true;
-    for (const auto &child : commandsOf(*group))
+    for (const auto &child : ToolBarPrivate::commandsOf(*group))
         isRemoved = RemoveCommand(child.get()) && isRemoved;
     return isRemoved;
 }
@@ -224,7 +185,7 @@ bool ToolBar::RemoveSingleCommand(CommandBase *command)
     if (!command || qobject_cast<CommandGroup *>(command))
         return false;
     const QString id = command->commandId();
-    for (ToolButton *const button : GetBaseToolBar()->d_func()->buttonsWithSubMenus()) {
+    for (ToolButton *const button : GetBaseToolBar()->d_func()->CollectButtons<ToolButton>(true)) {
         if (commandIdOn(*button) != id)
             continue;
         ToolBar *const owner = button->d_func()->toolBar;
@@ -269,8 +230,7 @@ void ToolBarPrivate::removeButton(ToolButton *button)
     TooltipManager::GetInstance().RemoveTooltip(button->GetTooltipObject());
     const QPointer<ToolBar> self(q);
     const QPointer<ToolButton> leaving(button);
-    if (auto *const menuButton = qobject_cast<ToolButtonWithMenu *>(button))
-        menuButton->HideMenu();
+    closeMenuOf(button);
     if (!self)
         return;
     QWidget *const panel = panels.value(groupName);
@@ -312,8 +272,7 @@ void ToolBar::EnableActions()
 ToolButton *ToolBar::FindOneButton(const QString &text, bool includeSubMenus) const
 {
     Q_D(const ToolBar);
-    const QList<ToolButton *> buttons =
-        includeSubMenus ? d->buttonsWithSubMenus() : d->CollectButtons<ToolButton>();
+    const QList<ToolButton *> buttons = d->CollectButtons<ToolButton>(includeSubMenus);
     const auto found = std::find_if(buttons.begin(), buttons.end(),
                                     [&text](const auto *button) { return button->text() == text; });
     return found == buttons.end() ? nullptr : *found;
@@ -344,145 +303,6 @@ void ToolBar::OnButtonClickCheckExclusiveGroups(ToolButton *clicked)
                 button->setChecked(button == clicked);
         }
     }
-}
-
-void ToolBar::OnToolButtonClicked()
-{
-    Q_D(ToolBar);
-    const QPointer<ToolBar> self(this);
-    const QPointer<ToolButton> button = qobject_cast<ToolButton *>(sender());
-    if (!button)
-        return;
-    OnButtonClickCheckExclusiveGroups(button);
-    if (self && button)
-        Q_EMIT ToolButtonClicked(button);
-    if (self)
-        HideAllButtonMenusExcept(false, button);
-    if (self && button && d->hideOnButtonClick
-        && button->d_func()->buttonKind != ToolButtonPrivate::EButtonKind::ButtonMenu)
-        d->hideAfterClick(qobject_cast<ToolButtonWithMenu *>(button));
-}
-
-void ToolBarPrivate::hideAfterClick(const ToolButtonWithMenu *clicked)
-{
-    Q_Q(ToolBar);
-    if (!parentButton) {
-        if (!clicked)
-            q->hide();
-        return;
-    }
-    if (auto *const owner = qobject_cast<ToolButtonWithMenu *>(parentButton))
-        owner->HideMenu();
-}
-
-void ToolBar::HideAllButtonMenusExcept(bool keepState, ToolButton *except)
-{
-    Q_D(ToolBar);
-    const bool isBase = GetBaseToolBar() == this;
-    for (const QPointer<ToolButtonWithMenu> &button : d->menuButtons(isBase)) {
-        if (!button || button == except)
-            continue;
-        button->SetSaveMenuState(keepState);
-        button->HideMenu();
-    }
-}
-
-void ToolBarPrivate::hideMenus(const QList<QPointer<ToolButtonWithMenu>> &buttons) const
-{
-    for (const QPointer<ToolButtonWithMenu> &button : buttons) {
-        if (button)
-            button->HideMenu();
-    }
-}
-
-void ToolBarPrivate::reopenMenus()
-{
-    for (const QPointer<ToolButtonWithMenu> &button : menuButtons(false)) {
-        if (!button || !button->SaveMenuState() || !button->GetMenu())
-            continue;
-        const QPointer<ToolButtonWithMenu> owner = button->SavedMenuOwner();
-        if (!owner)
-            continue;
-        if (owner == button) {
-            button->ShowMenu();
-        } else if (owner->GetMenu()) {
-            owner->ShowMenu();
-            if (!button)
-                continue;
-            button->SetSaveMenuState(false);
-            button->SetSavedMenuOwner(nullptr);
-        }
-    }
-}
-
-void ToolBar::OnMouseClickedOutside()
-{
-    Q_D(ToolBar);
-    for (const QPointer<ToolButtonWithMenu> &button : d->menuButtons(false)) {
-        const auto *const bar = button ? ToolBarPrivate::subMenuOf(*button) : nullptr;
-        const bool isButtonMenu = button
-            && button->ToolButton::d_func()->buttonKind
-                == ToolButtonPrivate::EButtonKind::ButtonMenu;
-        if (isButtonMenu && !(bar && bar->d_func()->keepStateOnClickOutside))
-            button->HideMenu();
-    }
-}
-
-void ToolBar::SetKeepStateOnClickOutside(bool keep)
-{
-    Q_D(ToolBar);
-    d->keepStateOnClickOutside = keep;
-}
-
-QMap<ToolButton *, ToolBar *> ToolBar::GetAllParentButtonsMap(ToolButton *) const
-{
-    return {};
-}
-
-ToolBar *ToolBar::GetBaseToolBar()
-{
-    ToolBar *base = this;
-    for (;;) {
-        const ToolButton *const button = base->d_func()->parentButton;
-        ToolBar *const next = button ? button->d_func()->toolBar.data() : nullptr;
-        if (!next || next == base)
-            return base;
-        base = next;
-    }
-}
-
-ToolBar *ToolBarPrivate::subMenuOf(const ToolButton &button)
-{
-    if (button.d_func()->buttonKind != ToolButtonPrivate::EButtonKind::ButtonMenu)
-        return nullptr;
-    const auto *const menuButton = qobject_cast<const ToolButtonWithMenu *>(&button);
-    return menuButton ? qobject_cast<ToolBar *>(menuButton->GetMenu()) : nullptr;
-}
-
-QList<ToolButton *> ToolBarPrivate::buttonsWithSubMenus() const
-{
-    QList<ToolButton *> list;
-    for (ToolButton *const button : CollectButtons<ToolButton>()) {
-        list << button;
-        if (const ToolBar *const menu = subMenuOf(*button))
-            list << menu->d_func()->buttonsWithSubMenus();
-    }
-    return list;
-}
-
-QList<QPointer<ToolButtonWithMenu>> ToolBarPrivate::menuButtons(bool includeSubMenus) const
-{
-    QList<QPointer<ToolButtonWithMenu>> list;
-    // Asked at each resize, of bars that mostly have none.
-    if (!mayHaveMenus)
-        return list;
-    const QList<ToolButton *> all =
-        includeSubMenus ? buttonsWithSubMenus() : CollectButtons<ToolButton>();
-    for (ToolButton *const button : all) {
-        if (auto *const menuButton = qobject_cast<ToolButtonWithMenu *>(button))
-            list << menuButton;
-    }
-    return list;
 }
 
 QWidget *ToolBar::getRefParent() const

@@ -5,11 +5,13 @@
 
 #include "ui_base/toolbar/toolbuttonwithmenu_p.h"
 
+#include "ui_base/popup/arrowedwindow.h"
 #include "ui_base/popup/floatinglayer.h"
 #include "ui_base/popup/widgetposcalculator.h"
 #include "ui_base/toolbar/toolbar_p.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QMoveEvent>
 
 namespace Vela::UiBase {
@@ -25,6 +27,20 @@ QPoint placeOf(const QWidget &menu)
         FloatingLayer::getWidgetOriginalParent(const_cast<QWidget *>(&menu));
     const QPoint global = menu.mapToGlobal(QPoint(0, 0));
     return origin ? origin->mapFromGlobal(global) : global;
+}
+
+// What move() takes for a popup that is to stand at a point of the screen.
+QPoint placeFor(QWidget &menu, const QPoint &global)
+{
+    const QWidget *origin = FloatingLayer::getWidgetOriginalParent(&menu);
+    if (!origin && !menu.isWindow() && !qobject_cast<FloatingLayer *>(menu.parentWidget()))
+        origin = menu.parentWidget();
+    return origin ? origin->mapFromGlobal(global) : global;
+}
+
+QRect onScreen(const QWidget &widget)
+{
+    return {widget.mapToGlobal(QPoint(0, 0)), widget.size()};
 }
 
 } // namespace
@@ -61,6 +77,58 @@ void ToolButtonWithMenuPrivate::enableTooltip(bool enable) const
 {
     if (tooltipObject)
         tooltipObject->SetEnableTooltip(enable);
+}
+
+ToolBarPrivate &ToolButtonWithMenuPrivate::partsOf(ToolBar &bar)
+{
+    return *bar.d_func();
+}
+
+// The layer later: a click inside of it may be what has the popup deleted.
+void ToolButtonWithMenuPrivate::deletePopup(QWidget *popup)
+{
+    const QPointer<FloatingLayer> layer =
+        popup ? qobject_cast<FloatingLayer *>(popup->parentWidget()) : nullptr;
+    delete popup;
+    if (layer)
+        layer->deleteLater();
+}
+
+QPoint ToolButtonWithMenuPrivate::menuPosition(QWidget *reference, bool isArrowed) const
+{
+    menu->adjustSize();
+    posCalculator->SetWidget(menu);
+    posCalculator->SetRefWidget(reference);
+    posCalculator->setCalcGlobalPos(true);
+    posCalculator->setMaxAvailableRect(availableArea());
+    const auto *const window = isArrowed ? qobject_cast<ArrowedWindow *>(menu) : nullptr;
+    QPoint position;
+    posCalculator->GetPosition(position, menu->rect(), window,
+                               window ? window->GetArrowPoint() : QPoint(0, 0));
+    return placeFor(*menu, position);
+}
+
+// Left to itself the calculator takes the rectangle of the active window as it is, while the places
+// here are those on the screen.
+QRect ToolButtonWithMenuPrivate::availableArea() const
+{
+    const QWidget *const parent = FloatingLayer::getWidgetOriginalParent(toolBar);
+    if (parent)
+        return onScreen(*parent);
+    return QApplication::activeWindow() ? onScreen(*q_func()->window()) : QRect();
+}
+
+// A popup that floats stands at the corner of its layer, so a place of the same coordinates would be
+// no move to Qt.
+void ToolButtonWithMenuPrivate::moveMenu(const QPoint &position) const
+{
+    const bool floats = qobject_cast<FloatingLayer *>(menu->parentWidget());
+    if (!floats || menu->pos() != position) {
+        menu->move(position);
+        return;
+    }
+    QMoveEvent event(position, position);
+    QCoreApplication::sendEvent(menu, &event);
 }
 
 ToolButtonWithMenu::ToolButtonWithMenu(QAction *action, ToolBar *toolBar, QWidget *parent)
@@ -163,15 +231,10 @@ void ToolButtonWithMenu::RecalcMenuPosAndMove()
     Q_D(ToolButtonWithMenu);
     if (!d->menu)
         return;
+    // It stays visible: hidden for a moment, a flyout would close its side panels.
     const QPoint position = GetMenuPosition();
-    const QPointer<QWidget> menu = d->menu;
-    const bool wasVisible = menu && menu->isVisible();
-    if (menu)
-        menu->setVisible(false);
-    if (menu)
-        menu->move(position);
-    if (menu)
-        menu->setVisible(wasVisible);
+    if (d->menu)
+        d->moveMenu(position);
 }
 
 void ToolButtonWithMenu::ShowMenu()
@@ -259,7 +322,7 @@ void ToolButtonWithMenu::moveEvent(QMoveEvent *event)
 {
     Q_D(ToolButtonWithMenu);
     if (IsMenuShowing())
-        d->menu->move(placeOf(*d->menu) + event->pos() - event->oldPos());
+        d->moveMenu(placeOf(*d->menu) + event->pos() - event->oldPos());
     ToolButton::moveEvent(event);
 }
 

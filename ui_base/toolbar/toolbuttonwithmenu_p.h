@@ -8,6 +8,8 @@
 
 namespace Vela::UiBase {
 
+class ToolBarPrivate;
+
 /// The state of a ToolButtonWithMenu.
 class LUMO_UI_BASE_EXPORT ToolButtonWithMenuPrivate : public ToolButtonPrivate
 {
@@ -16,6 +18,21 @@ class LUMO_UI_BASE_EXPORT ToolButtonWithMenuPrivate : public ToolButtonPrivate
 public:
     void SetDefaults() override;
     bool hasMenu() const override;
+
+    /// Switches the tooltip on or off, if there is one.
+    void enableTooltip(bool enable) const;
+    /// Works out where the popup belongs, in the coordinates in which it is moved. The popup takes
+    /// the size that it prefers.
+    /// @param reference the widget beside which it stands
+    /// @param isArrowed whether the popup is an ArrowedWindow whose arrow is to point at the
+    ///                  reference
+    QPoint menuPosition(QWidget *reference, bool isArrowed) const;
+    /// Moves the popup to a place as menuPosition() tells it.
+    void moveMenu(const QPoint &position) const;
+    /// Deletes a popup, and the layer in which it floats.
+    static void deletePopup(QWidget *popup);
+    /// The parts of a bar.
+    static ToolBarPrivate &partsOf(ToolBar &bar);
 
     QPointer<QWidget> menu;
     WidgetPosCalculator *posCalculator = nullptr; ///< a child of the button
@@ -28,7 +45,7 @@ public:
 private:
     friend class ToolButtonWithMenu;
     void initializeMenu();
-    void enableTooltip(bool enable) const;
+    QRect availableArea() const;
 };
 
 } // namespace Vela::UiBase

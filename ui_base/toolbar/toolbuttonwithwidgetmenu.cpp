@@ -1,0 +1,443 @@
+// SPDX-FileCopyrightText: 2026 The lumo_ui_base authors
+// SPDX-License-Identifier: MIT
+
+#include "ui_base/toolbar/toolbuttonwithwidgetmenu.h"
+
+#include "ui_base/toolbar/toolbuttonwithwidgetmenu_p.h"
+
+#include "ui_base/popup/floatinglayer.h"
+#include "ui_base/popup/widgetposcalculator.h"
+#include "ui_base/qtui/panel/flyoutbase.h"
+#include "ui_base/toolbar/toolbar_p.h"
+#include "ui_base/toolbar/toolbuttonwithbuttonmenu.h"
+
+#include <QScopedValueRollback>
+
+namespace Vela::UiBase {
+namespace {
+
+// By which a widget knows the button that opens it.
+const char *const MenuButtonProperty = "vela_menu_button";
+
+FlyoutBase *flyoutOf(QWidget *widget)
+{
+    return qobject_cast<FlyoutBase *>(widget);
+}
+
+// Whether a window has begun to delete its children: it has left its chain of focus by then, which
+// those that change their parents are entered in.
+bool isEnding(const QWidget &window)
+{
+    return !window.nextInFocusChain();
+}
+
+QWidget *parentToReturnTo(QWidget *widget)
+{
+    QWidget *const parent = widget->parentWidget();
+    if (qobject_cast<FloatingLayer *>(parent))
+        return FloatingLayer::getWidgetOriginalParent(widget);
+    return qobject_cast<ArrowedWindow *>(parent) ? nullptr : parent;
+}
+
+// The widget whose coordinates place an information widget, also while that floats.
+const QWidget *groundOf(QWidget *widget)
+{
+    if (const QWidget *const parent = FloatingLayer::getWidgetOriginalParent(widget))
+        return parent;
+    const QWidget *const parent = widget->isWindow() ? nullptr : widget->parentWidget();
+    return qobject_cast<const FloatingLayer *>(parent) ? nullptr : parent;
+}
+
+} // namespace
+
+void ToolButtonWithWidgetMenuPrivate::makeArrowedWindow()
+{
+    arrowedWindow = new ArrowedWindow(toolBar ? partsOf(*toolBar).refParent.data() : nullptr);
+    arrowedWindow->SetBorder(QColor(Qt::gray), 0, Qt::SolidLine, Qt::BevelJoin);
+    arrowedWindow->hide();
+}
+
+bool ToolButtonWithWidgetMenuPrivate::isWrapped() const
+{
+    return menu && menu == arrowedWindow;
+}
+
+ToolButtonWithButtonMenu *ToolButtonWithWidgetMenuPrivate::controller() const
+{
+    return qobject_cast<ToolButtonWithButtonMenu *>(extendController);
+}
+
+ToolBar *ToolButtonWithWidgetMenuPrivate::baseToolBar() const
+{
+    return toolBar ? toolBar->GetBaseToolBar() : nullptr;
+}
+
+bool ToolButtonWithWidgetMenuPrivate::isShownThroughController() const
+{
+    const ToolButtonWithButtonMenu *const owner = controller();
+    return owner && owner->IsStandingInFor(q_func());
+}
+
+void ToolButtonWithWidgetMenuPrivate::takeFromOtherButton(QWidget *widget)
+{
+    auto *const other = qobject_cast<ToolButtonWithWidgetMenu *>(
+        widget->property(MenuButtonProperty).value<QWidget *>());
+    if (!other || other == q_func())
+        return;
+    const QPointer<QWidget> former = other->d_func()->formerParent;
+    other->d_func()->letWidgetGo();
+    setFormerParent(former);
+}
+
+// Lets go of the widget, which lives on.
+void ToolButtonWithWidgetMenuPrivate::letWidgetGo()
+{
+    Q_Q(ToolButtonWithWidgetMenu);
+    const QPointer<ToolButtonWithWidgetMenu> self(q);
+    if (isShownThroughController())
+        controller()->OnExitExtendMode();
+    if (self)
+        q->HideMenu();
+    if (!self)
+        return;
+    if (menuWidget)
+        disconnectWidget(menuWidget);
+    if (isWrapped())
+        arrowedWindow->DetachWidget();
+    menuWidget = nullptr;
+    menu = nullptr;
+}
+
+void ToolButtonWithWidgetMenuPrivate::disconnectWidget(QWidget *widget)
+{
+    Q_Q(ToolButtonWithWidgetMenu);
+    widget->setProperty(MenuButtonProperty, QVariant());
+    QObject::disconnect(widget, nullptr, q, nullptr);
+    QObject::disconnect(q, nullptr, widget, nullptr);
+}
+
+void ToolButtonWithWidgetMenuPrivate::dropFormer(const QWidget *next)
+{
+    QWidget *const former = menuWidget;
+    if (!former || former == next)
+        return;
+    disconnectWidget(former);
+    if (isWrapped())
+        arrowedWindow->DetachWidget();
+    menu = nullptr;
+    setFormerParent(nullptr);
+    deletePopup(former);
+}
+
+void ToolButtonWithWidgetMenuPrivate::placeWidget(QWidget *widget, bool useArrowedWindow)
+{
+    if (!arrowedWindow)
+        makeArrowedWindow();
+    if (useArrowedWindow) {
+        if (!isWrapped() && !formerParent)
+            setFormerParent(parentToReturnTo(widget));
+        arrowedWindow->AttachWidget(widget);
+        menu = arrowedWindow;
+    } else {
+        if (isWrapped() && arrowedWindow->DetachWidget() == widget)
+            widget->setParent(homeOfWidget());
+        menu = widget;
+    }
+    FloatingLayer::makeWidgetFloating(menu, QMargins());
+    buttonKind = EButtonKind::WidgetMenu;
+    posCalculator->SetWidget(menu);
+    menu->hide();
+}
+
+void ToolButtonWithWidgetMenuPrivate::connectFlyout(FlyoutBase *flyout)
+{
+    Q_Q(ToolButtonWithWidgetMenu);
+    const auto once = Qt::UniqueConnection;
+    QObject::connect(flyout, &FlyoutBase::CloseFlyout, q, &ToolButtonWithWidgetMenu::OnFlyoutClosed,
+                     once);
+    QObject::connect(flyout, &FlyoutBase::CancelChanges, q,
+                     &ToolButtonWithWidgetMenu::OnFlyoutClosed, once);
+    QObject::connect(flyout, &FlyoutBase::FlyoutResized, q,
+                     &ToolButtonWithWidgetMenu::OnFlyoutResized, once);
+    QObject::connect(flyout, &FlyoutBase::SubWidgetVisibilityChanged, q,
+                     &ToolButtonWithWidgetMenu::OnFlyoutSubWidgetVisibilityChanged, once);
+    QObject::connect(flyout, &FlyoutBase::SetPartialBackgroundColor, q,
+                     &ToolButtonWithWidgetMenu::OnFlyoutSetPartialBackgroundColor, once);
+    QObject::connect(q, &ToolButtonWithWidgetMenu::ESCKeyReleased, flyout,
+                     &FlyoutBase::ESCKeyReleased, once);
+}
+
+// The widget of the popup has died, and what is left of the popup is an empty window.
+void ToolButtonWithWidgetMenuPrivate::closeEmpty()
+{
+    if (menuWidget)
+        return;
+    setFormerParent(nullptr);
+    if (isShownThroughController())
+        controller()->OnExitExtendMode();
+    letWidgetGo();
+}
+
+// Where the widget lives without this button.
+QWidget *ToolButtonWithWidgetMenuPrivate::homeOfWidget() const
+{
+    QWidget *const home =
+        formerParent ? formerParent.data() : FloatingLayer::getWidgetOriginalParent(menu);
+    return home && !isEnding(*home->window()) ? home : nullptr;
+}
+
+void ToolButtonWithWidgetMenuPrivate::giveWidgetBack()
+{
+    QWidget *const widget = menuWidget;
+    if (!widget)
+        return;
+    disconnectWidget(widget);
+    widget->hide();
+    QWidget *const home = homeOfWidget();
+    if (isWrapped())
+        arrowedWindow->DetachWidget();
+    else if (home)
+        return; // its layer belongs there
+    if (home)
+        widget->setParent(home);
+    else
+        deletePopup(widget);
+}
+
+// It forgets a parent that goes before its children do.
+void ToolButtonWithWidgetMenuPrivate::setFormerParent(QWidget *parent)
+{
+    Q_Q(ToolButtonWithWidgetMenu);
+    if (formerParent)
+        QObject::disconnect(formerParentEnd);
+    formerParent = parent;
+    if (parent)
+        formerParentEnd =
+            QObject::connect(parent, &QObject::destroyed, q, [this] { formerParent = nullptr; });
+}
+
+// A flyout tells of its closing itself if it was visible. It must not be told to close by the button
+// that hears of it.
+void ToolButtonWithWidgetMenuPrivate::closeFlyout()
+{
+    FlyoutBase *const flyout = flyoutOf(menuWidget);
+    if (!flyout || isClosing)
+        return;
+    if (flyout->isVisible())
+        flyout->CloseMe();
+    else
+        Q_EMIT flyout->CloseFlyout();
+}
+
+// The information widget stands at the lower edge of the window.
+void ToolButtonWithWidgetMenuPrivate::tellFlyoutItsBounds() const
+{
+    FlyoutBase *const flyout = flyoutOf(menuWidget);
+    if (!flyout || !menu || !flyout->InfoDialog())
+        return;
+    const QWidget *const ground = groundOf(flyout->InfoDialog());
+    const QPoint corner = menu->mapToGlobal(QPoint(0, 0));
+    const QRect bounds(ground ? ground->mapFromGlobal(corner) : corner, menu->size());
+    flyout->SetBounds(bounds, isWrapped() ? arrowedWindow->GetBounds() : menu->rect());
+}
+
+ToolButtonWithWidgetMenu::ToolButtonWithWidgetMenu(QAction *action, ToolBar *toolBar, QWidget *menu,
+                                                   QWidget *parent)
+    : ToolButtonWithWidgetMenu(*new ToolButtonWithWidgetMenuPrivate, action, toolBar, menu, parent)
+{ }
+
+ToolButtonWithWidgetMenu::ToolButtonWithWidgetMenu(ToolButtonWithWidgetMenuPrivate &dd,
+                                                   QAction *action, ToolBar *toolBar, QWidget *menu,
+                                                   QWidget *parent)
+    : ToolButtonWithMenu(dd, action, toolBar, parent)
+{
+    Q_D(ToolButtonWithWidgetMenu);
+    d->makeArrowedWindow();
+    connect(this, &ToolButtonWithWidgetMenu::CloseFlyout, this, [d] { d->closeFlyout(); });
+    SetMenu(menu, true);
+}
+
+ToolButtonWithWidgetMenu::~ToolButtonWithWidgetMenu()
+{
+    Q_D(ToolButtonWithWidgetMenu);
+    if (d->isShownThroughController())
+        d->controller()->OnExitExtendMode();
+    d->giveWidgetBack();
+    d->deletePopup(d->arrowedWindow);
+}
+
+void ToolButtonWithWidgetMenu::SetMenu(QWidget *widget, bool useArrowedWindow)
+{
+    Q_D(ToolButtonWithWidgetMenu);
+    if (!widget || widget == d->arrowedWindow || widget == this || widget->isAncestorOf(this))
+        return;
+    const QPointer<ToolButtonWithWidgetMenu> self(this);
+    const QPointer<QWidget> next(widget);
+    d->takeFromOtherButton(widget);
+    if (self && next)
+        d->dropFormer(widget);
+    if (!self || !next)
+        return;
+    d->menuWidget = widget;
+    widget->setProperty(MenuButtonProperty, QVariant::fromValue<QWidget *>(this));
+    connect(widget, &QObject::destroyed, this, [d] { d->closeEmpty(); });
+    if (FlyoutBase *const flyout = flyoutOf(widget))
+        d->connectFlyout(flyout);
+    d->placeWidget(widget, useArrowedWindow);
+}
+
+void ToolButtonWithWidgetMenu::SetMenuParameters(bool shadow,
+                                                 const ArrowedWindow::SArrowParam &arrow,
+                                                 EDirection direction, int baseOffset,
+                                                 EWidgetsAlign align, QPoint additionalOffset)
+{
+    Q_D(ToolButtonWithWidgetMenu);
+    if (d->arrowedWindow) {
+        d->arrowedWindow->SetArrow(arrow);
+        d->arrowedWindow->EnableShadow(shadow);
+    }
+    SetMenuPosParameters(direction, baseOffset, align, additionalOffset);
+}
+
+ArrowedWindow *ToolButtonWithWidgetMenu::GetArrowedWindow() const
+{
+    Q_D(const ToolButtonWithWidgetMenu);
+    return d->arrowedWindow;
+}
+
+QWidget *ToolButtonWithWidgetMenu::ExtendController() const
+{
+    Q_D(const ToolButtonWithWidgetMenu);
+    return d->extendController;
+}
+
+void ToolButtonWithWidgetMenu::SetExtendController(QWidget *controller)
+{
+    Q_D(ToolButtonWithWidgetMenu);
+    if (controller)
+        d->extendController = controller;
+}
+
+void ToolButtonWithWidgetMenu::CloseMenu()
+{
+    Q_D(ToolButtonWithWidgetMenu);
+    const QPointer<ToolButtonWithWidgetMenu> self(this);
+    if (flyoutOf(d->menuWidget))
+        Q_EMIT CloseFlyout();
+    else if (d->menu)
+        d->menu->hide();
+    if (!self)
+        return;
+    d->enableTooltip(true);
+    ToolBar *const base = d->baseToolBar();
+    if (base && base->GetActiveButton() == this)
+        base->SetActiveButton(nullptr);
+}
+
+void ToolButtonWithWidgetMenu::ClickedHandler()
+{
+    Q_D(ToolButtonWithWidgetMenu);
+    if (!d->menu)
+        return;
+    const QPointer<ToolButtonWithWidgetMenu> self(this);
+    if (!d->menu->isVisible())
+        d->extendController ? OnRequestShowMenu() : ShowMenu();
+    else if (!d->noHideMenuOnClick)
+        HideMenu();
+    if (self)
+        update();
+}
+
+void ToolButtonWithWidgetMenu::ShowMenu()
+{
+    Q_D(ToolButtonWithWidgetMenu);
+    if (!d->menu)
+        return;
+    const QPointer<ToolButtonWithWidgetMenu> self(this);
+    ToolButtonWithButtonMenu *const controller = d->controller();
+    if (controller && controller->IsInExtendMode()) {
+        controller->SetSavedMenuOwner(this);
+        if (ToolBar *const base = d->baseToolBar())
+            base->SetActiveButton(this);
+        if (TooltipObject *const tooltip = controller->GetTooltipObject())
+            tooltip->SetEnableTooltip(false);
+    }
+    ToolButtonWithMenu::ShowMenu();
+    if (self)
+        d->tellFlyoutItsBounds();
+}
+
+void ToolButtonWithWidgetMenu::HideMenu()
+{
+    Q_D(ToolButtonWithWidgetMenu);
+    if (d->saveMenuState && IsMenuShowing())
+        d->savedMenuOwner = this;
+    ToolButtonWithMenu::HideMenu();
+}
+
+QPoint ToolButtonWithWidgetMenu::GetMenuPosition()
+{
+    Q_D(ToolButtonWithWidgetMenu);
+    if (!d->menu)
+        return {};
+    // The popup takes its size on the way, and a flyout would ask for the place again.
+    const QScopedValueRollback<bool> guard(d->isRelocating, true);
+    return d->menuPosition(d->extendController ? d->extendController.data() : this, d->isWrapped());
+}
+
+void ToolButtonWithWidgetMenu::OnRequestShowMenu()
+{
+    Q_D(ToolButtonWithWidgetMenu);
+    ToolButtonWithButtonMenu *const controller = d->controller();
+    if (!controller)
+        return;
+    const QPointer<ToolButtonWithWidgetMenu> self(this);
+    controller->OnEnterExtendMode(this);
+    if (self)
+        ShowMenu();
+}
+
+void ToolButtonWithWidgetMenu::OnFlyoutClosed()
+{
+    Q_D(ToolButtonWithWidgetMenu);
+    const QPointer<ToolButtonWithWidgetMenu> self(this);
+    d->isClosing = true;
+    if (ToolButtonWithButtonMenu *const controller = d->controller())
+        controller->OnExitExtendMode();
+    else if (isCheckable())
+        setChecked(false);
+    if (!self)
+        return;
+    d->isClosing = false;
+    if (!IsMenuShowing())
+        d->enableTooltip(true);
+    Q_EMIT ButtonMenuVisibilityChange(this, false);
+}
+
+void ToolButtonWithWidgetMenu::OnFlyoutResized()
+{
+    Q_D(ToolButtonWithWidgetMenu);
+    if (!IsMenuShowing() || d->isRelocating)
+        return;
+    RecalcMenuPosAndMove();
+    d->tellFlyoutItsBounds();
+}
+
+void ToolButtonWithWidgetMenu::OnFlyoutSubWidgetVisibilityChanged(bool)
+{
+    Q_D(ToolButtonWithWidgetMenu);
+    if (d->isRelocating)
+        return;
+    RecalcMenuPosAndMove();
+    d->tellFlyoutItsBounds();
+}
+
+void ToolButtonWithWidgetMenu::OnFlyoutSetPartialBackgroundColor(bool showColor, const QRect &rc,
+                                                                 const QColor &color)
+{
+    Q_D(ToolButtonWithWidgetMenu);
+    if (d->arrowedWindow)
+        d->arrowedWindow->SetPartialBackgroundColor(showColor, rc, color);
+}
+
+} // namespace Vela::UiBase
