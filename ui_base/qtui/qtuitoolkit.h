@@ -90,7 +90,7 @@ public:
     /// @param advancedPanel taken over and folded; null for a flyout without one
     /// @param closeButton,cancelButton,applyButton,resetButton which buttons there are
     /// @param parent owner of the flyout; with null the caller is
-    /// @return null when there is no memory for it
+    /// @return null when there is no memory for it; the panels are then where they were
     FlyoutBase *CreateFlyout(const QString &title, QWidget *mainPanel, QWidget *advancedPanel,
                              bool closeButton, bool cancelButton, bool applyButton,
                              bool resetButton, QWidget *parent) const;

@@ -20,8 +20,10 @@
 #include <QStyle>
 
 #include <algorithm>
+#include <initializer_list>
 #include <stdexcept>
 #include <utility>
+#include <vector>
 
 namespace Vela::UiBase {
 namespace {
@@ -71,6 +73,32 @@ bool lists(const QVariantList &list, const QWidget *widget)
         return entry.value<QWidget *>() == widget;
     });
 }
+
+// Gives panels back to their parents unless it is told that the flyout that took them was made.
+class PanelLoan
+{
+public:
+    explicit PanelLoan(std::initializer_list<QWidget *> panels)
+    {
+        for (QWidget *const panel : panels) {
+            if (panel)
+                m_panels.push_back({panel, panel->parentWidget()});
+        }
+    }
+    ~PanelLoan()
+    {
+        for (const auto &[panel, parent] : m_panels) {
+            if (panel && panel->parentWidget() != parent)
+                panel->setParent(parent);
+        }
+    }
+    void keep() { m_panels.clear(); }
+
+    Q_DISABLE_COPY(PanelLoan)
+
+private:
+    std::vector<std::pair<QPointer<QWidget>, QPointer<QWidget>>> m_panels;
+};
 
 // What else has lost its type is on its way out as well.
 void dropSubWidget(QObject *flyout, const QWidget *dead)
@@ -283,6 +311,7 @@ FlyoutBase::FlyoutBase(const QString &title, QWidget *mainPanel, QWidget *advanc
     : QWidget(parent)
     , d(std::make_unique<FlyoutBasePrivate>(this))
 {
+    PanelLoan loan {mainPanel, advancedPanel};
     d->Build(title, mainPanel, advancedPanel,
              {closeButton, cancelButton, applyButton, resetButton});
     setFocusPolicy(Qt::WheelFocus);
@@ -294,6 +323,7 @@ FlyoutBase::FlyoutBase(const QString &title, QWidget *mainPanel, QWidget *advanc
         d->FitSize();
     }
     qDebug() << "size: " << size() << ", main panel size: " << mainPanel->size();
+    loan.keep();
 }
 
 FlyoutBase::FlyoutBase(QWidget *parent, const QString &title, QWidget *mainPanel,
@@ -302,11 +332,13 @@ FlyoutBase::FlyoutBase(QWidget *parent, const QString &title, QWidget *mainPanel
     : QWidget(parent)
     , d(std::make_unique<FlyoutBasePrivate>(this))
 {
+    PanelLoan loan {mainPanel, advancedPanel};
     d->Build(title, mainPanel, advancedPanel,
              {closeButton, cancelButton, applyButton, resetButton});
     d->ui->ipanel->setVisible(!infoText.isEmpty());
     d->FitSize();
     d->SetFlyoutPropertyForAllChildWidgets(this);
+    loan.keep();
 }
 
 FlyoutBase::~FlyoutBase() = default;

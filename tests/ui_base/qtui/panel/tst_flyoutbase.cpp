@@ -16,10 +16,12 @@
 #include <QLabel>
 #include <QPointer>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QSignalSpy>
 #include <QToolButton>
 
 #include <memory>
+#include <new>
 #include <stdexcept>
 
 using namespace Vela::UiBase;
@@ -41,7 +43,18 @@ bool isMarked(const QObject *object)
     return object->property(String::WIDGET_PROPERTY_ISFLYOUT.latin1()).toBool();
 }
 
+/// A panel for which there is no memory left once it is to be laid out.
+class GreedyPanel : public QWidget
+{
+public:
+    using QWidget::QWidget;
+    QSize sizeHint() const override { throw std::bad_alloc(); }
+};
+
 } // namespace
+
+using FlyoutSignal = void (FlyoutBase::*)();
+Q_DECLARE_METATYPE(FlyoutSignal)
 
 class FlyoutBaseTest : public Lumo::Test::TestCase
 {
@@ -50,9 +63,13 @@ class FlyoutBaseTest : public Lumo::Test::TestCase
 private Q_SLOTS:
     void aNullMainPanelThrowsAndTakesNothing();
     void aFailingAllocationGivesNull();
+    void aFlyoutThatCannotBeMadeTakesNothing();
+    void sizesAreLogged();
 
     void ownsBothPanels();
     void panelsThatDieAreForgotten();
+    void withoutAMainPanelShowingDoesNothing();
+    void showingTakesTheFocus();
     void theSamePanelTwiceIsTheMainPanel();
     void onlyTheFirstFormMarksItselfAlone();
 
@@ -78,12 +95,17 @@ private Q_SLOTS:
     void cancelHidesThenTells();
     void resetAndApplyAreTold();
     void escapeDoesNotClose();
+    void escapeGoesOnToTheParent();
     void aListenerMayDeleteTheFlyout();
+    void aListenerMayDeleteTheFlyoutAtAClick_data();
+    void aListenerMayDeleteTheFlyoutAtAClick();
 
     void busyModeDisablesTheButtons();
     void busyModeLeavesHiddenButtonsAlone();
     void inToggleModeApplyCancelsWhileBusy();
     void busyTwiceKeepsTheText();
+    void aTextSetWhileBusyStays();
+    void withoutToggleModeEqualTextsApply();
     void toggleModeHidesTheCancelButtonEitherWay();
 
     void findsItemsOfTheColumn();
@@ -127,6 +149,35 @@ void FlyoutBaseTest::aFailingAllocationGivesNull()
     }
 }
 
+void FlyoutBaseTest::aFlyoutThatCannotBeMadeTakesNothing()
+{
+    const QtUiToolkit &toolkit = QtUiToolkit::Instance();
+    QWidget parent;
+    QWidget oldParent;
+    for (const bool isFirst : {true, false}) {
+        const QPointer<QWidget> panel = new GreedyPanel(&oldParent);
+        const std::unique_ptr<QWidget> advanced(makePanel());
+        const FlyoutBase *const flyout = isFirst
+            ? toolkit.CreateFlyout({}, panel, advanced.get(), true, true, true, true, &parent)
+            : toolkit.CreateFlyout(&parent, {}, panel, {}, true, true, true, true, advanced.get());
+        QVERIFY(!flyout);
+        QVERIFY(panel);
+        QCOMPARE(panel->parentWidget(), &oldParent);
+        QVERIFY(!advanced->parentWidget());
+        QVERIFY(parent.children().isEmpty());
+        delete panel;
+    }
+}
+
+void FlyoutBaseTest::sizesAreLogged()
+{
+    QTest::ignoreMessage(
+        QtDebugMsg,
+        QRegularExpression(QStringLiteral("^size:  QSize\\(\\d+, \\d+\\) , main panel size:  "
+                                          "QSize\\(240, 60\\)$")));
+    const Flyout flyout = makeFlyout();
+}
+
 void FlyoutBaseTest::ownsBothPanels()
 {
     QPointer<QWidget> main = makePanel();
@@ -151,6 +202,33 @@ void FlyoutBaseTest::panelsThatDieAreForgotten()
     const QSize size = flyout->size();
     click(flyout, "advanced_button");
     QCOMPARE(flyout->size(), size);
+}
+
+void FlyoutBaseTest::withoutAMainPanelShowingDoesNothing()
+{
+    QWidget window;
+    window.resize(800, 600);
+    const Flyout flyout = makeFlyout({}, nullptr, &window);
+    flyout->SetReferencePoint(window.mapToGlobal(QPoint(50, 60)), &window, QPoint());
+    delete flyout->MainPanel();
+    const QPoint place = window.pos();
+    flyout->show();
+    window.show();
+    QVERIFY(!flyout->hasFocus());
+    QCOMPARE(window.pos(), place);
+}
+
+void FlyoutBaseTest::showingTakesTheFocus()
+{
+    QWidget window;
+    QWidget other(&window);
+    other.setFocusPolicy(Qt::StrongFocus);
+    const Flyout flyout = makeFlyout({}, nullptr, &window);
+    flyout->hide();
+    window.show();
+    other.setFocus();
+    flyout->show();
+    QCOMPARE(window.focusWidget(), flyout.get());
 }
 
 void FlyoutBaseTest::theSamePanelTwiceIsTheMainPanel()
@@ -455,6 +533,23 @@ void FlyoutBaseTest::escapeDoesNotClose()
     QCOMPARE(closed.count(), 0);
 }
 
+void FlyoutBaseTest::escapeGoesOnToTheParent()
+{
+    class Window : public QWidget
+    {
+    public:
+        int released = 0;
+
+    protected:
+        void keyReleaseEvent(QKeyEvent *event) override { released = event->key(); }
+    };
+    Window window;
+    const Flyout flyout = makeFlyout({}, nullptr, &window);
+    window.show();
+    QTest::keyClick(flyout.get(), Qt::Key_Escape);
+    QCOMPARE(window.released, int(Qt::Key_Escape));
+}
+
 void FlyoutBaseTest::aListenerMayDeleteTheFlyout()
 {
     for (const auto signal : {&FlyoutBase::CloseFlyout, &FlyoutBase::CancelChanges}) {
@@ -467,6 +562,25 @@ void FlyoutBaseTest::aListenerMayDeleteTheFlyout()
             QMetaObject::invokeMethod(flyout, "on_cancel_button_clicked");
         QVERIFY(!flyout);
     }
+}
+
+void FlyoutBaseTest::aListenerMayDeleteTheFlyoutAtAClick_data()
+{
+    QTest::addColumn<FlyoutSignal>("signal");
+    QTest::newRow("close_button") << FlyoutSignal(&FlyoutBase::CloseFlyout);
+    QTest::newRow("cancel_button") << FlyoutSignal(&FlyoutBase::CancelChanges);
+    QTest::newRow("apply_button") << FlyoutSignal(&FlyoutBase::ApplyChanges);
+    QTest::newRow("reset_button") << FlyoutSignal(&FlyoutBase::ResetValues);
+}
+
+void FlyoutBaseTest::aListenerMayDeleteTheFlyoutAtAClick()
+{
+    QFETCH(const FlyoutSignal, signal);
+    Flyout flyout = makeFlyout({true, true, true, true});
+    connect(flyout.get(), signal, flyout.get(), [&flyout] { flyout.reset(); });
+    flyout->show();
+    click(flyout, QTest::currentDataTag());
+    QVERIFY(!flyout);
 }
 
 void FlyoutBaseTest::busyModeDisablesTheButtons()
@@ -530,6 +644,27 @@ void FlyoutBaseTest::busyTwiceKeepsTheText()
     flyout->SetApplyButtonText(QStringLiteral("Cancel"));
     flyout->OnExitBusyMode();
     QCOMPARE(apply->text(), QStringLiteral("Cancel"));
+}
+
+void FlyoutBaseTest::aTextSetWhileBusyStays()
+{
+    const Flyout flyout = makeFlyout();
+    flyout->SetToggleApplyButtonEnabled(true);
+    flyout->show();
+    flyout->OnEnterBusyMode();
+    flyout->SetApplyButtonText(QStringLiteral("Again"));
+    flyout->OnExitBusyMode();
+    QCOMPARE(part<QPushButton>(flyout, "apply_button")->text(), QStringLiteral("Again"));
+}
+
+void FlyoutBaseTest::withoutToggleModeEqualTextsApply()
+{
+    const Flyout flyout = makeFlyout();
+    flyout->SetApplyButtonText(QStringLiteral("Cancel"));
+    QSignalSpy applied(flyout.get(), &FlyoutBase::ApplyChanges);
+    flyout->show();
+    click(flyout, "apply_button");
+    QCOMPARE(applied.count(), 1);
 }
 
 void FlyoutBaseTest::toggleModeHidesTheCancelButtonEitherWay()

@@ -149,6 +149,8 @@ void FlyoutBaseFormTest::theTitleRowIsAsTold()
              Styles::Instance().ToolButtonSystem().arg(
                  QStringLiteral(":/resources/images/sys_reset.png"),
                  QStringLiteral(":/resources/images/sys_reset_hover.png")));
+    const Flyout second = makeInfoFlyout({}, makePanel());
+    QVERIFY(part(second, "reset_button")->styleSheet().isEmpty());
 }
 
 void FlyoutBaseFormTest::rowsHaveTheirMargins_data()

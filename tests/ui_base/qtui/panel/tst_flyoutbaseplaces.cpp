@@ -68,6 +68,7 @@ private Q_SLOTS:
     void aSubWidgetThatDiesLeavesTheList();
 
     void theInfoButtonTogglesItsWidget();
+    void anInfoWidgetThatDiesIsForgotten();
     void theInfoDialogIsHeardOnce();
     void anotherInfoDialogReplacesTheFirst();
     void hidingHidesTheInfoWidget();
@@ -76,6 +77,9 @@ private Q_SLOTS:
 
     void opensBesideTheReferencePoint_data();
     void opensBesideTheReferencePoint();
+    void flipsAtTheVeryEdge();
+    void aFlyoutWithoutParentMovesItself();
+    void theParentIsTheReferenceByDefault();
     void aParentDialogMovesOnTheScreen();
     void aReferenceThatDiesIsNotUsed();
 
@@ -160,6 +164,20 @@ void FlyoutBasePlacesTest::theInfoButtonTogglesItsWidget()
     QVERIFY(!info.isVisible());
     flyout->EnableInfoButton(false, &info);
     QVERIFY(!part(flyout, "info_button")->isVisible());
+}
+
+void FlyoutBasePlacesTest::anInfoWidgetThatDiesIsForgotten()
+{
+    const Flyout flyout = makeFlyout();
+    auto info = std::make_unique<QWidget>();
+    flyout->EnableInfoButton(true, info.get());
+    flyout->show();
+    info.reset();
+    QVERIFY(!flyout->InfoDialog());
+    click(flyout, "info_button");
+    flyout->SetInfoWidgetPos();
+    flyout->hide();
+    QVERIFY(subWidgets(flyout.get()).isEmpty());
 }
 
 void FlyoutBasePlacesTest::theInfoDialogIsHeardOnce()
@@ -271,6 +289,45 @@ void FlyoutBasePlacesTest::opensBesideTheReferencePoint()
     flyout->show();
     holder.show();
     QCOMPARE(holder.pos(), place);
+}
+
+void FlyoutBasePlacesTest::flipsAtTheVeryEdge()
+{
+    QWidget window;
+    window.resize(800, 600);
+    const Flyout flyout = makeFlyout();
+    const QPoint last(800 - flyout->width(), 600 - flyout->height());
+    const auto placeFor = [&](const QPoint &point) {
+        QPoint place;
+        flyout->SetReferencePoint(window.mapToGlobal(point), &window, QPoint());
+        flyout->GetPositionOnReferencePoint(place);
+        return place;
+    };
+    QCOMPARE(placeFor(last - QPoint(1, 1)), last - QPoint(1, 1));
+    QCOMPARE(placeFor(last - QPoint(0, 1)), QPoint(last.x() - flyout->width(), last.y() - 1));
+    QCOMPARE(placeFor(last - QPoint(1, 0)), QPoint(last.x() - 1, last.y() - flyout->height()));
+}
+
+void FlyoutBasePlacesTest::aFlyoutWithoutParentMovesItself()
+{
+    QWidget window;
+    window.setGeometry(0, 0, 700, 500);
+    window.show();
+    const Flyout flyout = makeFlyout();
+    flyout->SetReferencePoint(window.mapToGlobal(QPoint(50, 60)), &window, QPoint(5, 5));
+    flyout->show();
+    QCOMPARE(flyout->pos(), QPoint(55, 65));
+}
+
+void FlyoutBasePlacesTest::theParentIsTheReferenceByDefault()
+{
+    QWidget window;
+    window.setGeometry(40, 30, 700, 500);
+    const Flyout flyout = makeFlyout({}, nullptr, &window);
+    flyout->SetReferencePoint(window.mapToGlobal(QPoint(50, 60)), nullptr, QPoint(5, 5));
+    QPoint place;
+    QVERIFY(flyout->GetPositionOnReferencePoint(place));
+    QCOMPARE(place, QPoint(55, 65));
 }
 
 void FlyoutBasePlacesTest::aParentDialogMovesOnTheScreen()
