@@ -3,7 +3,6 @@
 
 #include "mainwindow.h"
 
-#include "changesquestion.h"
 #include "commandclock.h"
 #include "commands/attributecommand.h"
 #include "commands/comparecommand.h"
@@ -16,9 +15,11 @@
 #include "commands/smoothcommand.h"
 #include "commands/subdividecommand.h"
 #include "controllers/meshviewcontroller.h"
+#include "dialogs/changesquestion.h"
+#include "dialogs/messagelog.h"
+#include "dialogs/problemdialog.h"
 #include "mesh/meshreader.h"
 #include "meshdocument.h"
-#include "messagebanner.h"
 #include "statusline.h"
 #include "toolbar/commandbar.h"
 #include "view/viewpane.h"
@@ -56,7 +57,6 @@ MainWindow::MainWindow()
     , m_manager(std::make_unique<AppManager>(
           m_document, [this] { return chooseFile(); }, [this] { return chooseTarget(); }))
     , m_bar(new CommandBar(commands()))
-    , m_banner(new MessageBanner)
     , m_pane(new ViewPane(m_document))
     , m_status(new StatusLine)
 {
@@ -78,6 +78,11 @@ MainWindow::~MainWindow()
     disconnect(m_document.get(), nullptr, this, nullptr);
 }
 
+Vela::UiToolkit::TaskDialog *MainWindow::problem() const
+{
+    return m_problem;
+}
+
 void MainWindow::openFile(const QString &path)
 {
     commands().open->open(path);
@@ -90,7 +95,6 @@ void MainWindow::buildLayout()
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
     column->addWidget(m_bar);
-    column->addWidget(m_banner);
     column->addWidget(m_pane, 1);
     setCentralWidget(center);
     setStatusBar(m_status);
@@ -135,10 +139,7 @@ void MainWindow::connectDocument()
     connect(m_document.get(), &MeshDocument::selectionChanged, this, &MainWindow::showMesh);
     connect(m_document.get(), &MeshDocument::opened, this, &MainWindow::handleOpened);
     connect(m_document.get(), &MeshDocument::saved, this, &MainWindow::showTitle);
-    connect(m_document.get(), &MeshDocument::problemReported, this, [this](const QString &text) {
-        m_banner->showMessage(text);
-        std::fprintf(stderr, "workbench: %s\n", text.toLocal8Bit().constData());
-    });
+    connect(m_document.get(), &MeshDocument::problemReported, this, &MainWindow::tellProblem);
 }
 
 void MainWindow::connectClock()
@@ -188,12 +189,22 @@ bool MainWindow::mayLoseChanges()
     return false;
 }
 
+/// The latest problem takes the place of the one before: nobody clicks through a pile of dialogs.
+void MainWindow::tellProblem(const QString &text)
+{
+    std::fprintf(stderr, "workbench: %s\n", text.toLocal8Bit().constData());
+    log()->append(text);
+    delete m_problem.data();
+    if (!m_isClosing)
+        m_problem = showProblem(this, text);
+}
+
 void MainWindow::handleOpened()
 {
     // What still works on the mesh of before works for nobody.
     commands().smooth->cancel();
     commands().subdivide->cancel();
-    m_banner->dismiss();
+    delete m_problem.data();
     showTitle();
     updateEnabled();
 }

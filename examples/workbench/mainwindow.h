@@ -5,7 +5,10 @@
 
 #include "appmanager.h"
 
+#include <ui_base/TaskDialog>
+
 #include <QMainWindow>
+#include <QPointer>
 
 namespace Workbench {
 
@@ -13,11 +16,11 @@ class CommandBar;
 class CommandClock;
 class MeshDocument;
 class MeshViewController;
-class MessageBanner;
 class StatusLine;
 class ViewPane;
 
-/// The window: menus and a strip of commands, a banner for problems, the view and the status line.
+/// The window: menus and a strip of commands, the view and the status line. A dialog tells of a
+/// problem until it is closed or a file is opened.
 ///
 /// Closing it asks about unsaved changes. During a run it then cancels the run, takes the window
 /// from the screen at once and lets it close when the run has ended, so that no work is left when
@@ -38,9 +41,10 @@ public:
     CommandClock &clock() const { return *m_clock; }
     MeshDocument &document() const { return *m_document; }
     CommandBar &bar() const { return *m_bar; }
-    MessageBanner &banner() const { return *m_banner; }
     StatusLine &statusLine() const { return *m_status; }
     ViewPane &pane() const { return *m_pane; }
+    /// The dialog that tells of the latest problem; null while there is none.
+    Vela::UiToolkit::TaskDialog *problem() const;
 
 protected:
     void closeEvent(QCloseEvent *event) override;
@@ -55,6 +59,7 @@ private:
     QString chooseFile();
     QString chooseTarget();
     bool mayLoseChanges();
+    void tellProblem(const QString &text);
     void handleOpened();
     void handleEnded(Vela::UiBase::CommandBase *command, qint64 microseconds);
     void showMesh();
@@ -67,9 +72,9 @@ private:
     const std::shared_ptr<CommandClock> m_clock;
     const std::unique_ptr<AppManager> m_manager;
     CommandBar *const m_bar;
-    MessageBanner *const m_banner;
     ViewPane *const m_pane;
     StatusLine *const m_status;
+    QPointer<Vela::UiToolkit::TaskDialog> m_problem;
     bool m_isClosing = false;
 };
 

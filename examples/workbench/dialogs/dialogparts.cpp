@@ -10,6 +10,7 @@
 
 #include <QCoreApplication>
 #include <QLabel>
+#include <QTextDocument>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -55,6 +56,12 @@ QBoxLayout *dressUp(Vela::UiBase::DialogEx &dialog, const QString &title)
     all->addLayout(row);
     all->addLayout(column, 1);
     return column;
+}
+
+QString asWritten(const QString &text)
+{
+    return Qt::mightBeRichText(text) ? QStringLiteral("<qt>%1</qt>").arg(text.toHtmlEscaped())
+                                     : text;
 }
 
 } // namespace Workbench

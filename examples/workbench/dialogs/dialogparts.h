@@ -18,4 +18,8 @@ namespace Workbench {
 /// @return the column below that row
 QBoxLayout *dressUp(Vela::UiBase::DialogEx &dialog, const QString &title);
 
+/// Gives @p text, which may hold the name of a file, a form that a dialog shows letter by letter,
+/// even if the file is called like markup.
+QString asWritten(const QString &text);
+
 } // namespace Workbench

@@ -11,8 +11,9 @@
 #include "commands/smoothcommand.h"
 #include "commands/subdividecommand.h"
 #include "controllers/meshviewcontroller.h"
+#include "dialogs/changesquestion.h"
+#include "dialogs/messagelog.h"
 #include "meshdocument.h"
-#include "messagebanner.h"
 #include "statusline.h"
 #include "support/testcase.h"
 #include "support/testmain.h"
@@ -21,13 +22,13 @@
 
 #include <QAbstractButton>
 #include <QApplication>
-#include <QMessageBox>
 #include <QTimer>
 
 #include <chrono>
 
 using namespace Workbench;
 using Vela::UiBase::CommandBase;
+using Vela::UiToolkit::TaskDialog;
 
 namespace {
 
@@ -41,12 +42,18 @@ QString bunny()
     return QStringLiteral(WORKBENCH_DATA "/bunny.obj");
 }
 
-/// Clicks the button of this role in every message box that comes up while it lives.
+enum class EAnswer {
+    Cancel = 1,
+    Discard,
+    SaveAs
+};
+
+/// Clicks this button of every question that comes up while it lives.
 class DialogAnswer : public QObject
 {
 public:
-    explicit DialogAnswer(QMessageBox::ButtonRole role)
-        : m_role(role)
+    explicit DialogAnswer(EAnswer answer)
+        : m_button(QStringLiteral("button%1").arg(int(answer)))
     {
         connect(&m_pulse, &QTimer::timeout, this, &DialogAnswer::look);
         m_pulse.start(10);
@@ -58,18 +65,15 @@ public:
 private:
     void look()
     {
-        auto *const box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
-        if (!box)
+        auto *const dialog = qobject_cast<TaskDialog *>(QApplication::activeModalWidget());
+        if (!dialog)
             return;
         ++m_count;
-        m_text = box->text();
-        for (QAbstractButton *button : box->buttons()) {
-            if (box->buttonRole(button) == m_role)
-                button->click();
-        }
+        m_text = dialog->accessibleName();
+        dialog->findChild<QAbstractButton *>(m_button)->click();
     }
 
-    const QMessageBox::ButtonRole m_role;
+    const QString m_button;
     QTimer m_pulse;
     int m_count = 0;
     QString m_text;
@@ -95,30 +99,77 @@ private Q_SLOTS:
         QVERIFY(window.statusLine().commandText().startsWith(QLatin1String("Open: ")));
     }
 
-    void aBadFileIsToldUntilDismissed()
+    void aBadFileIsToldUntilTheDialogIsClosed()
     {
         MainWindow window;
         window.show();
         open(window, bunny());
         open(window, testFile("empty.obj"));
-        QVERIFY(window.banner().isVisible());
-        QCOMPARE(window.banner().message(),
-                 testFile("empty.obj") + QStringLiteral(" could not be read: it is empty."));
+        QVERIFY(window.problem() && window.problem()->isVisible());
+        const QString text =
+            testFile("empty.obj") + QStringLiteral(" could not be read: it is empty.");
+        QCOMPARE(window.problem()->accessibleName(), text);
+        QCOMPARE(window.log()->lines().filter(text).size(), 1);
         QCOMPARE(window.document().mesh().faces.size(), 3674);
-        auto *button = window.findChild<QAbstractButton *>(QStringLiteral("dismiss"));
-        QCOMPARE(button->accessibleName(), QStringLiteral("Dismiss"));
+        auto *button = window.problem()->findChild<QAbstractButton *>(QStringLiteral("button1"));
         QTest::mouseClick(button, Qt::LeftButton);
-        QVERIFY(!window.banner().isVisible());
+        QTRY_VERIFY(!window.problem());
     }
 
-    void aGoodFileTakesTheMessageAway()
+    void aGoodFileTakesTheProblemAway()
     {
         MainWindow window;
         window.show();
         open(window, testFile("empty.obj"));
-        QVERIFY(window.banner().isVisible());
+        QVERIFY(window.problem());
         open(window, bunny());
-        QVERIFY(!window.banner().isVisible());
+        QVERIFY(!window.problem());
+    }
+
+    void theLatestProblemTakesThePlaceOfTheOneBefore()
+    {
+        MainWindow window;
+        window.show();
+        window.document().reportProblem(QStringLiteral("One."));
+        window.document().reportProblem(QStringLiteral("Two."));
+        QCOMPARE(window.findChildren<TaskDialog *>().size(), 1);
+        QCOMPARE(window.problem()->accessibleName(), QStringLiteral("Two."));
+    }
+
+    void aFileThatIsCalledLikeMarkupIsNamedAsItIs()
+    {
+        MainWindow window;
+        window.show();
+        const QString text = QStringLiteral("/tmp/<b>a</b> & b.obj could not be read.");
+        window.document().reportProblem(text);
+        QCOMPARE(window.problem()->accessibleName(), text);
+    }
+
+    void aProblemIsToldWhileTheWindowDies()
+    {
+        auto window = std::make_unique<MainWindow>();
+        window->show();
+        window->document().reportProblem(QStringLiteral("One."));
+        const QPointer<QWidget> dialog = window->problem();
+        window.reset();
+        QVERIFY(!dialog);
+    }
+
+    void aWindowThatDiesDuringTheQuestionKeepsTheChanges()
+    {
+        auto *const window = new QWidget;
+        window->show();
+        QTimer::singleShot(0, qApp, [window] { delete window; });
+        QVERIFY(askAboutChanges(window, QStringLiteral("bunny.obj")) == EChanges::Keep);
+    }
+
+    void changesAreSavedByTheLastButton()
+    {
+        QWidget window;
+        window.show();
+        const DialogAnswer answer(EAnswer::SaveAs);
+        QVERIFY(askAboutChanges(&window, QStringLiteral("bunny.obj")) == EChanges::Save);
+        QCOMPARE(answer.text(), QStringLiteral("bunny.obj was changed."));
     }
 
     void onlyWhatCanBeDoneIsEnabled()
@@ -264,7 +315,7 @@ private Q_SLOTS:
         window.show();
         open(window, bunny());
         window.document().flipNormals();
-        DialogAnswer answer(QMessageBox::RejectRole);
+        DialogAnswer answer(EAnswer::Cancel);
         QVERIFY(!window.close());
         QCOMPARE(answer.count(), 1);
         QVERIFY(answer.text().startsWith(QLatin1String("bunny.obj")));
@@ -280,7 +331,7 @@ private Q_SLOTS:
         window.show();
         open(window, bunny());
         window.document().flipNormals();
-        DialogAnswer answer(QMessageBox::DestructiveRole);
+        DialogAnswer answer(EAnswer::Discard);
         QVERIFY(window.close());
         QCOMPARE(answer.count(), 1);
         QVERIFY(!window.isVisible());
@@ -293,7 +344,7 @@ private Q_SLOTS:
         window.show();
         open(window, bunny());
         window.document().flipNormals();
-        DialogAnswer answer(QMessageBox::RejectRole);
+        DialogAnswer answer(EAnswer::Cancel);
         QVERIFY(!window.pane().controller()->close());
         QCOMPARE(answer.count(), 1);
         QVERIFY(window.pane().view());
@@ -304,7 +355,7 @@ private Q_SLOTS:
         MainWindow window;
         window.show();
         open(window, bunny());
-        DialogAnswer answer(QMessageBox::RejectRole);
+        DialogAnswer answer(EAnswer::Cancel);
         QVERIFY(window.close());
         QCOMPARE(answer.count(), 0);
     }

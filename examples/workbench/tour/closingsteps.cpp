@@ -10,22 +10,21 @@
 #include "tour/steps.h"
 #include "tour/tourguide.h"
 
-#include <QMessageBox>
-#include <QPushButton>
+#include <QAbstractButton>
+#include <QDialog>
 
 #include <functional>
 
 namespace Workbench {
 namespace {
 
-void click(QDialog &dialog, QMessageBox::ButtonRole role)
+const char *const cancelButton = "button1";
+const char *const discardButton = "button2";
+
+/// Answers the question about changes.
+void click(QDialog &dialog, const char *button)
 {
-    const auto &box = static_cast<QMessageBox &>(dialog);
-    const QList<QAbstractButton *> buttons = box.buttons();
-    for (QAbstractButton *button : buttons) {
-        if (box.buttonRole(button) == role)
-            button->click();
-    }
+    dialog.findChild<QAbstractButton *>(QLatin1String(button))->click();
 }
 
 /// Closes by @p close what has changes, and has second thoughts.
@@ -36,7 +35,7 @@ void refuseToClose(TourGuide &guide, const QString &title, const std::function<b
     guide.answerDialog([&](QDialog &dialog) {
         wasAsked = true;
         guide.finishWithPicture();
-        click(dialog, QMessageBox::RejectRole);
+        click(dialog, cancelButton);
     });
     guide.check(TourGuide::tr("it stays open"), !close());
     guide.check(TourGuide::tr("the user was asked"), wasAsked);
@@ -50,7 +49,7 @@ void refuseToClose(TourGuide &guide, const QString &title, const std::function<b
 void giveUpChanges(TourGuide &guide)
 {
     guide.begin(TourGuide::tr("Give up changes"));
-    guide.answerDialog([](QDialog &dialog) { click(dialog, QMessageBox::DestructiveRole); });
+    guide.answerDialog([](QDialog &dialog) { click(dialog, discardButton); });
     guide.check(TourGuide::tr("the user may do without them"), guide.controller().canShutdown());
     guide.check(TourGuide::tr("there is nothing to ask about any more"),
                 !guide.window().document().isModified());

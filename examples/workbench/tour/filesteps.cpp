@@ -6,7 +6,6 @@
 #include "mainwindow.h"
 #include "mesh/meshreader.h"
 #include "meshdocument.h"
-#include "messagebanner.h"
 #include "tour/steps.h"
 #include "tour/tourguide.h"
 
@@ -14,6 +13,7 @@
 #include <QDialog>
 #include <QLineEdit>
 #include <QTemporaryDir>
+#include <QWindow>
 
 #include <algorithm>
 
@@ -35,8 +35,13 @@ void refuse(TourGuide &guide, const QString &title, const QString &path)
     const int faces = guide.mesh().faces.size();
     const QString originalPath = window.document().filePath();
     guide.openAndWait(path);
-    const QString message = window.banner().message();
-    guide.check(TourGuide::tr("the window shows a message"), window.banner().isVisible());
+    QDialog *const dialog = window.problem();
+    guide.check(TourGuide::tr("a dialog tells of the problem"), dialog && guide.waitUntil([dialog] {
+        return dialog->windowHandle()->isExposed();
+    }));
+    if (!dialog)
+        return;
+    const QString message = dialog->accessibleName();
     guide.check(TourGuide::tr("the message names the file"), message.startsWith(path));
     guide.check(TourGuide::tr("the message is a sentence with a reason"),
                 message.endsWith(QLatin1Char('.')) && message.size() > path.size() + 10);
@@ -44,9 +49,9 @@ void refuse(TourGuide &guide, const QString &title, const QString &path)
                 guide.mesh().faces.size() == faces && window.document().filePath() == originalPath);
     guide.finishWithPicture();
 
-    window.banner().findChild<QAbstractButton *>(QStringLiteral("dismiss"))->click();
+    dialog->findChild<QAbstractButton *>(QStringLiteral("button1"))->click();
     guide.settle();
-    guide.check(TourGuide::tr("the message can be dismissed"), !window.banner().isVisible());
+    guide.check(TourGuide::tr("the dialog can be closed"), !window.problem());
 }
 
 void refuseBadFiles(TourGuide &guide)

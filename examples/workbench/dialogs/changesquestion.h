@@ -12,10 +12,11 @@ namespace Workbench {
 enum class EChanges {
     Save,
     Discard,
-    Keep ///< the user goes on with them
+    Keep ///< the user goes on with them, or the window has died
 };
 
-/// Asks the user, in a dialog over @p window, what shall become of his changes to @p fileName.
+/// Asks the user, in a dialog over @p window, what shall become of his changes to @p fileName. Its
+/// buttons are Cancel, Discard and Save As; what closes it otherwise keeps the changes.
 EChanges askAboutChanges(QWidget *window, const QString &fileName);
 
 } // namespace Workbench
