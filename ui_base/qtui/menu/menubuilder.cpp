@@ -33,6 +33,41 @@ static QSharedPointer<Object> Share(Object *object)
                                   [guard = QPointer<Object>(object)](Object *) { delete guard; });
 }
 
+/// The nearest length that a widget can be given. QWIDGETSIZE_MAX itself stands for no limit.
+static int Extent(int length)
+{
+    return qBound(0, length, QWIDGETSIZE_MAX - 1);
+}
+
+/// The text of an item without the mark of its key.
+static QString NameOf(const QToolButton *button)
+{
+    return QAction(button->text()).iconText();
+}
+
+/// Adds the actions of @p menu to @p actions, each followed by those of its own menu. An action may
+/// show a menu that it also stands in.
+static void CollectActions(const QMenu *menu, QVector<const QMenu *> &seen,
+                           QVector<QAction *> &actions)
+{
+    if (!menu || seen.contains(menu))
+        return;
+    seen << menu;
+    const QList<QAction *> own = menu->actions();
+    for (QAction *action : own) {
+        actions << action;
+        CollectActions(action->menu(), seen, actions);
+    }
+}
+
+static QVector<QAction *> WithSubActions(const QMenu *menu)
+{
+    QVector<const QMenu *> seen;
+    QVector<QAction *> actions;
+    CollectActions(menu, seen, actions);
+    return actions;
+}
+
 static bool IsInMirror(QAction::MenuRole role)
 {
     return role != QAction::AboutRole && role != QAction::PreferencesRole
@@ -157,7 +192,9 @@ void MenuBuilderPrivate::Place(QToolButton *button, bool append, int index)
     else
         layout->insertWidget(index, button, 0, {});
     q->adjustSize();
-    itemWidth = std::max(itemWidth, button->width());
+    // Where the layout did not come to the button yet, its width tells nothing of its text.
+    const int wanted = button->sizeHint().boundedTo(button->maximumSize()).width();
+    itemWidth = std::max({itemWidth, button->width(), wanted});
 }
 
 void MenuBuilderPrivate::Drop(QToolButton *button)
@@ -183,13 +220,13 @@ void MenuBuilderPrivate::SetMenuBarIconOnlySizePolicy(const QSize &size)
 {
     if (size.isEmpty())
         return;
-    q->setMinimumWidth(size.width() + 4);
+    q->setMinimumWidth(Extent(size.width() + 4));
     q->updateGeometry();
 }
 
 void MenuBuilderPrivate::SetMenuBarTextOnlySizePolicy(int width)
 {
-    q->setMinimumWidth(std::max(0, width));
+    q->setMinimumWidth(Extent(width));
     q->updateGeometry();
 }
 
@@ -206,6 +243,7 @@ QMenu *MenuBuilderPrivate::MenuFor(QToolButton *button, bool &isNew)
     if (isNew) {
         menu = new QMenu(button);
         menu->setFocusPolicy(Qt::NoFocus);
+        menu->setAccessibleName(NameOf(button));
     }
     return menu;
 }
@@ -262,32 +300,24 @@ QMenu *MenuBuilderPrivate::AddActionForSubMenu(QMenu *menu, const QString &title
 
 QMenu *MenuBuilderPrivate::FindMenu(QMenu *menu, const QString &title) const
 {
-    if (!menu || title.isEmpty())
+    if (title.isEmpty())
         return nullptr;
-    const QList<QAction *> actions = menu->actions();
+    const QVector<QAction *> actions = WithSubActions(menu);
     for (const QAction *action : actions) {
-        if (!action->menu())
-            continue;
-        if (action->menu()->title() == title)
+        if (action->menu() && action->menu()->title() == title)
             return action->menu();
-        if (QMenu *found = FindMenu(action->menu(), title))
-            return found;
     }
     return nullptr;
 }
 
 QAction *MenuBuilderPrivate::FindAction(QMenu *menu, const QString &text) const
 {
-    if (!menu || text.isEmpty())
+    if (text.isEmpty())
         return nullptr;
-    const QList<QAction *> actions = menu->actions();
-    for (QAction *action : actions) {
-        if (action->text() == text)
-            return action;
-        if (QAction *found = FindAction(action->menu(), text))
-            return found;
-    }
-    return nullptr;
+    const QVector<QAction *> actions = WithSubActions(menu);
+    const auto found = std::find_if(actions.cbegin(), actions.cend(),
+                                    [&text](const QAction *each) { return each->text() == text; });
+    return found == actions.cend() ? nullptr : *found;
 }
 
 MenuBuilder::MenuBuilder(const QString &name, QMainWindow *mainWindow, QWidget *parent,
@@ -444,7 +474,7 @@ bool MenuBuilder::AddMenuBarToggleTextItem(const QString &name, const QString &s
     const QSharedPointer<QToolButton> button = GetMenuBarItem(name);
     SetMenuItemButtonStyle(name, Qt::ToolButtonTextOnly);
     SetMenuItemStyleSheet(name, styleSheet);
-    button->setFixedHeight(std::max(0, height));
+    button->setFixedHeight(Extent(height));
     button->setCursor(Qt::PointingHandCursor);
     return true;
 }
@@ -454,7 +484,7 @@ bool MenuBuilder::AddSeparator(bool horizontal, int length)
     Q_D(MenuBuilder);
     if (!d->layout)
         return false;
-    const int extent = std::max(0, length);
+    const int extent = Extent(length);
     auto *line = new QLabel;
     line->setFixedSize(horizontal ? QSize(extent, 1) : QSize(1, extent));
     d->layout->addWidget(line, 0, {});
@@ -677,9 +707,9 @@ void MenuBuilder::setFixedMenuWidth(const QString &text, int width)
     if (!button)
         return;
     if (width > 0)
-        button->setMinimumWidth(width);
+        button->setMinimumWidth(Extent(width));
     if (QMenu *menu = d->menuManager->GetMenu(button))
-        menu->setFixedWidth(std::max(width, button->width()));
+        menu->setFixedWidth(std::max(Extent(width), button->width()));
 }
 
 } // namespace Vela::UiBase

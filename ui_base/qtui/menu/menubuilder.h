@@ -53,7 +53,8 @@ struct AppMenuToggleItemSpecifier
 
 /// A menu bar of tool buttons, for use in place of QMenuBar where the bar shows icons, floats over a
 /// main window, or has menus that open under the pointer; see LumoMenuManager. Items are addressed by
-/// their text, which is unique in a bar.
+/// their text, which is unique in a bar; a text with an ampersand, as "&File", makes Alt and that
+/// letter a press of the item. The text is also the name for assistive tools, of an icon too.
 ///
 /// Whatever names an item that is not there returns false or null. The bar takes no focus. It owns
 /// items, menus and actions made from specifiers; actions that are handed in stay the caller's. Two
@@ -123,7 +124,8 @@ public:
     /// @param height of the item in logical pixels
     bool AddMenuBarToggleTextItem(const QString &name, const QString &styleSheet,
                                   const QString &tooltip, const char *slot, int height);
-    /// Adds a line, one pixel thick and @p length long. Returns true.
+    /// Adds an empty QLabel, one pixel thick and @p length long, between the items. Style sheets give it
+    /// the colour of a line. Returns true.
     bool AddSeparator(bool horizontal, int length);
 
     /// The item of this name; null when there is none.

@@ -10,6 +10,7 @@
 
 #include <lumo_common_res/Styles>
 
+#include <QAccessible>
 #include <QButtonGroup>
 #include <QLabel>
 #include <QMainWindow>
@@ -18,8 +19,11 @@
 #include <QPixmap>
 #include <QPointer>
 #include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTimer>
 #include <QToolButton>
 
+#include <limits>
 #include <memory>
 
 using namespace Lumo::Test;
@@ -74,6 +78,19 @@ QStringList list(const char *joined)
     return QString::fromLatin1(joined).split(QLatin1Char(' '), Qt::SkipEmptyParts);
 }
 
+// What it watched when an event of this test came.
+class EventNotes : public QObject
+{
+public:
+    bool eventFilter(QObject *object, QEvent *event) override
+    {
+        if (event->type() == QEvent::User)
+            watched << object;
+        return false;
+    }
+    QList<QObject *> watched;
+};
+
 } // namespace
 
 class TestMenuBuilder : public TestCase
@@ -97,6 +114,17 @@ private Q_SLOTS:
     void separatorIsAThinLine();
     void itemWidthNeverShrinks();
     void positionWithoutItemsHasNoWidth();
+    void eachNewItemWritesTwoDebugLines();
+    void itemsAreFlatAndTakeNoFocus();
+    void itemsCanLookLikeASeparator();
+    void itemChangesBetweenIconAndText();
+    void toggleItemShowsTheIconOfItsFace_data();
+    void toggleItemShowsTheIconOfItsFace();
+    void sizeHelpersGiveTheBarAWidth();
+    void lengthsThatNoWidgetCanHaveAreCutOff();
+    void itemIsEnabledByItsText();
+    void filterWatchesItemsAndTheirMenus();
+    void iconsHaveANameForAssistiveTools();
 
     void specifiersFillAMenu();
     void emptyListStillStylesAndLinksAMenu();
@@ -106,12 +134,21 @@ private Q_SLOTS:
     void subMenuIsFoundByItsTitle();
     void subMenuStandsBeforeAnActionWithASeparator();
     void certainRolesStayOutOfMirrorMenus();
+    void mirrorMenusGetSubMenusToo();
+    void mirrorMenusKeepTheOrder();
+    void specifiersNameReceiverAndIcon();
+    void barWatchesTheMenusThatItFills();
+    void menusAreNamedByTheirItems();
+    void itemsAddedToARunningHoverBarOpen();
+    void aMenuThatStandsInItselfIsWalkedOnce();
+    void subclassesStyleItemsAndMenus();
     void appendedItemNeedsAStartedPlainBar();
     void changesKeepTheManagerStarted();
     void actionsAreFoundInSubMenus();
     void fixedMenuWidthIsAtLeastThatOfTheItem();
     void hidingTheBarHidesOpenMenus();
     void openMenusAreSeenInPlainMode();
+    void anInvisibleItemEndsTheWalks();
 
     void unknownNamesAreRefused();
     void unknownNameLeavesAnEntryThatWalksSkip();
@@ -121,6 +158,7 @@ private Q_SLOTS:
     void deletedItemIsDropped();
     void itemsHeldByOthersEndWithTheBar();
     void barWithoutInitializeRefusesEverything();
+    void lateInitializeMakesTheSameBar();
 };
 
 void TestMenuBuilder::virtualOperationsKeepTheirOrder()
@@ -313,14 +351,21 @@ void TestMenuBuilder::itemWidthNeverShrinks()
     QMainWindow window;
     Bar bar(&window);
     QVERIFY(bar.add(QStringLiteral("An item with a very long text that needs much room")));
+    window.show();
+    QVERIFY(bar.add(QStringLiteral("Another item with a text that is longer than all others")));
     const int widest = bar.state().itemWidth;
-    QVERIFY(widest > 30);
-    QVERIFY(bar.add(File));
+    QVERIFY(widest > 200);
+    const auto button = bar.GetMenuBarItem(bar.state().menuBarItems.firstKey());
+    bar.SetMenuItemStyleSheet(bar.state().menuBarItems.firstKey(),
+                              QStringLiteral("QToolButton { font-size: 4px; padding: 0px; }"));
+    bar.adjustSize();
+    QVERIFY(button->sizeHint().width() < widest);
+    QVERIFY(bar.AddMenuBarItem(File, squareIcon(8), {}, {}, {}));
     QCOMPARE(bar.state().itemWidth, widest);
     QPoint position(3, 4);
     bar.SetMenuPosition(position);
     QCOMPARE(bar.pos(), position);
-    QCOMPARE(bar.width(), 2 * widest);
+    QCOMPARE(bar.width(), 3 * widest);
 }
 
 void TestMenuBuilder::positionWithoutItemsHasNoWidth()
@@ -330,6 +375,171 @@ void TestMenuBuilder::positionWithoutItemsHasNoWidth()
     QPoint position(0, 0);
     bar.SetMenuPosition(position);
     QCOMPARE(bar.width(), 0);
+}
+
+void TestMenuBuilder::eachNewItemWritesTwoDebugLines()
+{
+    QMainWindow window;
+    Bar bar(&window);
+    QStringList lines;
+    static QStringList *written = nullptr;
+    written = &lines;
+    const QtMessageHandler before =
+        qInstallMessageHandler([](QtMsgType type, const QMessageLogContext &, const QString &text) {
+            if (type == QtDebugMsg)
+                *written << text;
+        });
+    bar.add(File);
+    bar.add(Edit);
+    bar.add(Edit);
+    qInstallMessageHandler(before);
+    QCOMPARE(lines, list("\"File\" 1 \"Edit\" 2 \"Edit\""));
+}
+
+void TestMenuBuilder::itemsAreFlatAndTakeNoFocus()
+{
+    QMainWindow window;
+    Bar bar(&window);
+    QVERIFY(bar.add(File));
+    const auto button = bar.GetMenuBarItem(File);
+    QCOMPARE(button->focusPolicy(), Qt::NoFocus);
+    QCOMPARE(button->objectName(), File);
+    QCOMPARE(button->popupMode(), QToolButton::InstantPopup);
+    QVERIFY(button->testAttribute(Qt::WA_TranslucentBackground));
+    QVERIFY(!button->autoFillBackground());
+    QVERIFY(!button->isCheckable());
+    QCOMPARE(button->sizePolicy().horizontalPolicy(), QSizePolicy::MinimumExpanding);
+    QCOMPARE(button->sizePolicy().verticalPolicy(), QSizePolicy::Fixed);
+    QCOMPARE(button->maximumWidth(), QWIDGETSIZE_MAX);
+}
+
+void TestMenuBuilder::itemsCanLookLikeASeparator()
+{
+    QMainWindow window;
+    Bar bar(&window);
+    QVERIFY(bar.add(File));
+    QSharedPointer<QToolButton> button = bar.GetMenuBarItem(File);
+    button->setCheckable(true);
+    button->setAutoFillBackground(true);
+    bar.SetMenuBarItemStyle(button, true);
+    QCOMPARE(button->styleSheet(), Styles::Instance().Separator());
+    QVERIFY(!button->isCheckable());
+    QVERIFY(!button->autoFillBackground());
+}
+
+void TestMenuBuilder::itemChangesBetweenIconAndText()
+{
+    QMainWindow window;
+    Bar bar(&window, Qt::ToolButtonIconOnly);
+    QVERIFY(bar.AddMenuBarItem(File, squareIcon(32), {}, {}, {}));
+    const auto button = bar.GetMenuBarItem(File);
+    bar.SetMenuItemButtonStyle(File, Qt::ToolButtonTextBesideIcon);
+    QCOMPARE(button->toolButtonStyle(), Qt::ToolButtonTextBesideIcon);
+    QCOMPARE(button->minimumWidth(), 50);
+    QCOMPARE(button->maximumWidth(), QWIDGETSIZE_MAX);
+    bar.SetMenuItemButtonStyle(File, Qt::ToolButtonIconOnly);
+    QCOMPARE(button->toolButtonStyle(), Qt::ToolButtonIconOnly);
+    QCOMPARE(button->minimumSize(), QSize(36, 36));
+    QCOMPARE(button->maximumSize(), QSize(36, 36));
+    QCOMPARE(button->sizePolicy().horizontalPolicy(), QSizePolicy::Fixed);
+}
+
+void TestMenuBuilder::toggleItemShowsTheIconOfItsFace_data()
+{
+    QTest::addColumn<bool>("isActive");
+    QTest::newRow("active") << true;
+    QTest::newRow("inactive") << false;
+}
+
+void TestMenuBuilder::toggleItemShowsTheIconOfItsFace()
+{
+    QFETCH(bool, isActive);
+    const QTemporaryDir folder;
+    const QString red = folder.filePath(QStringLiteral("red.png"));
+    const QString small = folder.filePath(QStringLiteral("small.png"));
+    QVERIFY(squareIcon(32).pixmap(32).save(red) && squareIcon(8).pixmap(8).save(small));
+    QMainWindow window;
+    Bar bar(&window, Qt::ToolButtonIconOnly);
+    const auto spec = QSharedPointer<AppMenuToggleItemSpecifier>::create();
+    spec->isActive = isActive;
+    spec->activeIcon = red;
+    spec->inactiveIcon = small;
+    QVERIFY(bar.AddMenuBarToggleItem(File, spec, {}, {}));
+    const auto button = bar.GetMenuBarItem(File);
+    QCOMPARE(button->iconSize(), isActive ? QSize(32, 32) : QSize(8, 8));
+    // The face stays until the caller changes it.
+    spec->isActive = !isActive;
+    QCOMPARE(button->iconSize(), isActive ? QSize(32, 32) : QSize(8, 8));
+    QVERIFY(!bar.AddMenuBarToggleItem(File, spec, {}, {}));
+}
+
+void TestMenuBuilder::sizeHelpersGiveTheBarAWidth()
+{
+    QMainWindow window;
+    Bar bar(&window);
+    bar.state().SetMenuBarIconOnlySizePolicy(QSize(20, 10));
+    QCOMPARE(bar.minimumWidth(), 24);
+    bar.state().SetMenuBarIconOnlySizePolicy(QSize(30, 0));
+    QCOMPARE(bar.minimumWidth(), 24);
+    bar.state().SetMenuBarTextOnlySizePolicy(77);
+    QCOMPARE(bar.minimumWidth(), 77);
+}
+
+void TestMenuBuilder::lengthsThatNoWidgetCanHaveAreCutOff()
+{
+    const int tooMuch = std::numeric_limits<int>::max();
+    QMainWindow window;
+    Bar bar(&window);
+    QVERIFY(bar.add(Edit));
+    QVERIFY(bar.AddDropDownMenu(Edit, {nullptr}, nullptr));
+    bar.setFixedMenuWidth(Edit, tooMuch);
+    QCOMPARE(bar.GetMenuBarItem(Edit)->minimumWidth(), QWIDGETSIZE_MAX - 1);
+    bar.setFixedMenuWidth(Edit, -7);
+    QCOMPARE(bar.menu(Edit)->minimumWidth(), bar.GetMenuBarItem(Edit)->width());
+    QVERIFY(bar.AddMenuBarToggleTextItem(File, {}, {}, nullptr, tooMuch));
+    QVERIFY(bar.AddSeparator(false, tooMuch));
+    bar.state().SetMenuBarTextOnlySizePolicy(tooMuch);
+    bar.state().SetMenuBarTextOnlySizePolicy(-1);
+    QCOMPARE(bar.minimumWidth(), 0);
+    QVERIFY(bar.AddMenuBarToggleTextItem(QStringLiteral("flat"), {}, {}, nullptr, -1));
+    QCOMPARE(bar.GetMenuBarItem(QStringLiteral("flat"))->maximumHeight(), 0);
+}
+
+void TestMenuBuilder::itemIsEnabledByItsText()
+{
+    QMainWindow window;
+    Bar bar(&window);
+    QVERIFY(bar.add(File) && bar.add(Edit));
+    bar.SetButtonEnabled(File, false);
+    QVERIFY(!bar.GetMenuBarItem(File)->isEnabled());
+    QVERIFY(bar.GetMenuBarItem(Edit)->isEnabled());
+    bar.SetButtonEnabled(File, true);
+    QVERIFY(bar.GetMenuBarItem(File)->isEnabled());
+}
+
+void TestMenuBuilder::filterWatchesItemsAndTheirMenus()
+{
+    QMainWindow window;
+    Bar bar(&window);
+    QVERIFY(bar.add(File) && bar.add(Edit));
+    QVERIFY(bar.AddDropDownMenu(File, {nullptr}, nullptr));
+    bar.Start();
+    EventNotes notes;
+    bar.InstallEventFilter(&notes);
+    QEvent event(QEvent::User);
+    QCoreApplication::sendEvent(bar.GetMenuBarItem(Edit).data(), &event);
+    QCoreApplication::sendEvent(bar.menu(File), &event);
+    QCOMPARE(notes.watched, (QList<QObject *> {bar.GetMenuBarItem(Edit).data(), bar.menu(File)}));
+    bar.InstallEventFilter(nullptr);
+}
+
+void TestMenuBuilder::iconsHaveANameForAssistiveTools()
+{
+    QMainWindow window;
+    Bar bar(&window, Qt::ToolButtonIconOnly);
+    QVERIFY(bar.AddMenuBarItem(QStringLiteral("&File"), squareIcon(8), {}, {}, {}));
+    const auto button = bar.GetMenuBarItem(QStringLiteral("&File"));
+    QCOMPARE(QAccessible::queryAccessibleInterface(button.data())->text(QAccessible::Name), File);
 }
 
 void TestMenuBuilder::specifiersFillAMenu()
@@ -450,6 +660,175 @@ void TestMenuBuilder::certainRolesStayOutOfMirrorMenus()
     QCOMPARE(native.actions(), QList<QAction *> {mirror.menuAction()});
 }
 
+void TestMenuBuilder::mirrorMenusGetSubMenusToo()
+{
+    QMainWindow window;
+    QMenu mirror;
+    Bar bar(&window);
+    QVERIFY(bar.add(File));
+    bar.state().mirrorMenus[File] = &mirror;
+    QAction last(QStringLiteral("z"));
+    QAction deep(QStringLiteral("deep"));
+    QAction about(QStringLiteral("about"));
+    about.setMenuRole(QAction::AboutRole);
+    QVERIFY(bar.AddDropDownMenu(File, {&last}, nullptr));
+    QVERIFY(bar.AddSubMenu(File, Edit, {&deep, nullptr, &about}, &last, true));
+    QCOMPARE(texts(bar.menu(File)), list("Edit - z"));
+    QCOMPARE(texts(&mirror), list("Edit - z"));
+    QCOMPARE(texts(bar.state().FindMenu(bar.menu(File), Edit)), list("deep - about"));
+    QCOMPARE(texts(bar.state().FindMenu(&mirror, Edit)), list("deep -"));
+
+    QList<AppMenuItemSpecifier> specs {entry(QStringLiteral("a")), entry({})};
+    QVERIFY(bar.AddSubMenu(File, QStringLiteral("More"), specs));
+    QCOMPARE(texts(bar.state().FindMenu(bar.menu(File), QStringLiteral("More"))), list("a -"));
+    QCOMPARE(texts(bar.state().FindMenu(&mirror, QStringLiteral("More"))), list("a"));
+}
+
+void TestMenuBuilder::mirrorMenusKeepTheOrder()
+{
+    QMainWindow window;
+    QMenu mirror;
+    Bar bar(&window);
+    QVERIFY(bar.add(File));
+    bar.state().mirrorMenus[File] = &mirror;
+    QAction first(QStringLiteral("a"));
+    QAction last(QStringLiteral("z"));
+    QVERIFY(bar.AddDropDownMenu(File, {&last}, nullptr));
+    QVERIFY(bar.AddDropDownMenu(File, {&first, nullptr}, &last));
+    QCOMPARE(texts(&mirror), list("a - z"));
+}
+
+void TestMenuBuilder::specifiersNameReceiverAndIcon()
+{
+    QMainWindow window;
+    QWidget receiver;
+    Bar bar(&window);
+    QVERIFY(bar.add(File));
+    AppMenuItemSpecifier spec = entry(QStringLiteral("a"), SLOT(hide()));
+    spec.receiver = &receiver;
+    spec.iconName = QStringLiteral("icon_close");
+    QList<AppMenuItemSpecifier> specs {spec};
+    QVERIFY(bar.AddDropDownMenu(File, specs));
+    window.show();
+    receiver.show();
+    QAction *action = bar.FindAction(File, spec.text);
+    action->trigger();
+    QVERIFY(window.isVisible());
+    QVERIFY(!receiver.isVisible());
+    QCOMPARE(action->parent(), &bar);
+    QCOMPARE(action->menuRole(), QAction::TextHeuristicRole);
+}
+
+void TestMenuBuilder::barWatchesTheMenusThatItFills()
+{
+    struct Watcher : Bar
+    {
+        using Bar::Bar;
+        bool eventFilter(QObject *watched, QEvent *event) override
+        {
+            if (event->type() == QEvent::User)
+                seen << watched;
+            return Bar::eventFilter(watched, event);
+        }
+        QList<QObject *> seen;
+    };
+    QMainWindow window;
+    Watcher bar(&window);
+    QVERIFY(bar.add(File) && bar.add(Edit));
+    QList<AppMenuItemSpecifier> specs {entry(QStringLiteral("a"))};
+    QVERIFY(bar.AddDropDownMenu(File, specs));
+    QVERIFY(bar.AddDropDownMenu(Edit, {nullptr}, nullptr));
+    QVERIFY(bar.AddSubMenu(Edit, QStringLiteral("Sub"), specs));
+    QMenu *sub = bar.state().FindMenu(bar.menu(Edit), QStringLiteral("Sub"));
+    for (QMenu *menu : {bar.menu(File), bar.menu(Edit), sub}) {
+        QEvent event(QEvent::User);
+        QCoreApplication::sendEvent(menu, &event);
+    }
+    QCOMPARE(bar.seen, (QList<QObject *> {bar.menu(File), bar.menu(Edit), sub}));
+}
+
+void TestMenuBuilder::menusAreNamedByTheirItems()
+{
+    QMainWindow window;
+    Bar bar(&window);
+    const QString name = QStringLiteral("&File");
+    QVERIFY(bar.add(name));
+    QVERIFY(bar.AddDropDownMenu(name, {nullptr}, nullptr));
+    QCOMPARE(QAccessible::queryAccessibleInterface(bar.menu(name))->text(QAccessible::Name), File);
+}
+
+void TestMenuBuilder::itemsAddedToARunningHoverBarOpen()
+{
+    QMainWindow window;
+    Bar bar(&window, Qt::ToolButtonTextOnly, true);
+    QVERIFY(bar.add(File));
+    bar.Start();
+    window.show();
+    QVERIFY(bar.add(Edit));
+    QList<AppMenuItemSpecifier> specs {entry(QStringLiteral("a"))};
+    QVERIFY(bar.AddDropDownMenu(Edit, specs));
+    QVERIFY(bar.AddDropDownMenu(File, {nullptr}, nullptr));
+    for (const QString &name : {Edit, File}) {
+        QEvent enter(QEvent::Enter);
+        QCoreApplication::sendEvent(bar.GetMenuBarItem(name).data(), &enter);
+        QVERIFY(bar.menu(name)->isVisible());
+    }
+    QVERIFY(!bar.menu(Edit)->isVisible());
+    QVERIFY(bar.AddSubMenu(Edit, QStringLiteral("Sub"), specs));
+    QTimer *timer = bar.state().menuManager->findChild<QTimer *>();
+    timer->stop();
+    QEvent leave(QEvent::Leave);
+    QCoreApplication::sendEvent(bar.state().FindMenu(bar.menu(Edit), QStringLiteral("Sub")),
+                                &leave);
+    QVERIFY(timer->isActive());
+}
+
+void TestMenuBuilder::aMenuThatStandsInItselfIsWalkedOnce()
+{
+    QMainWindow window;
+    Bar bar(&window, Qt::ToolButtonTextOnly, true);
+    QVERIFY(bar.add(File));
+    QVERIFY(bar.AddDropDownMenu(File, {nullptr}, nullptr));
+    bar.menu(File)->addAction(bar.menu(File)->menuAction());
+    QVERIFY(!bar.FindAction(File, Edit));
+    QVERIFY(!bar.state().FindMenu(bar.menu(File), Edit));
+    bar.Start();
+}
+
+void TestMenuBuilder::subclassesStyleItemsAndMenus()
+{
+    struct Styled : Bar
+    {
+        using Bar::Bar;
+        void SetMenuBarItemStyle(QSharedPointer<QToolButton> &button, bool) override
+        {
+            button->setStyleSheet(QStringLiteral("QToolButton { color: red; }"));
+        }
+        void SetMenuBarItemButtonStyle(QSharedPointer<QToolButton> &, Qt::ToolButtonStyle) override
+        {
+            ++sizes;
+        }
+        void SetDropDownMenuStyle(QMenu *menu) override { styled << menu; }
+        int sizes = 0;
+        QList<QMenu *> styled;
+    };
+    QMainWindow window;
+    Styled bar(&window);
+    QVERIFY(bar.add(File));
+    QCOMPARE(bar.GetMenuBarItem(File)->styleSheet(), QStringLiteral("QToolButton { color: red; }"));
+    bar.SetMenuItemButtonStyle(File, Qt::ToolButtonIconOnly);
+    QCOMPARE(bar.sizes, 1);
+    QList<AppMenuItemSpecifier> specs {entry(QStringLiteral("a"))};
+    QVERIFY(bar.AddDropDownMenu(File, specs));
+    QVERIFY(bar.AddDropDownMenu(File, {nullptr}, nullptr));
+    QVERIFY(bar.AddSubMenu(File, QStringLiteral("one"), specs));
+    QVERIFY(bar.AddSubMenu(File, QStringLiteral("two"), {nullptr}, nullptr, false));
+    QMenu *menu = bar.menu(File);
+    QCOMPARE(bar.styled,
+             (QList<QMenu *> {menu, menu, bar.state().FindMenu(menu, QStringLiteral("one")),
+                              bar.state().FindMenu(menu, QStringLiteral("two"))}));
+}
+
 void TestMenuBuilder::appendedItemNeedsAStartedPlainBar()
 {
     QMainWindow window;
@@ -538,6 +917,22 @@ void TestMenuBuilder::openMenusAreSeenInPlainMode()
     bar.menu(File)->hide();
     QCursor::setPos(bar.GetMenuBarItem(File)->mapToGlobal(QPoint(3, 3)));
     QVERIFY(!bar.CanHide());
+}
+
+void TestMenuBuilder::anInvisibleItemEndsTheWalks()
+{
+    QMainWindow window;
+    Bar bar(&window);
+    QVERIFY(bar.add(QStringLiteral("a")) && bar.add(QStringLiteral("b")));
+    QVERIFY(bar.AddDropDownMenu(QStringLiteral("b"), {nullptr}, nullptr));
+    bar.Start();
+    window.show();
+    bar.menu(QStringLiteral("b"))->show();
+    QVERIFY(!bar.CanHide());
+    QVERIFY(bar.IsMenuVisible());
+    bar.GetMenuBarItem(QStringLiteral("a"))->hide();
+    QVERIFY(bar.CanHide());
+    QVERIFY(!bar.IsMenuVisible());
 }
 
 void TestMenuBuilder::unknownNamesAreRefused()
@@ -653,6 +1048,26 @@ void TestMenuBuilder::barWithoutInitializeRefusesEverything()
     bar.Initialize(false);
     QVERIFY(bar.AddMenuBarItem(File, {}, {}, {}, {}));
     QVERIFY(!bar.GetMainWindow());
+}
+
+void TestMenuBuilder::lateInitializeMakesTheSameBar()
+{
+    struct Late : MenuBuilder
+    {
+        explicit Late(QMainWindow *window)
+            : MenuBuilder(*new MenuBuilderPrivate(File, window, window, Qt::ToolButtonTextOnly, {}),
+                          window)
+        {
+            MenuBuilder::Initialize(true);
+        }
+    };
+    QMainWindow window;
+    Late bar(&window);
+    QCOMPARE(bar.objectName(), File);
+    QCOMPARE(bar.focusPolicy(), Qt::NoFocus);
+    QCOMPARE(bar.GetMainWindow(), &window);
+    QVERIFY(bar.layout());
+    QVERIFY(bar.findChild<LumoMenuManager *>()->findChild<QTimer *>());
 }
 
 LUMO_TEST_MAIN(TestMenuBuilder)
