@@ -17,6 +17,8 @@
 #include "dialogs/aboutcommand.h"
 #include "dialogs/logcommand.h"
 #include "dialogs/messagelog.h"
+#include "image/imageviewcontroller.h"
+#include "image/openimagecommand.h"
 
 #include <lumo_app_service/ApplicationService>
 #include <ui_base/CommandBag>
@@ -49,10 +51,12 @@ std::shared_ptr<CommandGroup> makeGroup(const QString &name)
 
 } // namespace
 
-AppManager::AppManager(const std::shared_ptr<MeshDocument> &document, Chooser openChooser,
-                       Chooser saveChooser)
+AppManager::AppManager(const std::shared_ptr<MeshDocument> &document,
+                       const std::shared_ptr<ImageDocument> &images, Chooser openChooser,
+                       Chooser saveChooser, Chooser imageChooser)
     : m_log(MessageLog::make())
 {
+    m_commands.images = makeImageCommands(images, std::move(imageChooser));
     makeCommands(document, std::move(openChooser), std::move(saveChooser));
     makeDisplayCommands();
     makeGroups();
@@ -102,6 +106,7 @@ void AppManager::makeGroups()
 {
     m_commands.files = makeGroup(QStringLiteral("files"));
     addTo(*m_commands.files, m_commands.open);
+    addTo(*m_commands.files, m_commands.images.open);
     addTo(*m_commands.files, m_commands.save);
 
     m_commands.editing = makeGroup(QStringLiteral("editing"));
@@ -132,6 +137,11 @@ void AppManager::makeGroups()
 
 QList<CommandBase *> AppManager::commands(Vela::UiBase::CmdsViewController *controller)
 {
+    if (qobject_cast<ImageViewController *>(controller)) {
+        for (CommandBase *command : m_commands.images.ofTheView())
+            command->setViewController(controller);
+        return {m_commands.images.viewing.get()};
+    }
     if (!qobject_cast<MeshViewController *>(controller))
         return {};
     QList<CommandBase *> groups;

@@ -13,6 +13,7 @@
 
 namespace Workbench {
 
+class ImageDocument;
 class MeshDocument;
 class MessageLog;
 
@@ -24,8 +25,9 @@ public:
     /// Asks the user for a file; an empty path means that he changed his mind.
     using Chooser = std::function<QString()>;
 
-    AppManager(const std::shared_ptr<MeshDocument> &document, Chooser openChooser,
-               Chooser saveChooser);
+    AppManager(const std::shared_ptr<MeshDocument> &document,
+               const std::shared_ptr<ImageDocument> &images, Chooser openChooser,
+               Chooser saveChooser, Chooser imageChooser);
     ~AppManager() override;
 
     const CommandSet &commandSet() const { return m_commands; }
@@ -34,8 +36,8 @@ public:
 
     QString applicationName() const override;
 
-    /// All groups for the controller of the mesh, for which they work from now on; nothing for any
-    /// other.
+    /// The groups for the controller of the mesh, or the one for that of the image, for which they
+    /// work from now on; nothing for any other.
     QList<Vela::UiBase::CommandBase *> commands(
         Vela::UiBase::CmdsViewController *controller) override;
 

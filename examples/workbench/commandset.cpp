@@ -39,7 +39,11 @@ std::vector<CommandBase *> CommandSet::edits() const
 
 std::vector<BackgroundCommand *> CommandSet::background() const
 {
-    return {open.get(), save.get(), smooth.get(), subdivide.get()};
+    std::vector<BackgroundCommand *> commands {open.get(), save.get(), smooth.get(),
+                                               subdivide.get()};
+    for (BackgroundCommand *command : images.background())
+        commands.push_back(command);
+    return commands;
 }
 
 } // namespace Workbench

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "image/imagecommandset.h"
+
 #include <memory>
 #include <vector>
 
@@ -45,6 +47,7 @@ struct CommandSet
     std::shared_ptr<AboutCommand> about;
     std::vector<std::shared_ptr<DisplayModeCommand>> modes;
     std::vector<std::shared_ptr<AttributeCommand>> attributes;
+    ImageCommandSet images;
 
     std::shared_ptr<Vela::UiBase::CommandGroup> files;
     std::shared_ptr<Vela::UiBase::CommandGroup> editing;

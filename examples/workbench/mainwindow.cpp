@@ -18,6 +18,10 @@
 #include "dialogs/changesquestion.h"
 #include "dialogs/messagelog.h"
 #include "dialogs/problemdialog.h"
+#include "image/imagedocument.h"
+#include "image/imagepage.h"
+#include "image/imagereader.h"
+#include "image/openimagecommand.h"
 #include "mesh/meshreader.h"
 #include "meshdocument.h"
 #include "statusline.h"
@@ -53,11 +57,14 @@ QString nameOf(const Vela::UiBase::CommandBase &command)
 
 MainWindow::MainWindow()
     : m_document(std::make_shared<MeshDocument>())
+    , m_images(std::make_shared<ImageDocument>())
     , m_clock(std::make_shared<CommandClock>())
     , m_manager(std::make_unique<AppManager>(
-          m_document, [this] { return chooseFile(); }, [this] { return chooseTarget(); }))
+          m_document, m_images, [this] { return chooseFile(); }, [this] { return chooseTarget(); },
+          [this] { return chooseImage(); }))
     , m_bar(new CommandBar(commands()))
     , m_pane(new ViewPane(m_document))
+    , m_imagePage(new ImagePage(m_images, commands().images))
     , m_status(new StatusLine)
 {
     resize(QSize(1080, 700).boundedTo(screen()->availableSize() * 9 / 10));
@@ -65,6 +72,7 @@ MainWindow::MainWindow()
     buildLayout();
     buildMenus();
     connectDocument();
+    connectImages();
     connectClock();
     showTitle();
     updateEnabled();
@@ -76,6 +84,7 @@ MainWindow::~MainWindow()
     cancelRuns();
     disconnect(m_clock.get(), nullptr, this, nullptr);
     disconnect(m_document.get(), nullptr, this, nullptr);
+    disconnect(m_images.get(), nullptr, this, nullptr);
 }
 
 Vela::UiToolkit::TaskDialog *MainWindow::problem() const
@@ -85,7 +94,10 @@ Vela::UiToolkit::TaskDialog *MainWindow::problem() const
 
 void MainWindow::openFile(const QString &path)
 {
-    commands().open->open(path);
+    if (ImageReader::isImage(path))
+        commands().images.open->open(path);
+    else
+        commands().open->open(path);
 }
 
 void MainWindow::buildLayout()
@@ -96,6 +108,8 @@ void MainWindow::buildLayout()
     column->setSpacing(0);
     column->addWidget(m_bar);
     column->addWidget(m_pane, 1);
+    column->addWidget(m_imagePage, 1);
+    m_imagePage->hide();
     setCentralWidget(center);
     setStatusBar(m_status);
 }
@@ -104,6 +118,7 @@ void MainWindow::buildMenus()
 {
     QMenu *file = menuBar()->addMenu(tr("&File"));
     file->addAction(commands().open.get());
+    file->addAction(commands().images.open.get());
     file->addAction(commands().save.get());
     file->addSeparator();
     QAction *quit = file->addAction(tr("&Quit"), this, &QWidget::close);
@@ -135,20 +150,37 @@ void MainWindow::buildViewMenu()
 
 void MainWindow::connectDocument()
 {
-    connect(m_document.get(), &MeshDocument::meshChanged, this, &MainWindow::showMesh);
-    connect(m_document.get(), &MeshDocument::selectionChanged, this, &MainWindow::showMesh);
+    connect(m_document.get(), &MeshDocument::meshChanged, this, &MainWindow::showSizes);
+    connect(m_document.get(), &MeshDocument::selectionChanged, this, &MainWindow::showSizes);
     connect(m_document.get(), &MeshDocument::opened, this, &MainWindow::handleOpened);
     connect(m_document.get(), &MeshDocument::saved, this, &MainWindow::showTitle);
     connect(m_document.get(), &MeshDocument::problemReported, this, &MainWindow::tellProblem);
+    connect(m_document.get(), &MeshDocument::problemReported, this, &MainWindow::reportProblem);
+}
+
+void MainWindow::connectImages()
+{
+    connect(m_images.get(), &ImageDocument::opened, this, &MainWindow::handleImageOpened);
+    connect(m_images.get(), &ImageDocument::problemReported, this, &MainWindow::reportProblem);
+    connect(m_imagePage, &ImagePage::closeRequested, this, [this] { showImage(false); });
+}
+
+void MainWindow::reportProblem(const QString &text)
+{
+    m_banner->showMessage(text);
+    std::fprintf(stderr, "workbench: %s\n", text.toLocal8Bit().constData());
 }
 
 void MainWindow::connectClock()
 {
     for (Vela::UiBase::CommandBase *command : commands().all())
         CommandClock::watch(m_clock, *command);
+    for (Vela::UiBase::CommandBase *command : commands().images.ofTheView())
+        CommandClock::watch(m_clock, *command);
     connect(m_clock.get(), &CommandClock::began, this, [this](const auto *command) {
         m_status->showRunning(nameOf(*command));
         commands().open->setEnabled(!commands().open->isRunning());
+        commands().images.open->setEnabled(!commands().images.open->isRunning());
     });
     connect(m_clock.get(), &CommandClock::ended, this, &MainWindow::handleEnded);
 }
@@ -170,6 +202,15 @@ QString MainWindow::chooseTarget()
     dialog.setDefaultSuffix(QStringLiteral("obj"));
     dialog.selectFile(file.completeBaseName() + QStringLiteral(".obj"));
     return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+}
+
+QString MainWindow::chooseImage()
+{
+    const QString endings =
+        QStringLiteral("*.") + ImageReader::suffixes().join(QLatin1String(" *."));
+    return QFileDialog::getOpenFileName(this, tr("Open an image"),
+                                        QFileInfo(m_images->filePath()).path(),
+                                        tr("Images (%1);;All files (*)").arg(endings));
 }
 
 /// Whether nothing is lost by closing the view, or the user wants it so.
@@ -207,6 +248,14 @@ void MainWindow::handleOpened()
     delete m_problem.data();
     showTitle();
     updateEnabled();
+    m_banner->dismiss();
+    showImage(false);
+}
+
+void MainWindow::handleImageOpened()
+{
+    m_banner->dismiss();
+    showImage(true);
 }
 
 void MainWindow::handleEnded(Vela::UiBase::CommandBase *command, qint64 microseconds)
@@ -221,15 +270,40 @@ void MainWindow::handleEnded(Vela::UiBase::CommandBase *command, qint64 microsec
         close();
 }
 
-void MainWindow::showMesh()
+bool MainWindow::isShowingImage() const
 {
-    m_status->showMesh(m_document->mesh(), m_document->selection().size());
+    return !m_imagePage->isHidden();
+}
+
+/// Lets the image take the place of the mesh, or the other way round.
+void MainWindow::showImage(bool show)
+{
+    // The one that comes takes the focus when it is shown.
+    if (show) {
+        m_pane->hide();
+        m_imagePage->show();
+    } else {
+        m_imagePage->hide();
+        m_pane->show();
+    }
+    showTitle();
+    showSizes();
+    updateEnabled();
+}
+
+void MainWindow::showSizes()
+{
+    if (isShowingImage())
+        m_status->showImage(m_images->image().size());
+    else
+        m_status->showMesh(m_document->mesh(), m_document->selection().size());
     setWindowModified(m_document->isModified());
 }
 
 void MainWindow::showTitle()
 {
-    const QString file = QFileInfo(m_document->filePath()).fileName();
+    const QString file =
+        QFileInfo(isShowingImage() ? m_images->filePath() : m_document->filePath()).fileName();
     const QString name = m_manager->applicationName();
     setWindowTitle(file.isEmpty() ? name : tr("%1[*] - %2").arg(file, name));
     setWindowModified(m_document->isModified());
@@ -238,14 +312,21 @@ void MainWindow::showTitle()
 void MainWindow::updateEnabled()
 {
     const CommandSet &all = commands();
-    const bool hasMesh = !m_document->isEmpty();
+    // What can't be seen is not to be changed.
+    const bool isMeshShown = !isShowingImage();
+    const bool hasMesh = isMeshShown && !m_document->isEmpty();
     const bool isEditing = all.smooth->isRunning() || all.subdivide->isRunning();
     for (Vela::UiBase::CommandBase *command : all.edits())
         command->setEnabled(hasMesh && !isEditing);
     for (QAction *action : std::initializer_list<QAction *> {all.save.get(), all.pick.get(),
                                                              all.showAll.get(), all.compare.get()})
         action->setEnabled(hasMesh);
+    for (const auto &mode : all.modes)
+        mode->setEnabled(isMeshShown);
+    for (const auto &attribute : all.attributes)
+        attribute->setEnabled(isMeshShown);
     all.open->setEnabled(!all.open->isRunning());
+    all.images.open->setEnabled(!all.images.open->isRunning());
 }
 
 /// The context of a run that ended is about to put back what the commands looked like when it began.

@@ -14,6 +14,8 @@ namespace Workbench {
 
 class CommandBar;
 class CommandClock;
+class ImageDocument;
+class ImagePage;
 class MeshDocument;
 class MeshViewController;
 class StatusLine;
@@ -21,6 +23,9 @@ class ViewPane;
 
 /// The window: menus and a strip of commands, the view and the status line. A dialog tells of a
 /// problem until it is closed or a file is opened.
+
+/// The window: menus and a strip of commands, a banner for problems, the view of the mesh or an
+/// image in its place, and the status line.
 ///
 /// Closing it asks about unsaved changes. During a run it then cancels the run, takes the window
 /// from the screen at once and lets it close when the run has ended, so that no work is left when
@@ -33,18 +38,20 @@ public:
     MainWindow();
     ~MainWindow() override;
 
-    /// Begins to open the file at @p path.
+    /// Begins to open the mesh or, by the ending of its name, the image at @p path.
     void openFile(const QString &path);
 
     const CommandSet &commands() const { return m_manager->commandSet(); }
     const std::shared_ptr<MessageLog> &log() const { return m_manager->log(); }
     CommandClock &clock() const { return *m_clock; }
     MeshDocument &document() const { return *m_document; }
+    ImageDocument &images() const { return *m_images; }
     CommandBar &bar() const { return *m_bar; }
     StatusLine &statusLine() const { return *m_status; }
     ViewPane &pane() const { return *m_pane; }
     /// The dialog that tells of the latest problem; null while there is none.
     Vela::UiToolkit::TaskDialog *problem() const;
+    ImagePage &imagePage() const { return *m_imagePage; }
 
 protected:
     void closeEvent(QCloseEvent *event) override;
@@ -54,25 +61,33 @@ private:
     void buildMenus();
     void buildViewMenu();
     void connectDocument();
+    void connectImages();
     void connectClock();
 
     QString chooseFile();
     QString chooseTarget();
+    QString chooseImage();
     bool mayLoseChanges();
     void tellProblem(const QString &text);
     void handleOpened();
+    void handleImageOpened();
     void handleEnded(Vela::UiBase::CommandBase *command, qint64 microseconds);
-    void showMesh();
+    void reportProblem(const QString &text);
+    bool isShowingImage() const;
+    void showImage(bool show);
+    void showSizes();
     void showTitle();
     void updateEnabled();
     void updateEnabledLater();
     void cancelRuns();
 
     const std::shared_ptr<MeshDocument> m_document;
+    const std::shared_ptr<ImageDocument> m_images;
     const std::shared_ptr<CommandClock> m_clock;
     const std::unique_ptr<AppManager> m_manager;
     CommandBar *const m_bar;
     ViewPane *const m_pane;
+    ImagePage *const m_imagePage;
     StatusLine *const m_status;
     QPointer<Vela::UiToolkit::TaskDialog> m_problem;
     bool m_isClosing = false;

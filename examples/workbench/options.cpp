@@ -29,11 +29,12 @@ QString defaultFile()
 Options readOptions(const QCoreApplication &application)
 {
     QCommandLineParser parser;
-    parser.setApplicationDescription(text("Shows a mesh and what can be done to it."));
+    parser.setApplicationDescription(text("Shows a mesh and what can be done to it, and images."));
     parser.addHelpOption();
     parser.addPositionalArgument(
         QStringLiteral("FILE"),
-        text("The mesh to open: OBJ, STL, PLY, OFF, glTF or GLB. The bunny when left out."),
+        text("The mesh to open: OBJ, STL, PLY, OFF, glTF or GLB, or an image. The bunny when left "
+             "out."),
         QStringLiteral("[FILE]"));
     const QCommandLineOption tour(
         QStringLiteral("tour"),

@@ -61,6 +61,13 @@ void StatusLine::showMesh(const Mesh &mesh, int selected)
     m_mesh->setText(text);
 }
 
+void StatusLine::showImage(const QSize &size)
+{
+    const QLocale locale;
+    m_mesh->setText(
+        tr("%1 x %2 pixels").arg(locale.toString(size.width()), locale.toString(size.height())));
+}
+
 void StatusLine::showRunning(const QString &command)
 {
     m_command->setText(tr("%1 is running").arg(command));

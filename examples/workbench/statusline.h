@@ -11,7 +11,8 @@ namespace Workbench {
 
 struct Mesh;
 
-/// The line at the bottom of the window: the size of the mesh and of the selection on the left, the
+/// The line at the bottom of the window: the size of the mesh and of the selection, or of the
+/// image, on the left, the
 /// latest command on the right.
 class StatusLine : public QStatusBar
 {
@@ -25,6 +26,8 @@ public:
 
     /// @param selected how many of its faces are selected
     void showMesh(const Mesh &mesh, int selected);
+    /// @param size in pixels
+    void showImage(const QSize &size);
     void showRunning(const QString &command);
     void showFinished(const QString &command, qint64 microseconds);
     void showStopped(const QString &command);

@@ -11,6 +11,7 @@
 #include "commands/subdividecommand.h"
 #include "controllers/comparecontroller.h"
 #include "controllers/meshviewcontroller.h"
+#include "image/imagedocument.h"
 #include "meshdocument.h"
 #include "support/testcase.h"
 #include "support/testmain.h"
@@ -83,7 +84,8 @@ private Q_SLOTS:
         TestCase::init();
         m_document = std::make_shared<MeshDocument>();
         m_manager = std::make_unique<AppManager>(
-            m_document, [] { return QString(); }, [] { return QString(); });
+            m_document, std::make_shared<ImageDocument>(), [] { return QString(); },
+            [] { return QString(); }, [] { return QString(); });
         m_window = std::make_unique<QWidget>();
         m_controller =
             new MeshViewController(new BaseView(m_window.get(), Qt::WindowFlags()), m_document);
@@ -122,7 +124,7 @@ private Q_SLOTS:
             QCOMPARE(command->getViewController(), m_controller.data());
             QVERIFY(command->addedToCmdsVC());
         }
-        QCOMPARE(int(commands.all().size()), 16);
+        QCOMPARE(int(commands.all().size()), 17);
     }
 
     void oneDisplayModeIsOnAtATime()

@@ -28,6 +28,8 @@ void visitComparison(TourGuide &guide);
 void visitNotifications(TourGuide &guide);
 /// Files that can't be read, another file during a run, and saving.
 void visitFiles(TourGuide &guide);
+/// An image in place of the mesh, and the folder that it comes from.
+void visitImages(TourGuide &guide);
 /// The question about changes, and the end.
 void visitClosing(TourGuide &guide);
 

@@ -60,6 +60,7 @@ int Tour::run()
         visitComparison(m_guide);
         visitNotifications(m_guide);
         visitFiles(m_guide);
+        visitImages(m_guide);
         visitClosing(m_guide);
         compareTrace();
     }

@@ -42,6 +42,14 @@ QString ViewPane::message() const
     return m_message->text();
 }
 
+/// A view that is not seen while the window is minimised is left hidden.
+void ViewPane::showEvent(QShowEvent *event)
+{
+    QWidget::showEvent(event);
+    if (m_stack->currentWidget())
+        m_stack->currentWidget()->show();
+}
+
 void ViewPane::showMessage(const QString &reason)
 {
     m_message->setText(tr("The mesh can't be shown: this view needs OpenGL 3.3, and %1.\n"

@@ -33,6 +33,9 @@ public:
     /// Why there is no picture, or an empty text when there is one.
     QString message() const;
 
+protected:
+    void showEvent(QShowEvent *event) override;
+
 private:
     void showMessage(const QString &reason);
 
