@@ -128,6 +128,8 @@ public:
     /// @param context must not change or end during the walk
     void applyContext(const CommandContext &context);
     CommandContext presentContext();
+    CommandContext contextToRemember();
+    void putBack(const CommandContext &context);
     const std::shared_ptr<const CommandRoll> &presentRoll();
     std::shared_ptr<CommandIndex> presentIndex();
     void forget();
@@ -135,6 +137,8 @@ public:
     CmdMgr *const q;
     std::atomic<bool> applyingContext {false};
     QVector<CommandContext> contextStack;
+    CommandContext lastPopped; // empty when no pop waits to be applied
+    int waitingPops = 0;
     CommandBag rootBag;
 
     // What the last walk over the commands found, as long as the next would find the same.
@@ -282,6 +286,26 @@ CommandContext CmdMgr::CmdMgrImpl::presentContext()
     if (!snapshot.refresh(present))
         snapshot.remember(present, contextOf(rootBag, writePresentState));
     return snapshot.context();
+}
+
+/// The states that the commands have when a context that is pushed now is applied: a pop that waits
+/// has put its own back by then.
+CommandContext CmdMgr::CmdMgrImpl::contextToRemember()
+{
+    CommandContext context = q->currentContext(nullptr);
+    const QMap<QString, CommandState> &popped = lastPopped.get();
+    for (auto entry = popped.cbegin(); entry != popped.cend(); ++entry) {
+        if (context.get().contains(entry.key()))
+            context.update(entry.key(), entry.value());
+    }
+    return context;
+}
+
+void CmdMgr::CmdMgrImpl::putBack(const CommandContext &context)
+{
+    if (--waitingPops == 0)
+        lastPopped = {};
+    applyContext(context);
 }
 
 const std::shared_ptr<const CommandRoll> &CmdMgr::CmdMgrImpl::presentRoll()
@@ -505,15 +529,18 @@ void CmdMgr::applyContext(const CommandContext &context)
 
 void CmdMgr::pushContext(CommandContext context)
 {
-    d->contextStack.append(currentContext(nullptr));
+    d->contextStack.append(d->contextToRemember());
     if (!d->applyingContext)
         setContext(std::move(context));
 }
 
 void CmdMgr::popContext()
 {
-    if (!d->contextStack.isEmpty())
-        setContext(d->contextStack.takeLast());
+    if (d->contextStack.isEmpty())
+        return;
+    d->lastPopped = d->contextStack.takeLast();
+    ++d->waitingPops;
+    d->post([context = d->lastPopped](CmdMgrImpl &impl) { impl.putBack(context); });
 }
 
 void CmdMgr::resetContext()

@@ -111,7 +111,8 @@ public:
     /// Applies @p context on the main queue, in the order of its ids. Ids of no command are
     /// skipped.
     void setContext(CommandContext context);
-    /// Remembers the present state of all commands, then applies @p context.
+    /// Remembers the present state of all commands, then applies @p context. Right behind a pop, whose
+    /// work still waits, what that puts back is remembered.
     void pushContext(CommandContext context);
     /// Applies what was remembered last and forgets it. Without a remembered state, nothing
     /// happens.

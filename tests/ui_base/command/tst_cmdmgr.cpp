@@ -248,6 +248,7 @@ private Q_SLOTS:
     void pushWhileAContextIsAppliedDoesNothing();
     void popPutsBackTheStateOfBeforeThePush();
     void popUndoesOtherChangesToo();
+    void pushBehindAPopRemembersWhatThatPutsBack();
     void contextsNest();
     void popWithoutAPushDoesNothing();
     void resetForgetsTheStackAndAppliesDefaults();
@@ -975,6 +976,46 @@ void TestCmdMgr::popUndoesOtherChangesToo()
     m_manager->popContext();
     servePosted();
     QVERIFY(!command->isChecked());
+}
+
+void TestCmdMgr::pushBehindAPopRemembersWhatThatPutsBack()
+{
+    TestCommand *const command = add(cut);
+    TestCommand *const other = add(copy);
+    m_manager->pushContext(contextOf({{cut, {Off, Keep}}}));
+    servePosted();
+    m_manager->popContext();
+    TestCommand *const late = add(paste);
+    m_manager->pushContext(contextOf({{copy, {Off, Keep}}}));
+    servePosted();
+    QVERIFY(command->isEnabled());
+    QVERIFY(!other->isEnabled());
+    late->setEnabled(false);
+    m_manager->popContext();
+    servePosted();
+    QVERIFY(command->isEnabled());
+    QVERIFY(other->isEnabled());
+    QVERIFY(late->isEnabled());
+
+    // A command that has left meanwhile is not remembered.
+    m_manager->pushContext({});
+    m_manager->popContext();
+    m_manager->removeCommand(paste);
+    m_manager->pushContext({});
+    servePosted();
+    TestCommand *const again = add(paste);
+    again->setEnabled(false);
+    m_manager->popContext();
+    servePosted();
+    QVERIFY(!again->isEnabled());
+
+    // Once it has been put back, the present state counts again.
+    command->setEnabled(false);
+    m_manager->pushContext(contextOf({{cut, {On, Keep}}}));
+    servePosted();
+    m_manager->popContext();
+    servePosted();
+    QVERIFY(!command->isEnabled());
 }
 
 void TestCmdMgr::contextsNest()
