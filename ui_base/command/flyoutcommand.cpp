@@ -13,6 +13,7 @@
 
 #include <lumo_common_res/String>
 
+#include <QActionGroup>
 #include <QEvent>
 #include <QKeySequence>
 #include <QMetaObject>
@@ -155,8 +156,10 @@ void FlyoutCommand::onFinalize()
     const bool hasContext = !isSimpleFlyout() || d->contextsPushed > 0;
     d->contextsPushed = std::max(d->contextsPushed - 1, 0);
     CmdMgr *const manager = managerOf(*this);
-    if (manager && hasContext)
+    if (manager && hasContext) {
+        writeChoiceIntoStack();
         manager->popContext();
+    }
     broadcast(&CommandStateProtocol::commandEnded, this);
 }
 
@@ -167,6 +170,23 @@ void FlyoutCommand::writeCheckMarkIntoStack()
     CmdMgr *const manager = managerOf(*this);
     if (manager && isCheckable())
         manager->updateContextInStack(commandId(), {State::Keep, isChecked()});
+}
+
+/// Keeps the pop from undoing what ended this command: that a sibling in its exclusive group was
+/// checked.
+void FlyoutCommand::writeChoiceIntoStack()
+{
+    CmdMgr *const manager = managerOf(*this);
+    const QActionGroup *const group = actionGroup();
+    if (!manager || !group || !group->isExclusive())
+        return;
+    const QList<QAction *> actions = group->actions();
+    for (const QAction *const action : actions) {
+        const auto *const sibling = qobject_cast<const CommandBase *>(action);
+        if (sibling && sibling->isCheckable())
+            manager->updateContextInStack(sibling->commandId(),
+                                          {State::Keep, sibling->isChecked()});
+    }
 }
 
 void FlyoutCommand::onReset() { }

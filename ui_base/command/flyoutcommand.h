@@ -98,8 +98,8 @@ public Q_SLOTS:
     /// is up or the command has ended by then.
     virtual void onBegin();
     /// Ends the command: pops the context, unless this is a simple flyout, and tells the observers
-    /// with commandEnded(). The check mark stays as it is, also when what the pop puts back was
-    /// remembered with another one.
+    /// with commandEnded(). The check mark stays as it is, and so does which command of its exclusive
+    /// QActionGroup is checked, also when the pop puts back what was remembered with another one.
     virtual void onFinalize();
     /// The user asks for the settings as they were at first. The main panel has heard of it by its
     /// own signal ResetValues(), if it has one. Called if the flyout had its reset button when the
@@ -152,6 +152,7 @@ private:
     void followFlyout(FlyoutBase *panel);
     void showPanelLater();
     void writeCheckMarkIntoStack();
+    void writeChoiceIntoStack();
 
     const std::unique_ptr<FlyoutCommandPrivate> d;
     Q_DISABLE_COPY(FlyoutCommand)

@@ -296,6 +296,8 @@ private Q_SLOTS:
     void runningCommandGetsTheInputFirst();
     void popDoesNotBeginAgain();
     void checkedSiblingSurvivesTheEndOfItsForerunner();
+    void checkedToolSurvivesTheEndOfTheFlyout();
+    void commandThatTakesOverRemembersWhatIsPutBack();
     void keptCommandEndsOnceHoweverItIsClosed_data();
     void keptCommandEndsOnceHoweverItIsClosed();
 
@@ -667,6 +669,60 @@ void TestFlyoutCommand::checkedSiblingSurvivesTheEndOfItsForerunner()
     QVERIFY(cut->isChecked());
     QCOMPARE(cut->log.take(), QStringList(QStringLiteral("opened(cut)")));
     QCOMPARE(fixture.controller()->runningCommand().get(), cut);
+}
+
+void TestFlyoutCommand::checkedToolSurvivesTheEndOfTheFlyout()
+{
+    const Flyout flyout = makeFlyout();
+    ControllerFixture fixture;
+    Smooth *const smooth = addTo(fixture.controller(), flyout.get());
+    TestCommand *const tool = fixture.add(QStringLiteral("pick"));
+    QActionGroup exclusive(nullptr);
+    for (CommandBase *const command : std::initializer_list<CommandBase *> {smooth, tool}) {
+        command->setCheckable(true);
+        exclusive.addAction(command);
+    }
+    smooth->setChecked(true);
+    runPosted();
+    tool->setChecked(true);
+    QVERIFY(!smooth->isChecked());
+    runPosted();
+    QVERIFY(tool->isChecked());
+
+    // Without such a group the pop undoes what was done meanwhile.
+    exclusive.setExclusive(false);
+    tool->setChecked(false);
+    smooth->setChecked(true);
+    runPosted();
+    tool->setChecked(true);
+    smooth->setChecked(false);
+    runPosted();
+    QVERIFY(!tool->isChecked());
+}
+
+void TestFlyoutCommand::commandThatTakesOverRemembersWhatIsPutBack()
+{
+    const Flyout smoothPanel = makeFlyout();
+    const Flyout cutPanel = makeFlyout();
+    ControllerFixture fixture;
+    TestCommand *const save = fixture.add(QStringLiteral("save"));
+    auto *const smooth = addTo<Kept>(fixture.controller(), smoothPanel.get());
+    auto *const cut = addTo<Kept>(fixture.controller(), cutPanel.get(), QStringLiteral("cut"));
+    QActionGroup exclusive(nullptr);
+    for (Kept *const command : {smooth, cut}) {
+        command->setCheckable(true);
+        exclusive.addAction(command);
+    }
+    smooth->beginContext = disabling(QStringLiteral("save"));
+    smooth->setChecked(true);
+    runPosted();
+    QVERIFY(!save->isEnabled());
+    cut->setChecked(true);
+    runPosted();
+    QVERIFY(save->isEnabled());
+    cut->setChecked(false);
+    runPosted();
+    QVERIFY(save->isEnabled());
 }
 
 void TestFlyoutCommand::keptCommandEndsOnceHoweverItIsClosed_data()
