@@ -65,6 +65,7 @@ public:
     bool isActive = false;
     bool wasChecked = false;
     int contextsPushed = 0;
+    unsigned begins = 0;
     unsigned ends = 0;
 };
 
@@ -121,6 +122,7 @@ void FlyoutCommand::setIsActive(bool active)
 
 void FlyoutCommand::onBegin()
 {
+    ++d->begins;
     CmdMgr *const manager = managerOf(*this);
     if (manager && !isSimpleFlyout()) {
         manager->pushContext(getBeginCommandContext());
@@ -129,20 +131,21 @@ void FlyoutCommand::onBegin()
     const QPointer<FlyoutCommand> self(this);
     broadcast(&CommandStateProtocol::commandBegan, this);
     if (self)
-        showPanelLater();
+        turnPanelLater(true);
 }
 
-/// Has the button show the panel when the begin was not its own doing. A click from code, as
-/// assistive tools make it, has shown it by then, and must not be followed by one that hides it.
-void FlyoutCommand::showPanelLater()
+/// Has the button show or hide the panel when the begin or the end was not its own doing. A click
+/// from code, as assistive tools make it, has done so by then, and must not be undone by another.
+void FlyoutCommand::turnPanelLater(bool visible)
 {
     FlyoutBase *const panel = flyout();
     auto *const button = panel ? qobject_cast<ToolButton *>(panel->ToolButton()) : nullptr;
     if (!button || button->ClickedHandlerRequested())
         return;
+    const auto turnsBack = [this, visible] { return visible ? d->ends : d->begins; };
     const auto click = [self = QPointer<FlyoutCommand>(this), panel = QPointer<FlyoutBase>(panel),
-                        button, ends = d->ends] {
-        if (self && self->d->ends == ends && panel && !panel->isVisible())
+                        button, visible, turnsBack, before = turnsBack()] {
+        if (self && panel && turnsBack() == before && panel->isVisible() != visible)
             QMetaObject::invokeMethod(button, "OnClicked", Qt::DirectConnection,
                                       Q_ARG(bool, false));
     };
@@ -260,10 +263,14 @@ void FlyoutCommand::onToggled(bool checked)
         return;
     const auto owner = weak_from_this().lock();
     Q_EMIT toBeToggled(checked);
-    if (checked)
+    if (checked) {
         onBegin();
-    else
-        onFinalize();
+        return;
+    }
+    const QPointer<FlyoutCommand> self(this);
+    onFinalize();
+    if (self)
+        turnPanelLater(false);
 }
 
 CycleCheckableCommand::CycleCheckableCommand(CmdsViewController *controller,

@@ -34,8 +34,9 @@ class FlyoutCommandPrivate;
 ///
 /// The panel is a FlyoutBase, whose signals the command follows from its construction on, or any
 /// other widget, which makes the command a simple flyout: that one takes part in no context, and
-/// its application calls onExecute() and onFinalize(). The panel is shown by its button, not by the
-/// command; one that began otherwise, by a shortcut say, has the button show it.
+/// its application calls onExecute() and onFinalize(). The panel is shown and hidden by its button,
+/// not by the command; one that was checked or unchecked otherwise, by a shortcut say, has the
+/// button do it on the next turn of the event loop.
 ///
 /// Begin and end have to come in pairs, since each pushes or pops one context. The command is
 /// neither told of a cancelled panel, which is hidden without having been closed, nor does it
@@ -150,7 +151,7 @@ private Q_SLOTS:
 
 private:
     void followFlyout(FlyoutBase *panel);
-    void showPanelLater();
+    void turnPanelLater(bool visible);
     void writeCheckMarkIntoStack();
     void writeChoiceIntoStack();
 

@@ -254,12 +254,23 @@ const std::vector<CloseStep> closeSteps {
      }},
 };
 
-/// Calls a function when a command begins.
-class BeginObserver : public Vela::UiBase::CommandStateProtocol
+/// Calls functions when a command begins and ends.
+class Reaction : public Vela::UiBase::CommandStateProtocol
 {
 public:
-    void commandBegan(CommandBase *) override { began(); }
+    void commandBegan(CommandBase *) override
+    {
+        if (began)
+            began();
+    }
+    void commandEnded(CommandBase *) override
+    {
+        if (ended)
+            ended();
+    }
+
     std::function<void()> began;
+    std::function<void()> ended;
 };
 
 } // namespace
@@ -306,6 +317,9 @@ private Q_SLOTS:
     void clickOfTheMouseIsNotRepeated();
     void clickFromCodeShowsThePanelOnce();
     void endBeforeTheTurnLeavesThePanelClosed();
+    void uncheckingHasTheButtonHideThePanel();
+    void clicksThatUncheckHideThePanelOnce();
+    void beginBeforeTheTurnLeavesThePanelOpen();
     void otherButtonsAreNotClicked();
 
     void exitClosesThePanelInUse();
@@ -321,6 +335,7 @@ private Q_SLOTS:
     void listenerMayRemoveTheCommandThatIsTriggered();
     void observerMayRemoveTheCommandThatBegins();
     void observerMayDeleteTheCommandThatBegins();
+    void observerMayDeleteTheCommandThatEnds();
     void hideOfASimpleFlyoutMayDeleteTheCommand();
 };
 
@@ -836,6 +851,64 @@ void TestFlyoutCommand::endBeforeTheTurnLeavesThePanelClosed()
     QCOMPARE(button.clicks, 1);
 }
 
+void TestFlyoutCommand::uncheckingHasTheButtonHideThePanel()
+{
+    const Flyout flyout = makeFlyout();
+    Smooth command(flyout.get());
+    command.setCheckable(true);
+    ToolBar bar(nullptr, Qt::LeftToolBarArea);
+    PanelButton button(&command, &bar, flyout.get());
+    command.setChecked(true);
+    runQueued(&button);
+    QVERIFY(flyout->isVisible());
+    command.setChecked(false);
+    QVERIFY(flyout->isVisible());
+    runQueued(&button);
+    QVERIFY(!flyout->isVisible());
+    QCOMPARE(button.clicks, 2);
+
+    // The end of the command does not tell that its panel is to go.
+    flyout->show();
+    command.onFinalize();
+    runQueued(&button);
+    QVERIFY(flyout->isVisible());
+}
+
+void TestFlyoutCommand::clicksThatUncheckHideThePanelOnce()
+{
+    const Flyout flyout = makeFlyout();
+    Smooth command(flyout.get());
+    command.setCheckable(true);
+    ToolBar bar(nullptr, Qt::LeftToolBarArea);
+    PanelButton button(&command, &bar, flyout.get());
+    QTest::mouseClick(&button, Qt::LeftButton);
+    QTest::mouseClick(&button, Qt::LeftButton);
+    runQueued(&button);
+    QCOMPARE(button.clicks, 2);
+    QVERIFY(!flyout->isVisible());
+    button.click();
+    button.click();
+    runQueued(&button);
+    QCOMPARE(button.clicks, 4);
+    QVERIFY(!flyout->isVisible());
+}
+
+void TestFlyoutCommand::beginBeforeTheTurnLeavesThePanelOpen()
+{
+    const Flyout flyout = makeFlyout();
+    Smooth command(flyout.get());
+    command.setCheckable(true);
+    ToolBar bar(nullptr, Qt::LeftToolBarArea);
+    PanelButton button(&command, &bar, flyout.get());
+    command.setChecked(true);
+    runQueued(&button);
+    command.setChecked(false);
+    command.setChecked(true);
+    runQueued(&button);
+    QVERIFY(flyout->isVisible());
+    QCOMPARE(button.clicks, 1);
+}
+
 void TestFlyoutCommand::otherButtonsAreNotClicked()
 {
     const Flyout flyout = makeFlyout();
@@ -1023,7 +1096,7 @@ void TestFlyoutCommand::observerMayRemoveTheCommandThatBegins()
     ToolBar bar(nullptr, Qt::LeftToolBarArea);
     QPointer<Smooth> command = addTo(fixture.controller(), flyout.get());
     PanelButton button(command, &bar, flyout.get());
-    const auto observer = std::make_shared<BeginObserver>();
+    const auto observer = std::make_shared<Reaction>();
     observer->began = [&] { fixture.controller()->removeCommand(command); };
     command->addObserver(observer, false);
     command->trigger();
@@ -1036,10 +1109,23 @@ void TestFlyoutCommand::observerMayDeleteTheCommandThatBegins()
 {
     const Flyout flyout = makeFlyout();
     QPointer<Smooth> command = new Smooth(flyout.get());
-    const auto observer = std::make_shared<BeginObserver>();
+    const auto observer = std::make_shared<Reaction>();
     observer->began = [&] { delete command; };
     command->addObserver(observer, false);
     command->onBegin();
+    QVERIFY(!command);
+}
+
+void TestFlyoutCommand::observerMayDeleteTheCommandThatEnds()
+{
+    const Flyout flyout = makeFlyout();
+    QPointer<Smooth> command = new Smooth(flyout.get());
+    command->setCheckable(true);
+    const auto observer = std::make_shared<Reaction>();
+    observer->ended = [&] { delete command; };
+    command->addObserver(observer, false);
+    command->setChecked(true);
+    command->setChecked(false);
     QVERIFY(!command);
 }
 
