@@ -155,20 +155,13 @@ void MainWindow::connectDocument()
     connect(m_document.get(), &MeshDocument::opened, this, &MainWindow::handleOpened);
     connect(m_document.get(), &MeshDocument::saved, this, &MainWindow::showTitle);
     connect(m_document.get(), &MeshDocument::problemReported, this, &MainWindow::tellProblem);
-    connect(m_document.get(), &MeshDocument::problemReported, this, &MainWindow::reportProblem);
 }
 
 void MainWindow::connectImages()
 {
     connect(m_images.get(), &ImageDocument::opened, this, &MainWindow::handleImageOpened);
-    connect(m_images.get(), &ImageDocument::problemReported, this, &MainWindow::reportProblem);
+    connect(m_images.get(), &ImageDocument::problemReported, this, &MainWindow::tellProblem);
     connect(m_imagePage, &ImagePage::closeRequested, this, [this] { showImage(false); });
-}
-
-void MainWindow::reportProblem(const QString &text)
-{
-    m_banner->showMessage(text);
-    std::fprintf(stderr, "workbench: %s\n", text.toLocal8Bit().constData());
 }
 
 void MainWindow::connectClock()
@@ -248,13 +241,12 @@ void MainWindow::handleOpened()
     delete m_problem.data();
     showTitle();
     updateEnabled();
-    m_banner->dismiss();
     showImage(false);
 }
 
 void MainWindow::handleImageOpened()
 {
-    m_banner->dismiss();
+    delete m_problem.data();
     showImage(true);
 }
 

@@ -21,11 +21,8 @@ class MeshViewController;
 class StatusLine;
 class ViewPane;
 
-/// The window: menus and a strip of commands, the view and the status line. A dialog tells of a
-/// problem until it is closed or a file is opened.
-
-/// The window: menus and a strip of commands, a banner for problems, the view of the mesh or an
-/// image in its place, and the status line.
+/// The window: menus and a strip of commands, the view of the mesh or an image in its place, and the
+/// status line. A dialog tells of a problem until it is closed or a file is opened.
 ///
 /// Closing it asks about unsaved changes. During a run it then cancels the run, takes the window
 /// from the screen at once and lets it close when the run has ended, so that no work is left when
@@ -72,7 +69,6 @@ private:
     void handleOpened();
     void handleImageOpened();
     void handleEnded(Vela::UiBase::CommandBase *command, qint64 microseconds);
-    void reportProblem(const QString &text);
     bool isShowingImage() const;
     void showImage(bool show);
     void showSizes();

@@ -16,7 +16,6 @@
 #include "image/zoomimagecommand.h"
 #include "mainwindow.h"
 #include "meshdocument.h"
-#include "messagebanner.h"
 #include "statusline.h"
 #include "support/mouse.h"
 #include "support/testcase.h"
@@ -27,6 +26,7 @@
 #include <lumo_app_service/ApplicationService>
 #include <ui_base/CommandBase>
 #include <ui_base/ImageViewerToolBar>
+#include <ui_base/TaskDialog>
 
 #include <QDir>
 #include <QSignalSpy>
@@ -159,7 +159,7 @@ private Q_SLOTS:
         open("10 small.bmp");
         click("next_button");
         QCOMPARE(nameOf(*m_window), QStringLiteral("30 large.jpg"));
-        const QStringList lines = m_window->banner().message().split(QLatin1Char('\n'));
+        const QStringList lines = m_window->problem()->accessibleName().split(QLatin1Char('\n'));
         QCOMPARE(lines.size(), 2);
         QVERIFY(lines[0].startsWith(one));
         QVERIFY(lines[1].startsWith(other));
@@ -171,7 +171,7 @@ private Q_SLOTS:
         open("30 large.jpg");
         click("next_button");
         QCOMPARE(nameOf(*m_window), QStringLiteral("30 large.jpg"));
-        QVERIFY(m_window->banner().message().contains(QLatin1String("40 letter.png")));
+        QVERIFY(m_window->problem()->accessibleName().contains(QLatin1String("40 letter.png")));
         QVERIFY(button("prev_button")->isEnabled());
     }
 
@@ -209,14 +209,14 @@ private Q_SLOTS:
         makeBadFiles();
         open("10 small.bmp");
         open(name.toLatin1().constData());
-        QVERIFY(m_window->banner().isVisible());
+        QVERIFY(m_window->problem());
         const QString path = m_folder->filePath(name);
-        QCOMPARE(m_window->banner().message(),
+        QCOMPARE(m_window->problem()->accessibleName(),
                  QStringLiteral("%1 could not be read: %2.").arg(path, reason));
         QCOMPARE(nameOf(*m_window), QStringLiteral("10 small.bmp"));
         QVERIFY(page().isVisible());
         open("2 wide.png");
-        QVERIFY(!m_window->banner().isVisible());
+        QVERIFY(!m_window->problem());
     }
 
     void aKeyRunsTheCommandOfItsButton_data()

@@ -9,13 +9,13 @@
 #include "image/stepimagecommand.h"
 #include "image/zoomimagecommand.h"
 #include "mainwindow.h"
-#include "messagebanner.h"
 #include "tour/picture.h"
 #include "tour/steps.h"
 #include "tour/tourguide.h"
 #include "view/viewpane.h"
 
 #include <ui_base/ImageViewerToolBar>
+#include <ui_base/TaskDialog>
 
 #include <QCoreApplication>
 #include <QDir>
@@ -184,13 +184,14 @@ void refuse(TourGuide &guide)
         file.write("Dear reader, this is not an image.\n");
     file.close();
     openImage(guide, file.fileName());
-    MessageBanner &banner = guide.window().banner();
+    QWidget *const problem = guide.window().problem();
     guide.check(TourGuide::tr("the window shows a message that names the file"),
-                banner.isVisible() && banner.message().startsWith(file.fileName()));
+                problem && problem->accessibleName().startsWith(file.fileName()));
     guide.check(TourGuide::tr("what was open stays open"),
                 guide.window().images().filePath().endsWith(QLatin1String("flat.png")));
     guide.finishWithPicture();
-    banner.dismiss();
+    if (problem)
+        problem->close();
 }
 
 void goBack(TourGuide &guide, const QImage &before)
