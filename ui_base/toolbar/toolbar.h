@@ -352,7 +352,8 @@ protected:
             bool gridRowMajor = true);
 
     /// Adds a button for a command, by the command's base group and its rank in @p group, or finds the
-    /// one that is there: a command stands on a bar once.
+    /// one that is there: a command stands on a bar once. That of a FlyoutCommand opens the command's
+    /// widget; one without a widget gets no button.
     /// @return the button; null for null and for a group
     virtual ToolButton *AddSingleCommand(CommandBase *command, CommandGroup *group);
     /// Removes the button of a command from whichever bar it stands on, from the base bar downwards.

@@ -192,6 +192,7 @@ private:
     void closeActiveMenu(const ToolButton *clicked) const;
     void dismissWidgetMenu(ToolButtonWithWidgetMenu *leaf);
 
+    ToolButton *addCommandButton(CommandBase *command, int rank);
     void noteCommandId(ToolButton *button);
     void forgetCommandId(ToolButton *button);
     ToolButton *buttonOfCommand(const QString &commandId) const;

@@ -10,12 +10,13 @@
 #include "ui_base/command/commandbag.h"
 #include "ui_base/command/commandbase.h"
 #include "ui_base/command/commandgroup.h"
+#include "ui_base/command/flyoutcommand.h"
 #include "ui_base/qtui/mouseeventclone_p.h"
 #include "ui_base/qtui/qtuitoolkit.h"
 #include "ui_base/qtui/tooltip/tooltipmanager.h"
 #include "ui_base/toolbar/buttonline_p.h"
 #include "ui_base/toolbar/toolbutton_p.h"
-#include "ui_base/toolbar/toolbuttonwithmenu.h"
+#include "ui_base/toolbar/toolbuttonwithwidgetmenu.h"
 
 #include <QBoxLayout>
 #include <QCoreApplication>
@@ -115,7 +116,7 @@ ToolButton *ToolBar::AddSingleCommand(CommandBase *command, CommandGroup *group)
     if (ToolButton *const existing = d->buttonOfCommand(id))
         return existing;
     const int rank = group ? group->getCommandRank(id) : 0;
-    const QPointer<ToolButton> button = AddAction(command, command->baseGroupName(), rank);
+    const QPointer<ToolButton> button = d->addCommandButton(command, rank);
     if (!button)
         return nullptr;
     command->setToolButton(button);
@@ -127,6 +128,15 @@ ToolButton *ToolBar::AddSingleCommand(CommandBase *command, CommandGroup *group)
     if (!command->objectName().isEmpty())
         button->setObjectName(command->objectName());
     return button;
+}
+
+ToolButton *ToolBarPrivate::addCommandButton(CommandBase *command, int rank)
+{
+    Q_Q(ToolBar);
+    const QString group = command->baseGroupName();
+    if (const auto *const flyoutCommand = qobject_cast<FlyoutCommand *>(command))
+        return q->AddAction(command, flyoutCommand->simpleFlyout(), group, rank);
+    return q->AddAction(command, group, rank);
 }
 
 void ToolBarPrivate::noteCommandId(ToolButton *button)
