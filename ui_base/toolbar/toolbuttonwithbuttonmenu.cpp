@@ -232,6 +232,8 @@ void ToolButtonWithButtonMenu::SetMenu(ToolBar *menu)
         qobject_cast<ToolButtonWithButtonMenu *>(d->partsOf(*menu).parentButton.data());
     if (other && other != this)
         other->d_func()->letMenuGo();
+    if (self && IsMenuShowing())
+        HideMenu();
     if (!self || !next)
         return;
     if (d->menu != menu) {

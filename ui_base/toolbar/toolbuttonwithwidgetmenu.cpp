@@ -167,15 +167,30 @@ void ToolButtonWithWidgetMenuPrivate::connectFlyout(FlyoutBase *flyout)
                      &FlyoutBase::ESCKeyReleased, once);
 }
 
-// The widget of the popup has died, and what is left of the popup is an empty window.
-void ToolButtonWithWidgetMenuPrivate::closeEmpty()
+// The widget of the popup is dying, and what is left of the popup is an empty window.
+void ToolButtonWithWidgetMenuPrivate::closeEmpty(const QObject *dead)
 {
-    if (menuWidget)
+    Q_Q(ToolButtonWithWidgetMenu);
+    if (menuWidget && menuWidget != dead)
         return;
+    const QPointer<ToolButtonWithWidgetMenu> self(q);
+    const bool wasShowing = q->IsMenuShowing();
+    if (isWrapped())
+        arrowedWindow->hide();
+    if (!self)
+        return;
+    menuWidget = nullptr;
+    menu = nullptr;
     setFormerParent(nullptr);
     if (isShownThroughController())
         controller()->OnExitExtendMode();
-    letWidgetGo();
+    if (self)
+        q->HideMenuEx();
+    if (!self)
+        return;
+    enableTooltip(true);
+    if (wasShowing)
+        Q_EMIT q->ButtonMenuVisibilityChange(q, false);
 }
 
 // Where the widget lives without this button.
@@ -196,12 +211,14 @@ void ToolButtonWithWidgetMenuPrivate::giveWidgetBack()
     QWidget *const home = homeOfWidget();
     if (isWrapped())
         arrowedWindow->DetachWidget();
-    else if (home)
-        return; // its layer belongs there
-    if (home)
-        widget->setParent(home);
-    else
+    const QPointer<FloatingLayer> layer = qobject_cast<FloatingLayer *>(widget->parentWidget());
+    if (!home) {
         deletePopup(widget);
+        return;
+    }
+    widget->setParent(home);
+    if (layer)
+        layer->deleteLater();
 }
 
 // It forgets a parent that goes before its children do.
@@ -274,13 +291,15 @@ void ToolButtonWithWidgetMenu::SetMenu(QWidget *widget, bool useArrowedWindow)
     const QPointer<ToolButtonWithWidgetMenu> self(this);
     const QPointer<QWidget> next(widget);
     d->takeFromOtherButton(widget);
+    if (self && IsMenuShowing())
+        HideMenu();
     if (self && next)
         d->dropFormer(widget);
     if (!self || !next)
         return;
     d->menuWidget = widget;
     widget->setProperty(MenuButtonProperty, QVariant::fromValue<QWidget *>(this));
-    connect(widget, &QObject::destroyed, this, [d] { d->closeEmpty(); });
+    connect(widget, &QObject::destroyed, this, [d](QObject *dead) { d->closeEmpty(dead); });
     if (FlyoutBase *const flyout = flyoutOf(widget))
         d->connectFlyout(flyout);
     d->placeWidget(widget, useArrowedWindow);

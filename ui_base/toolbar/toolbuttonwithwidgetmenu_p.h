@@ -34,7 +34,7 @@ private:
     void giveWidgetBack();
     QWidget *homeOfWidget() const;
     void setFormerParent(QWidget *parent);
-    void closeEmpty();
+    void closeEmpty(const QObject *dead);
     void closeFlyout();
     void tellFlyoutItsBounds() const;
     ToolButtonWithButtonMenu *controller() const;
