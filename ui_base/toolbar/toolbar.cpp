@@ -599,6 +599,9 @@ void ToolBar::AdjustToolBarSize(bool forceRelayout)
     for (QWidget *const panel : qAsConst(d->panels))
         panel->adjustSize();
     d->centralWidget->adjustSize();
+    // A hidden widget tells of its size only when it is shown, too late for who places the bar.
+    if (!d->centralWidget->isVisible())
+        resize(d->centralWidget->size());
     d->UpdatePathMaps();
     OnAutoPosition();
 }

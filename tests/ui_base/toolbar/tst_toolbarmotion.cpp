@@ -81,6 +81,9 @@ private Q_SLOTS:
     void widgetWithoutParentDoesNotSlide();
     void animationIsMadeForAnyWidget();
     void shownBarSlidesIn();
+    void barThatWasNeverShownSlidesInToItsSide_data();
+    void barThatWasNeverShownSlidesInToItsSide();
+    void barHasItsSizeBeforeItIsShown();
     void hiddenBarSlidesOut();
     void laterSlideWins_data();
     void laterSlideWins();
@@ -264,6 +267,40 @@ void TestToolBarMotion::shownBarSlidesIn()
     QVERIFY(!scene.isLocked());
     QCOMPARE(finished.count(), 1);
     QTRY_COMPARE(scene.bar.animation(), nullptr);
+}
+
+void TestToolBarMotion::barThatWasNeverShownSlidesInToItsSide_data()
+{
+    QTest::addColumn<int>("area");
+    QTest::addColumn<QPoint>("outside");
+    QTest::addColumn<QPoint>("inside");
+    QTest::newRow("right") << int(Qt::RightToolBarArea) << QPoint(400, 0) << QPoint(355, 0);
+    QTest::newRow("bottom") << int(Qt::BottomToolBarArea) << QPoint(0, 200) << QPoint(0, 151);
+    QTest::newRow("left") << int(Qt::LeftToolBarArea) << QPoint(-38, 0) << QPoint(7, 0);
+}
+
+void TestToolBarMotion::barThatWasNeverShownSlidesInToItsSide()
+{
+    QFETCH(int, area);
+    Scene scene(Qt::ToolBarArea(area), false);
+    scene.bar.SetOffset(QPoint(7, 11));
+    scene.bar.ShowAnimated();
+    QTEST(scene.bar.animation()->startValue().toPoint(), "outside");
+    scene.bar.finishSlide();
+    QTEST(scene.bar.pos(), "inside");
+}
+
+void TestToolBarMotion::barHasItsSizeBeforeItIsShown()
+{
+    MovingBar bar;
+    QAction first;
+    QAction second;
+    bar.AddAction(&first, QStringLiteral("tools"));
+    QCOMPARE(bar.size(), QSize(38, 38));
+    bar.AddAction(&second, QStringLiteral("tools"));
+    QCOMPARE(bar.size(), QSize(75, 38));
+    bar.RemoveButton(&second);
+    QCOMPARE(bar.size(), QSize(38, 38));
 }
 
 void TestToolBarMotion::hiddenBarSlidesOut()
