@@ -283,14 +283,16 @@ public:
     /// that has not ended is given up.
     void ShowAnimated();
     /// Closes all menus, locks the buttons and slides the bar out to its side in 300 milliseconds, to
-    /// be hidden at the end. A show that has not ended is given up.
+    /// be hidden at the end. A show that has not ended is given up. The buttons are unlocked when the
+    /// bar has slid in again, or is shown without a slide.
     void HideAnimated();
     /// Shows the bar in front of other widgets.
     void ShowMe();
     /// Closes all menus and hides the bar.
     /// @param keepMenuState whether the menus open again when the bar is shown the next time
     void HideMe(bool keepMenuState);
-    /// Whether the bar is shown, or slides in, and does not slide out.
+    /// Whether the bar is in show mode: at first, and from ShowAnimated() on, until it slides out or
+    /// is found hidden by this call. To be shown in another way does not bring it back.
     bool InShowMode();
 
     /// Sets whether the menus on this bar stay open when the host tells of a click outside; off by

@@ -208,6 +208,8 @@ private:
 
     void slide(bool show, const QEasingCurve &curve);
 
+    bool isSliding = false;
+    bool isLockedBySlide = false;
     bool mayHaveMenus = false;
     bool pathsAreStale = true;
     bool separatorsAreStale = true;

@@ -16,6 +16,8 @@
 #include <QState>
 #include <QTimer>
 
+#include <utility>
+
 namespace Vela::UiBase {
 namespace {
 
@@ -129,6 +131,7 @@ void ToolBarPrivate::slide(bool show, const QEasingCurve &curve)
     Q_Q(ToolBar);
     QPropertyAnimation *const animation =
         ToolBar::InitializePosAnimation(show, q, q, offset, curve, slideDuration);
+    isSliding = true;
     if (show && !q->isVisible()) {
         q->move(animation->startValue().toPoint());
         q->show();
@@ -150,16 +153,22 @@ void ToolBar::HideAnimated()
     Q_D(ToolBar);
     HideAllButtonMenusExcept(false, nullptr);
     SetLocked(true);
+    d->isLockedBySlide = true;
     d->slide(false, QEasingCurve::InExpo);
 }
 
 void ToolBar::OnShowAnimationDone()
 {
+    Q_D(ToolBar);
+    d->isSliding = false;
+    d->isLockedBySlide = false;
     SetLocked(false);
 }
 
 void ToolBar::OnHideAnimationDone()
 {
+    Q_D(ToolBar);
+    d->isSliding = false;
     hide();
 }
 
@@ -220,6 +229,9 @@ void ToolBar::showEvent(QShowEvent *event)
     d->reopenMenus();
     QWidget::showEvent(event);
     d->keepMenuStateOnHide = true;
+    // Shown where it is after it has slid out.
+    if (!d->isSliding && std::exchange(d->isLockedBySlide, false))
+        SetLocked(false);
 }
 
 void ToolBar::hideEvent(QHideEvent *event)

@@ -85,6 +85,7 @@ private Q_SLOTS:
     void barThatWasNeverShownSlidesInToItsSide();
     void barHasItsSizeBeforeItIsShown();
     void hiddenBarSlidesOut();
+    void barThatSlidOutIsUsableWhenItIsShownAtOnce();
     void laterSlideWins_data();
     void laterSlideWins();
     void showModeIsCorrectedForAHiddenBar();
@@ -301,6 +302,28 @@ void TestToolBarMotion::barHasItsSizeBeforeItIsShown()
     QCOMPARE(bar.size(), QSize(75, 38));
     bar.RemoveButton(&second);
     QCOMPARE(bar.size(), QSize(38, 38));
+}
+
+void TestToolBarMotion::barThatSlidOutIsUsableWhenItIsShownAtOnce()
+{
+    Scene scene;
+    scene.bar.HideAnimated();
+    scene.bar.finishSlide();
+    QVERIFY(scene.isLocked());
+    scene.bar.ShowMe();
+    QVERIFY(!scene.isLocked());
+    // A lock of the host's is left alone, and so is one of a slide that runs.
+    scene.bar.SetLocked(true);
+    scene.bar.hide();
+    scene.bar.ShowMe();
+    QVERIFY(scene.isLocked());
+    scene.bar.HideAnimated();
+    scene.bar.hide();
+    scene.bar.ShowAnimated();
+    QVERIFY(scene.isLocked());
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    scene.bar.finishSlide();
+    QVERIFY(!scene.isLocked());
 }
 
 void TestToolBarMotion::hiddenBarSlidesOut()
