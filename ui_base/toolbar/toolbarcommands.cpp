@@ -56,7 +56,8 @@ ToolButton *ToolBar::AddAction(QAction *action, const QString &groupName, int ra
     QtUiToolkit::Instance().UpdateIconSize(action, d->iconSize);
     // A button with a style sheet is made in its place: to move it there later would cost more.
     QWidget *const parent = d->parentForNewButton(groupName);
-    ToolButton *button = nullptr;
+    // Whoever hears of the new layout may remove the button, or delete the bar.
+    QPointer<ToolButton> button;
     {
         const Internal::ButtonLine::SettingUp guard(Internal::ButtonLine::of(parent));
         button = new ToolButton(action, this, parent);
@@ -105,6 +106,41 @@ void ToolBarPrivate::applySizes(ToolButton *button)
     }
     button->setFixedSize(buttonSize);
     button->updateGeometry();
+}
+
+ToolButton *ToolBar::AddCommandGroup(CommandGroup *group)
+{
+    return group ? AddCommandGroup(group, nullptr) : nullptr;
+}
+
+ToolButton *ToolBar::AddCommandGroup(CommandGroup *group, CommandGroup *)
+{
+    if (!group)
+        return nullptr;
+    const auto keptAlive = group->weak_from_this().lock();
+    if (group->isVirtualGroup()) {
+        const QPointer<ToolBar> self(this);
+        QPointer<ToolButton> last;
+        for (const auto &command : commandsOf(*group)) {
+            if (self)
+                last = AddSingleCommand(command.get(), group);
+        }
+        return last;
+    }
+    const QPointer<ToolBar> subBar = group->toolbar();
+    if (!subBar)
+        return nullptr;
+    for (const auto &command : commandsOf(*group)) {
+        if (!subBar)
+            return nullptr;
+        if (auto *const child = qobject_cast<CommandGroup *>(command.get()))
+            subBar->AddCommandGroup(child, group);
+        else
+            subBar->AddSingleCommand(command.get(), group);
+    }
+    if (subBar)
+        subBar->AdjustToolBarSize(true);
+    return group->toolButton();
 }
 
 ToolButton *ToolBar::AddSingleCommand(CommandBase *command, CommandGroup *group)
@@ -184,9 +220,12 @@ bool ToolBar::RemoveCommand(CommandBase *command)
     auto *const group = qobject_cast<CommandGroup *>(command);
     if (!group)
         return RemoveSingleCommand(command);
+    const QPointer<ToolBar> self(this);
     bool isRemoved = true;
     for (const auto &child : ToolBarPrivate::commandsOf(*group))
         isRemoved = RemoveCommand(child.get()) && isRemoved;
+    for (const auto &child : commandsOf(*group))
+        isRemoved = self && RemoveCommand(child.get()) && isRemoved;
     return isRemoved;
 }
 

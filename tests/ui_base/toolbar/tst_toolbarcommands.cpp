@@ -91,6 +91,9 @@ private Q_SLOTS:
     void groupWithoutABarIsRefused();
     void groupFillsItsOwnBar();
     void groupIsNoSingleCommand();
+    void barMayEndWhileItIsFilled_data();
+    void barMayEndWhileItIsFilled();
+    void buttonMayGoWhileItIsAdded();
 
     void removedCommandLeavesTheBar();
     void lastButtonGoesWithItsPanel();
@@ -101,6 +104,7 @@ private Q_SLOTS:
     void removedCommandCanComeBack();
     void commandMayRemoveItselfAtAClick();
     void removalClosesThePopup();
+    void barMayEndWhileItIsEmptied();
 
     void handlerGoesToTheFirstButtonOfItsAction();
     void handlersAreAskedWhenThePointerComesIn();
@@ -219,6 +223,40 @@ void TestToolBarCommands::groupIsNoSingleCommand()
     QVERIFY(bar.AddSingleCommand(group->getCommand(cut), nullptr));
     QVERIFY(!bar.RemoveSingleCommand(group.get()));
     QVERIFY(!bar.RemoveSingleCommand(nullptr));
+}
+
+void TestToolBarCommands::barMayEndWhileItIsFilled_data()
+{
+    QTest::addColumn<bool>("isVirtual");
+    QTest::newRow("by a virtual group") << true;
+    QTest::newRow("by a group with this bar") << false;
+}
+
+void TestToolBarCommands::barMayEndWhileItIsFilled()
+{
+    QFETCH(bool, isVirtual);
+    const auto group = makeGroup(QStringLiteral("Edit"), {cut, copy});
+    auto bar = std::make_unique<CommandsBar>();
+    group->setVirtualGroup(isVirtual);
+    group->setToolbar(bar.get());
+    connect(bar.get(), &ToolBar::LayoutChanged, this, [&bar] { bar.reset(); });
+    QCOMPARE(bar->AddCommandGroup(group.get()), nullptr);
+    QVERIFY(!bar);
+    QCOMPARE(group->getCommand(cut)->toolButton(), nullptr);
+}
+
+void TestToolBarCommands::buttonMayGoWhileItIsAdded()
+{
+    CommandsBar bar;
+    QAction action;
+    const auto group = makeVirtualGroup({cut});
+    connect(&bar, &ToolBar::LayoutChanged, this, [&] {
+        bar.RemoveButton(&action);
+        bar.RemoveCommand(group->getCommand(cut));
+    });
+    QCOMPARE(bar.AddAction(&action, tools), nullptr);
+    QCOMPARE(bar.AddCommandGroup(group.get()), nullptr);
+    QVERIFY(bar.idsOn().isEmpty());
 }
 
 void TestToolBarCommands::removedCommandLeavesTheBar()
@@ -351,6 +389,16 @@ void TestToolBarCommands::removalClosesThePopup()
     button->ShowMenu();
     QVERIFY(bar.RemoveButton(&action));
     QVERIFY(!menu.isVisible());
+}
+
+void TestToolBarCommands::barMayEndWhileItIsEmptied()
+{
+    const auto group = makeVirtualGroup({cut, copy});
+    auto bar = std::make_unique<CommandsBar>();
+    bar->AddCommandGroup(group.get());
+    connect(bar.get(), &ToolBar::LayoutChanged, this, [&bar] { bar.reset(); });
+    QVERIFY(!bar->RemoveCommand(group.get()));
+    QVERIFY(!bar);
 }
 
 void TestToolBarCommands::handlerGoesToTheFirstButtonOfItsAction()
