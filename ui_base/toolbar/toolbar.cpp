@@ -20,6 +20,7 @@
 #include <QPainter>
 #include <QPaintEvent>
 #include <QState>
+#include <QStyle>
 #include <QTimer>
 
 #include <algorithm>
@@ -458,29 +459,34 @@ void ToolBarPrivate::prepareSeparators()
     }
 }
 
+// The gap after a button is on its other side where buttons stand from right to left.
+void ToolBarPrivate::addSeparator(bool afterHorizontally, const ToolButton &button,
+                                  const QRect &panel)
+{
+    const QRect room(QPoint(), panel.size());
+    const Qt::LayoutDirection direction = q_func()->layoutDirection();
+    const QRect place = QStyle::visualRect(direction, room, button.geometry());
+    const QRect gap =
+        Internal::separatorAfter(afterHorizontally, place, buttonSpacing, separatorMargin);
+    separatorRects << QStyle::visualRect(direction, room, gap).translated(panel.topLeft());
+}
+
 // The last in the list is the button that was added last, wherever it stands.
 void ToolBarPrivate::addSeparatorsOfBox(const QList<ToolButton *> &buttons, const QRect &panel)
 {
     const bool isHorizontal = q_func()->IsHorizontalLayout();
     for (int i = 0; i < buttons.size() - 1; ++i)
-        separatorRects << Internal::separatorAfter(isHorizontal, buttons[i]->geometry(),
-                                                   buttonSpacing, separatorMargin)
-                              .translated(panel.topLeft());
+        addSeparator(isHorizontal, *buttons[i], panel);
 }
 
 void ToolBarPrivate::addSeparatorsOfGrid(const QList<ToolButton *> &buttons, const QRect &panel,
                                          int perLine, int lines)
 {
-    const auto add = [&](bool afterHorizontally, const ToolButton &button) {
-        separatorRects << Internal::separatorAfter(afterHorizontally, button.geometry(),
-                                                   buttonSpacing, separatorMargin)
-                              .translated(panel.topLeft());
-    };
     for (int i = 0; i < buttons.size(); ++i) {
         if (i % perLine != perLine - 1)
-            add(gridRowMajor, *buttons[i]);
+            addSeparator(gridRowMajor, *buttons[i], panel);
         if (i / perLine < lines - 1)
-            add(!gridRowMajor, *buttons[i]);
+            addSeparator(!gridRowMajor, *buttons[i], panel);
     }
 }
 

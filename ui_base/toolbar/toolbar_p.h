@@ -199,6 +199,7 @@ private:
 
     void preparePanelPaths();
     void prepareSeparators();
+    void addSeparator(bool afterHorizontally, const ToolButton &button, const QRect &panel);
     void addSeparatorsOfBox(const QList<ToolButton *> &buttons, const QRect &panel);
     void addSeparatorsOfGrid(const QList<ToolButton *> &buttons, const QRect &panel, int perLine,
                              int lines);

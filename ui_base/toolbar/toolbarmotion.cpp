@@ -203,6 +203,8 @@ bool ToolBar::eventFilter(QObject *watched, QEvent *event)
         d->noteCommandId(qobject_cast<ToolButton *>(watched));
     else if (event->type() == QEvent::StyleChange)
         d->plates.clear();
+    else if (event->type() == QEvent::LayoutDirectionChange)
+        d->UpdatePathMaps();
     return QWidget::eventFilter(watched, event);
 }
 

@@ -166,6 +166,8 @@ private Q_SLOTS:
 
     void separatorFollowsEveryButtonButTheLast_data();
     void separatorFollowsEveryButtonButTheLast();
+    void separatorsStandInTheGapsFromRightToLeftToo_data();
+    void separatorsStandInTheGapsFromRightToLeftToo();
     void separatorIsLeftOutAfterTheButtonAddedLast();
     void groupOfOneHasNoSeparator();
     void separatorsWithoutSpacingAreNotSeen();
@@ -847,6 +849,42 @@ void TestToolBar::separatorFollowsEveryButtonButTheLast()
         bar.add(tools);
     showAndSettle(window);
     QTEST(bar.separators(), "rects");
+}
+
+void TestToolBar::separatorsStandInTheGapsFromRightToLeftToo_data()
+{
+    QTest::addColumn<int>("gridSize");
+    QTest::addColumn<bool>("rowMajor");
+    QTest::addColumn<QVector<QRect>>("rects");
+    const QRect upperGap(37, 5, 1, 28);
+    const QRect belowFirst(42, 37, 28, 1);
+    const QRect belowSecond(5, 37, 28, 1);
+    const QRect lowerGap(37, 42, 1, 28);
+    QTest::newRow("line") << 0 << true << QVector<QRect> {QRect(74, 5, 1, 28), upperGap};
+    QTest::newRow("grid by rows") << 2 << true
+                                  << QVector<QRect> {upperGap, belowFirst, belowSecond, lowerGap};
+    QTest::newRow("grid by columns")
+        << 2 << false << QVector<QRect> {belowFirst, upperGap, lowerGap, belowSecond};
+}
+
+void TestToolBar::separatorsStandInTheGapsFromRightToLeftToo()
+{
+    QFETCH(int, gridSize);
+    QFETCH(bool, rowMajor);
+    QWidget window;
+    window.setLayoutDirection(Qt::RightToLeft);
+    OpenBar bar(gridSize, rowMajor, &window, Qt::TopToolBarArea);
+    for (int i = 0; i < (gridSize ? 4 : 3); ++i)
+        bar.add(tools);
+    showAndSettle(window);
+    QTEST(bar.separators(), "rects");
+    window.setLayoutDirection(Qt::LeftToRight);
+    QCoreApplication::processEvents();
+    const QVector<QRect> before = bar.separators();
+    window.setLayoutDirection(Qt::RightToLeft);
+    QCoreApplication::processEvents();
+    QTEST(bar.separators(), "rects");
+    QVERIFY(bar.separators() != before);
 }
 
 void TestToolBar::separatorIsLeftOutAfterTheButtonAddedLast()
