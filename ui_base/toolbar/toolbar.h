@@ -404,11 +404,12 @@ protected:
     /// @param offset distance from the side at rest
     /// @param curve of the movement
     /// @param durationMs in milliseconds
+    /// @return null without a widget or a bar
     static QPropertyAnimation *InitializePosAnimation(bool show, QWidget *widget, ToolBar *toolBar,
                                                       QPoint offset, const QEasingCurve &curve,
                                                       int durationMs);
     /// Where a slide begins or ends: at rest, or just outside of the parent. The parameters are those
-    /// of InitializePosAnimation().
+    /// of InitializePosAnimation(). A widget without parent, or with no bar, stays where it is.
     static QPoint GetAnimationTargetPos(bool show, bool isStart, QWidget *widget, ToolBar *toolBar,
                                         QPoint offset);
 

@@ -96,7 +96,7 @@ void ToolBar::OnButtonCreated(ToolButton *button, const QString &groupName, bool
 void ToolBarPrivate::applySizes(ToolButton *button)
 {
     Q_Q(ToolBar);
-    if (iconSize == QSize(0, 0) && button->Action())
+    if (iconSize == QSize(0, 0) && button->Action() && !button->Action()->icon().isNull())
         iconSize = button->Action()->icon().actualSize(QSize(256, 256), QIcon::Normal, QIcon::Off);
     const QSize icon = iconSize == QSize(0, 0) ? button->iconSize() : iconSize;
     button->setIconSize(icon);

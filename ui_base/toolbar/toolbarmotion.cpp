@@ -102,6 +102,8 @@ QPropertyAnimation *ToolBar::InitializePosAnimation(bool show, QWidget *widget, 
                                                     QPoint offset, const QEasingCurve &curve,
                                                     int durationMs)
 {
+    if (!widget || !toolBar)
+        return nullptr;
     auto *const animation = new QPropertyAnimation(widget, "pos", widget);
     animation->setDuration(durationMs);
     animation->setEasingCurve(curve);
@@ -117,8 +119,10 @@ QPropertyAnimation *ToolBar::InitializePosAnimation(bool show, QWidget *widget, 
 QPoint ToolBar::GetAnimationTargetPos(bool show, bool isStart, QWidget *widget, ToolBar *toolBar,
                                       QPoint offset)
 {
+    if (!widget)
+        return {};
     const QWidget *const parent = widget->parentWidget();
-    if (!parent)
+    if (!parent || !toolBar)
         return widget->pos();
     return Internal::placeOfSlide(toolBar->d_func()->area, show != isStart, parent->rect(),
                                   widget->rect(), widget->pos(), offset);

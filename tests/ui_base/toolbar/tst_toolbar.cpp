@@ -132,6 +132,7 @@ private Q_SLOTS:
     void tooltipDefaultsAreLeftOutOnRequest();
     void nullActionMakesNoButton();
     void barWithoutSizesLearnsThemFromTheFirstIcon();
+    void barWithoutSizesLearnsNothingFromAnActionWithoutIcon();
     void newPanelStandsByItsLowestRank_data();
     void newPanelStandsByItsLowestRank();
     void buttonsOfALineStandByRank_data();
@@ -358,6 +359,19 @@ void TestToolBar::barWithoutSizesLearnsThemFromTheFirstIcon()
     // A width of 0 gives a difference of -7.
     QCOMPARE(bar.ButtonSize(), QSize(13, 13));
     QCOMPARE(button->minimumSize(), QSize(13, 13));
+}
+
+void TestToolBar::barWithoutSizesLearnsNothingFromAnActionWithoutIcon()
+{
+    OpenBar bar;
+    bar.opened()->iconSize = QSize(0, 0);
+    const ToolButton *const plain = bar.add(tools);
+    QCOMPARE(bar.IconSize(), QSize(0, 0));
+    QCOMPARE(plain->iconSize(), ToolButton(nullptr).iconSize());
+    QAction action;
+    action.setIcon(QPixmap(20, 20));
+    bar.AddAction(&action, tools);
+    QCOMPARE(bar.IconSize(), QSize(20, 20));
 }
 
 void TestToolBar::newPanelStandsByItsLowestRank_data()

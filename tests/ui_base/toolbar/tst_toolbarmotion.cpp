@@ -79,6 +79,7 @@ private Q_SLOTS:
     void slideGoesFromOutsideToInside_data();
     void slideGoesFromOutsideToInside();
     void widgetWithoutParentDoesNotSlide();
+    void slideOfNothingIsNone();
     void animationIsMadeForAnyWidget();
     void shownBarSlidesIn();
     void barThatWasNeverShownSlidesInToItsSide_data();
@@ -221,6 +222,20 @@ void TestToolBarMotion::widgetWithoutParentDoesNotSlide()
     MovingBar bar;
     bar.move(3, 4);
     QCOMPARE(MovingBar::GetAnimationTargetPos(true, true, &bar, &bar, QPoint(7, 11)), QPoint(3, 4));
+}
+
+void TestToolBarMotion::slideOfNothingIsNone()
+{
+    QWidget window;
+    QWidget panel(&window);
+    panel.move(3, 4);
+    MovingBar bar;
+    const QEasingCurve curve;
+    QCOMPARE(MovingBar::InitializePosAnimation(true, nullptr, &bar, {}, curve, 1), nullptr);
+    QCOMPARE(MovingBar::InitializePosAnimation(true, &panel, nullptr, {}, curve, 1), nullptr);
+    QVERIFY(panel.findChildren<QPropertyAnimation *>().isEmpty());
+    QCOMPARE(MovingBar::GetAnimationTargetPos(true, true, nullptr, &bar, {}), QPoint());
+    QCOMPARE(MovingBar::GetAnimationTargetPos(true, true, &panel, nullptr, {}), QPoint(3, 4));
 }
 
 void TestToolBarMotion::animationIsMadeForAnyWidget()
