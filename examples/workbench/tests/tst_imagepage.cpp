@@ -309,6 +309,7 @@ private Q_SLOTS:
         open("30 large.jpg");
         ImageView &view = *page().view();
         view.showOriginalSize();
+        view.zoom(4.0); // larger than the view on any screen
         QCOMPARE(view.cursor().shape(), Qt::OpenHandCursor);
         const QPointF corner = view.placement().place().topLeft();
         Lumo::Test::press(&view, {100, 100});

@@ -149,7 +149,7 @@ void drag(TourGuide &guide)
         QCoreApplication::sendEvent(&view, &event);
     };
     const QPoint from = view.rect().center();
-    const QPoint way(-120, 70);
+    const QPoint way(120, -70);
     send(QEvent::MouseButtonPress, from, Qt::LeftButton);
     guide.check(TourGuide::tr("a hand holds the image"),
                 view.cursor().shape() == Qt::ClosedHandCursor);
