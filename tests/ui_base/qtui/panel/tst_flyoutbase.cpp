@@ -70,6 +70,7 @@ private Q_SLOTS:
     void panelsThatDieAreForgotten();
     void withoutAMainPanelShowingDoesNothing();
     void showingTakesTheFocus();
+    void showingFitsWhatChangedMeanwhile();
     void theSamePanelTwiceIsTheMainPanel();
     void onlyTheFirstFormMarksItselfAlone();
 
@@ -88,6 +89,7 @@ private Q_SLOTS:
     void resizingIsTold();
     void aTallWindowIsNotCutOff();
     void aChangeWithinAResizeIsMadeUpFor();
+    void aChangeWithinAResizeByTheOwnerIsMadeUpFor();
     void theFrameFollowsTheFlyout();
 
     void closingAHiddenFlyoutIsSilent();
@@ -231,6 +233,20 @@ void FlyoutBaseTest::showingTakesTheFocus()
     QCOMPARE(window.focusWidget(), flyout.get());
 }
 
+void FlyoutBaseTest::showingFitsWhatChangedMeanwhile()
+{
+    QWidget window;
+    const Flyout flyout = makeFlyout({}, nullptr, &window);
+    window.show();
+    const int height = flyout->height();
+    flyout->hide();
+    flyout->MainPanel()->hide();
+    flyout->MainPanel()->setFixedHeight(100);
+    flyout->show();
+    QVERIFY(flyout->MainPanel()->isVisible());
+    QCOMPARE(flyout->height(), height + 40);
+}
+
 void FlyoutBaseTest::theSamePanelTwiceIsTheMainPanel()
 {
     auto *const panel = makePanel();
@@ -326,8 +342,9 @@ void FlyoutBaseTest::buttonsThatComeBackRestoreTheSize()
     flyout->show();
     const QSize size = flyout->size();
     flyout->SetApplyButtonVisible(false);
+    QCOMPARE(flyout->size(), size);
     flyout->SetCancelButtonVisible(false);
-    QVERIFY(flyout->height() < size.height());
+    QCOMPARE(flyout->size(), makeFlyout({true, false, false, false})->size());
     flyout->SetApplyButtonVisible(true);
     flyout->SetCancelButtonVisible(true);
     QCOMPARE(flyout->size(), size);
@@ -451,6 +468,18 @@ void FlyoutBaseTest::aChangeWithinAResizeIsMadeUpFor()
     });
     click(flyout, "advanced_button");
     QCOMPARE(deepest, 1);
+    QCOMPARE(flyout->size(), flyout->sizeHint());
+}
+
+void FlyoutBaseTest::aChangeWithinAResizeByTheOwnerIsMadeUpFor()
+{
+    const Flyout flyout = makeFlyout({}, makePanel());
+    flyout->show();
+    connect(flyout.get(), &FlyoutBase::FlyoutResized, flyout.get(), [&] {
+        if (flyout->width() == 500)
+            flyout->SetApplyButtonVisible(false);
+    });
+    flyout->resize(500, 400);
     QCOMPARE(flyout->size(), flyout->sizeHint());
 }
 

@@ -23,15 +23,15 @@ using namespace Lumo::Test;
 
 namespace {
 
-/// What an icon of 16 by 16 draws on the screen.
-QImage drawn(const QIcon &icon)
+/// What an icon of this size draws on the screen.
+QImage drawn(const QIcon &icon, int size = 16)
 {
     const qreal ratio = qApp->devicePixelRatio();
-    QImage image(QSize(16, 16) * ratio, QImage::Format_ARGB32_Premultiplied);
+    QImage image(QSize(size, size) * ratio, QImage::Format_ARGB32_Premultiplied);
     image.setDevicePixelRatio(ratio);
     image.fill(Qt::transparent);
     QPainter painter(&image);
-    icon.paint(&painter, QRect(0, 0, 16, 16));
+    icon.paint(&painter, QRect(0, 0, size, size));
     painter.end();
     image.setDevicePixelRatio(1);
     return image;
@@ -280,9 +280,15 @@ void FlyoutBaseFormTest::picturesHaveTheResolutionOfTheScreen()
     };
     QCOMPARE(drawnBy("advanced_button"), pixelsOf(file.arg("sys_panel_expand", suffix)));
     QCOMPARE(drawnBy("cancel_button"), pixelsOf(file.arg("sys_issue_ignore", suffix)));
+    for (const char *name : {"info_button", "ibutton"}) {
+        const QIcon icon = part<QAbstractButton>(flyout, name)->icon();
+        QCOMPARE(drawn(icon, 40), pixelsOf(file.arg("sys_message_box_info", suffix)));
+    }
     flyout->show();
     click(flyout, "advanced_button");
     QCOMPARE(drawnBy("advanced_button"), pixelsOf(file.arg("sys_panel_collapse", suffix)));
+    click(flyout, "advanced_button");
+    QCOMPARE(drawnBy("advanced_button"), pixelsOf(file.arg("sys_panel_expand", suffix)));
 }
 
 void FlyoutBaseFormTest::theStripShowsForAnInfoText()

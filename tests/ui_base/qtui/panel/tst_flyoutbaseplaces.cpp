@@ -68,6 +68,7 @@ private Q_SLOTS:
     void aSubWidgetThatDiesLeavesTheList();
 
     void theInfoButtonTogglesItsWidget();
+    void theInfoButtonGetsItsRoom();
     void anInfoWidgetThatDiesIsForgotten();
     void theInfoDialogIsHeardOnce();
     void anotherInfoDialogReplacesTheFirst();
@@ -164,6 +165,17 @@ void FlyoutBasePlacesTest::theInfoButtonTogglesItsWidget()
     QVERIFY(!info.isVisible());
     flyout->EnableInfoButton(false, &info);
     QVERIFY(!part(flyout, "info_button")->isVisible());
+}
+
+void FlyoutBasePlacesTest::theInfoButtonGetsItsRoom()
+{
+    const Flyout flyout = makeFlyout();
+    flyout->SetTitle(QString(100, QLatin1Char('m')));
+    flyout->show();
+    const int width = flyout->width();
+    QWidget info;
+    flyout->EnableInfoButton(true, &info);
+    QCOMPARE(flyout->width(), width + 20 + 6);
 }
 
 void FlyoutBasePlacesTest::anInfoWidgetThatDiesIsForgotten()
