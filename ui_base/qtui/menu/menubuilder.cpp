@@ -336,13 +336,10 @@ MenuBuilder::MenuBuilder(MenuBuilderPrivate &dd, QWidget *parent)
 
 MenuBuilder::~MenuBuilder()
 {
-    const auto items = std::exchange(d_ptr->menuBarItems, {});
-    for (const QSharedPointer<QToolButton> &button : items) {
-        if (button) {
-            // A caller's share keeps the pointer, but the button ends with its bar.
+    // A caller's share keeps the pointer, but as a child the button ends with its bar.
+    for (const QSharedPointer<QToolButton> &button : std::as_const(d_ptr->menuBarItems)) {
+        if (button)
             button->disconnect(this);
-            delete button.data();
-        }
     }
 }
 

@@ -39,12 +39,14 @@ public:
     void LinkButtonMenu(bool link);
     void LinkPlain(QAbstractButton *button, QMenu *menu) const;
     void LinkHover(QAbstractButton *button, QMenu *menu, bool link) const;
+    void SyncShortcuts(QAbstractButton *button, QMenu *menu) const;
+    void DropShortcuts(QMenu *menu) const;
     void WatchMenu(QMenu *menu);
     void WatchButton(QAbstractButton *button);
     void DropButton(QAbstractButton *button);
     void DropMenu(QMenu *menu);
     void ShowClosedFace(QAbstractButton *button) const;
-    void HideUnlinked(QMenu *menu) const;
+    void LetGo(QMenu *menu) const;
 
     bool IsCursorOver() const;
     void PlaceMenu(QAbstractButton *button) const;
@@ -142,14 +144,33 @@ void LumoMenuManagerPrivate::LinkHover(QAbstractButton *button, QMenu *menu, boo
     if (!link) {
         // The menus stay watched: one that is open still has to close when the pointer leaves it.
         button->removeEventFilter(q);
+        DropShortcuts(buttonMenus.value(button));
         return;
     }
     button->installEventFilter(q);
     if (!menu)
         return;
+    SyncShortcuts(button, menu);
     const QVector<QMenu *> menus = WithSubMenus(menu);
     for (QMenu *each : menus)
         each->installEventFilter(q);
+}
+
+void LumoMenuManagerPrivate::SyncShortcuts(QAbstractButton *button, QMenu *menu) const
+{
+    if (!mainWindow || !menu)
+        return;
+    // Qt asks from an action to its menu, and from there to a widget of the active window.
+    if (button->isEnabled())
+        mainWindow->addAction(menu->menuAction());
+    else
+        mainWindow->removeAction(menu->menuAction());
+}
+
+void LumoMenuManagerPrivate::DropShortcuts(QMenu *menu) const
+{
+    if (mainWindow && menu)
+        mainWindow->removeAction(menu->menuAction());
 }
 
 void LumoMenuManagerPrivate::WatchMenu(QMenu *menu)
@@ -179,7 +200,7 @@ void LumoMenuManagerPrivate::WatchButton(QAbstractButton *button)
 
 void LumoMenuManagerPrivate::DropButton(QAbstractButton *button)
 {
-    HideUnlinked(buttonMenus.take(button));
+    LetGo(buttonMenus.take(button));
 }
 
 void LumoMenuManagerPrivate::DropMenu(QMenu *menu)
@@ -201,12 +222,14 @@ void LumoMenuManagerPrivate::ShowClosedFace(QAbstractButton *button) const
         button->setStyleSheet(button->property(LumoMenuManager::OriginalStyleProperty).toString());
 }
 
-void LumoMenuManagerPrivate::HideUnlinked(QMenu *menu) const
+void LumoMenuManagerPrivate::LetGo(QMenu *menu) const
 {
     const bool isLinked =
         std::find(buttonMenus.cbegin(), buttonMenus.cend(), menu) != buttonMenus.cend();
-    if (customHover && menu && !isLinked)
-        menu->hide();
+    if (!customHover || !menu || isLinked)
+        return;
+    DropShortcuts(menu);
+    menu->hide();
 }
 
 bool LumoMenuManagerPrivate::IsCursorOver() const
@@ -319,7 +342,8 @@ void LumoMenuManagerPrivate::Open(QAbstractButton *button)
 void LumoMenuManagerPrivate::OnEvent(QObject *watched, QEvent::Type type)
 {
     auto *menu = qobject_cast<QMenu *>(watched);
-    const bool isOurs = menu || qobject_cast<QAbstractButton *>(watched);
+    auto *button = qobject_cast<QAbstractButton *>(watched);
+    const bool isOurs = menu || button;
     if (type == QEvent::MouseMove) {
         if (IsCursorOver())
             menuHideTimer->stop();
@@ -333,6 +357,8 @@ void LumoMenuManagerPrivate::OnEvent(QObject *watched, QEvent::Type type)
         ApplyStyle(menu, LumoMenuManager::AlternateStyleProperty);
     } else if (type == QEvent::Hide && menu) {
         ApplyStyle(menu, LumoMenuManager::OriginalStyleProperty);
+    } else if (type == QEvent::EnabledChange && button) {
+        SyncShortcuts(button, buttonMenus.value(button));
     } else if (type == QEvent::Hide && watched == mainWindow) {
         HideAll(); // a window of their own would stay
     }
@@ -363,7 +389,7 @@ void LumoMenuManager::AddButtonMenuLinkage(QAbstractButton *button, QMenu *menu)
     }
     if (replaced && replaced != menu) {
         d->ShowClosedFace(button);
-        d->HideUnlinked(replaced);
+        d->LetGo(replaced);
     }
 }
 

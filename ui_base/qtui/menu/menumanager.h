@@ -29,7 +29,9 @@ class LumoMenuManagerPrivate;
 /// a press of a button without a mouse, by its mnemonic or an assistive tool, opens its own. Such a
 /// menu is the active window: the arrow keys go through it and to its neighbours, and when it has gone
 /// the main window is active again. A click on a button opens its menu again, and Escape that nothing
-/// in the main window takes hides all menus. A main window that is hidden takes the menus along.
+/// in the main window takes hides all menus. A main window that is hidden takes the menus along. The
+/// shortcuts in the menus of enabled buttons work in the main window, which holds the actions of those
+/// menus for it.
 ///
 /// While a menu of custom-hover mode is open, its button has the style sheet of its property
 /// AlternateStyleProperty, otherwise that of OriginalStyleProperty; an empty one changes nothing. The

@@ -14,6 +14,7 @@
 #include <QMenu>
 #include <QPointer>
 #include <QPushButton>
+#include <QSignalSpy>
 #include <QTimer>
 #include <QToolButton>
 
@@ -88,6 +89,26 @@ struct Scene
     QPointer<LumoMenuManager> manager;
 };
 
+// Counts the events of one type that an object gets.
+class EventCounter : public QObject
+{
+public:
+    EventCounter(QObject *watched, QEvent::Type type)
+        : m_type(type)
+    {
+        watched->installEventFilter(this);
+    }
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        count += event->type() == m_type ? 1 : 0;
+        return false;
+    }
+    int count = 0;
+
+private:
+    const QEvent::Type m_type;
+};
+
 } // namespace
 
 class TestLumoMenuManager : public TestCase
@@ -118,7 +139,15 @@ private Q_SLOTS:
     void wayFromButtonToMenuKeepsItOpen();
     void movesOverLinkedPartsKeepMenusOpen_data();
     void movesOverLinkedPartsKeepMenusOpen();
+    void movesOverSubMenusKeepMenusOpen();
+    void thePlaceOfAHiddenMenuDoesNotCount();
+    void theWindowsOwnEnterAndLeaveDoNotCount();
     void disabledButtonStillSwitchesOnEnter();
+    void menuThatIsOpenComesToTheFront();
+    void enteredButtonIsPaintedAgain();
+    void stoppedManagerStillClosesWhatIsOpen();
+    void shortcutsOfMenusWork_data();
+    void shortcutsOfMenusWork();
     void subMenusAreWatched();
     void noEventIsConsumed();
 
@@ -386,6 +415,113 @@ void TestLumoMenuManager::movesOverLinkedPartsKeepMenusOpen()
         scene.timer().start();
     pointAt(&scene.window, QPoint(390, 290));
     QCOMPARE(scene.timer().isActive(), !keeps);
+}
+
+void TestLumoMenuManager::movesOverSubMenusKeepMenusOpen()
+{
+    Scene scene(true);
+    QMenu *sub = scene.firstMenu->addMenu(QStringLiteral("Sub"));
+    sub->addAction(QStringLiteral("Action"));
+    scene.start();
+    send(scene.first, QEvent::Enter);
+    // Whether it is visible or not.
+    sub->setGeometry(600, 600, 100, 50);
+    QCursor::setPos(610, 610);
+    scene.timer().start();
+    pointAt(&scene.window, QPoint(390, 290));
+    QVERIFY(!scene.timer().isActive());
+}
+
+void TestLumoMenuManager::thePlaceOfAHiddenMenuDoesNotCount()
+{
+    Scene scene(true);
+    scene.start();
+    send(scene.first, QEvent::Enter);
+    QCursor::setPos(scene.firstMenu->mapToGlobal(QPoint(5, 5)));
+    scene.firstMenu->hide();
+    scene.timer().stop();
+    pointAt(&scene.window, QPoint(390, 290));
+    QVERIFY(scene.timer().isActive());
+}
+
+void TestLumoMenuManager::theWindowsOwnEnterAndLeaveDoNotCount()
+{
+    Scene scene(true);
+    scene.start();
+    send(&scene.window, QEvent::Leave);
+    QVERIFY(!scene.timer().isActive());
+    scene.timer().start();
+    send(&scene.window, QEvent::Enter);
+    QVERIFY(scene.timer().isActive());
+}
+
+void TestLumoMenuManager::menuThatIsOpenComesToTheFront()
+{
+    Scene scene(true);
+    scene.start();
+    send(scene.first, QEvent::Enter);
+    EventCounter raised(scene.firstMenu, QEvent::ZOrderChange);
+    send(scene.first, QEvent::Enter);
+    QCOMPARE(raised.count, 1);
+}
+
+void TestLumoMenuManager::enteredButtonIsPaintedAgain()
+{
+    Scene scene(true);
+    scene.plain->setProperty(LumoMenuManager::AlternateStyleProperty, QVariant());
+    scene.start();
+    QVERIFY(QTest::qWaitForWindowExposed(&scene.window));
+    EventCounter painted(scene.plain, QEvent::Paint);
+    QCoreApplication::processEvents();
+    const int before = painted.count;
+    send(scene.plain, QEvent::Enter);
+    QTRY_VERIFY(painted.count > before);
+}
+
+void TestLumoMenuManager::stoppedManagerStillClosesWhatIsOpen()
+{
+    Scene scene(true);
+    scene.start();
+    send(scene.first, QEvent::Enter);
+    scene.manager->Stop();
+    send(scene.firstMenu, QEvent::Leave);
+    QVERIFY(scene.timer().isActive());
+    QTRY_VERIFY(!scene.firstMenu->isVisible());
+}
+
+void TestLumoMenuManager::shortcutsOfMenusWork_data()
+{
+    QTest::addColumn<bool>("customHover");
+    QTest::newRow("plain") << false;
+    QTest::newRow("hover") << true;
+}
+
+void TestLumoMenuManager::shortcutsOfMenusWork()
+{
+    QFETCH(bool, customHover);
+    Scene scene(customHover);
+    QAction *action = scene.firstMenu->actions().constFirst();
+    action->setShortcut(Qt::CTRL + Qt::Key_B);
+    QSignalSpy triggered(action, &QAction::triggered);
+    scene.manager->Start();
+    scene.window.show();
+    scene.window.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&scene.window));
+    const auto press = [&] {
+        QTest::keyClick(&scene.window, Qt::Key_B, Qt::ControlModifier);
+        return triggered.count();
+    };
+    QCOMPARE(press(), 1);
+    scene.first->setEnabled(false);
+    QCOMPARE(press(), 1);
+    scene.first->setEnabled(true);
+    QCOMPARE(press(), 2);
+    scene.manager->Stop();
+    QCOMPARE(press(), 2);
+    scene.manager->Start();
+    QCOMPARE(press(), 3);
+    scene.manager->AddButtonMenuLinkage(scene.first, nullptr);
+    QCOMPARE(press(), 3);
 }
 
 void TestLumoMenuManager::disabledButtonStillSwitchesOnEnter()

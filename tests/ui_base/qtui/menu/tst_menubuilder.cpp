@@ -140,6 +140,7 @@ private Q_SLOTS:
     void barWatchesTheMenusThatItFills();
     void menusAreNamedByTheirItems();
     void itemsAddedToARunningHoverBarOpen();
+    void menusAddedWithTheirActionsAreWatched();
     void aMenuThatStandsInItselfIsWalkedOnce();
     void subclassesStyleItemsAndMenus();
     void appendedItemNeedsAStartedPlainBar();
@@ -781,6 +782,20 @@ void TestMenuBuilder::itemsAddedToARunningHoverBarOpen()
     QCoreApplication::sendEvent(bar.state().FindMenu(bar.menu(Edit), QStringLiteral("Sub")),
                                 &leave);
     QVERIFY(timer->isActive());
+}
+
+void TestMenuBuilder::menusAddedWithTheirActionsAreWatched()
+{
+    QMainWindow window;
+    Bar bar(&window, Qt::ToolButtonTextOnly, true);
+    QVERIFY(bar.add(File));
+    QVERIFY(bar.AddDropDownMenu(File, {nullptr}, nullptr));
+    bar.Start();
+    QMenu own;
+    QVERIFY(bar.AddDropDownMenu(File, {own.menuAction()}, nullptr));
+    QEvent leave(QEvent::Leave);
+    QCoreApplication::sendEvent(&own, &leave);
+    QVERIFY(bar.state().menuManager->findChild<QTimer *>()->isActive());
 }
 
 void TestMenuBuilder::aMenuThatStandsInItselfIsWalkedOnce()
