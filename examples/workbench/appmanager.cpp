@@ -17,8 +17,10 @@
 #include "dialogs/aboutcommand.h"
 #include "dialogs/logcommand.h"
 #include "dialogs/messagelog.h"
+#include "dialogs/preferencescommand.h"
 #include "image/imageviewcontroller.h"
 #include "image/openimagecommand.h"
+#include "preferences.h"
 
 #include <lumo_app_service/ApplicationService>
 #include <ui_base/CommandBag>
@@ -55,6 +57,7 @@ AppManager::AppManager(const std::shared_ptr<MeshDocument> &document,
                        const std::shared_ptr<ImageDocument> &images, Chooser openChooser,
                        Chooser saveChooser, Chooser imageChooser)
     : m_log(MessageLog::make())
+    , m_preferences(std::make_shared<Preferences>())
 {
     m_commands.images = makeImageCommands(images, std::move(imageChooser));
     makeCommands(document, std::move(openChooser), std::move(saveChooser));
@@ -85,6 +88,7 @@ void AppManager::makeCommands(const std::shared_ptr<MeshDocument> &document, Cho
     m_commands.pick = std::make_shared<PickCommand>();
     m_commands.showAll = std::make_shared<ShowAllCommand>();
     m_commands.compare = std::make_shared<CompareCommand>();
+    m_commands.preferences = std::make_shared<PreferencesCommand>(m_preferences);
     m_commands.log = std::make_shared<LogCommand>(m_log);
     m_commands.about = std::make_shared<AboutCommand>();
 }
@@ -131,6 +135,7 @@ void AppManager::makeGroups()
 
     m_commands.program = makeGroup(QStringLiteral("program"));
     m_commands.program->groupActionGroup()->setExclusive(false);
+    addTo(*m_commands.program, m_commands.preferences);
     addTo(*m_commands.program, m_commands.log);
     addTo(*m_commands.program, m_commands.about);
 }

@@ -16,6 +16,7 @@ namespace Workbench {
 class ImageDocument;
 class MeshDocument;
 class MessageLog;
+class Preferences;
 
 /// Knows which commands belong to which view controller. It registers itself with the application
 /// service as long as it lives.
@@ -33,6 +34,8 @@ public:
     const CommandSet &commandSet() const { return m_commands; }
     /// What the program has said since the manager was made.
     const std::shared_ptr<MessageLog> &log() const { return m_log; }
+    /// What the user has chosen; the defaults at first.
+    const std::shared_ptr<Preferences> &preferences() const { return m_preferences; }
 
     QString applicationName() const override;
 
@@ -51,6 +54,7 @@ private:
     void makeGroups();
 
     const std::shared_ptr<MessageLog> m_log;
+    const std::shared_ptr<Preferences> m_preferences;
     CommandSet m_commands;
 };
 

@@ -24,6 +24,7 @@ class FlipNormalsCommand;
 class LogCommand;
 class OpenCommand;
 class PickCommand;
+class PreferencesCommand;
 class SaveCommand;
 class ShowAllCommand;
 class SmoothCommand;
@@ -43,6 +44,7 @@ struct CommandSet
     std::shared_ptr<PickCommand> pick;
     std::shared_ptr<ShowAllCommand> showAll;
     std::shared_ptr<CompareCommand> compare;
+    std::shared_ptr<PreferencesCommand> preferences;
     std::shared_ptr<LogCommand> log;
     std::shared_ptr<AboutCommand> about;
     std::vector<std::shared_ptr<DisplayModeCommand>> modes;

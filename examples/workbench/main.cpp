@@ -5,6 +5,7 @@
 #include "look.h"
 #include "mainwindow.h"
 #include "options.h"
+#include "preferences.h"
 #include "tour/tour.h"
 #include "tracing.h"
 
@@ -13,6 +14,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QStandardPaths>
 
 #include <cstdio>
 #include <memory>
@@ -25,7 +27,19 @@ void prepareApplication()
     QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     // The view is the one window inside the main window; its neighbours stay plain widgets.
     QApplication::setAttribute(Qt::AA_DontCreateNativeWidgetSiblings);
+    QApplication::setOrganizationName(QStringLiteral("lumo_ui_base"));
     QApplication::setApplicationName(QStringLiteral("workbench"));
+}
+
+/// Brings the preferences of the latest run, and keeps those of this one.
+void rememberPreferences(Workbench::Preferences &preferences)
+{
+    const QDir folder(QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation));
+    const QString file = folder.filePath(QStringLiteral("preferences.ini"));
+    preferences.setValues(Workbench::readPreferences(file));
+    QObject::connect(
+        &preferences, &Workbench::Preferences::kept, &preferences,
+        [&preferences, file] { Workbench::writePreferences(file, preferences.values()); });
 }
 
 } // namespace
@@ -56,6 +70,7 @@ int main(int argc, char *argv[])
     window.show();
     if (!options.tourFolder.isEmpty())
         return Workbench::Tour(window, options, tracing.get()).run();
+    rememberPreferences(window.preferences());
     window.openFile(options.file);
     return QApplication::exec();
 }

@@ -24,8 +24,10 @@
 #include "image/openimagecommand.h"
 #include "mesh/meshreader.h"
 #include "meshdocument.h"
+#include "preferences.h"
 #include "statusline.h"
 #include "toolbar/commandbar.h"
+#include "view/meshview.h"
 #include "view/viewpane.h"
 
 #include <lumo_app_service/ApplicationService>
@@ -74,6 +76,7 @@ MainWindow::MainWindow()
     connectDocument();
     connectImages();
     connectClock();
+    connect(&preferences(), &Preferences::changed, this, &MainWindow::applyPreferences);
     showTitle();
     updateEnabled();
 }
@@ -85,6 +88,7 @@ MainWindow::~MainWindow()
     disconnect(m_clock.get(), nullptr, this, nullptr);
     disconnect(m_document.get(), nullptr, this, nullptr);
     disconnect(m_images.get(), nullptr, this, nullptr);
+    disconnect(&preferences(), nullptr, this, nullptr);
 }
 
 Vela::UiToolkit::TaskDialog *MainWindow::problem() const
@@ -221,6 +225,19 @@ bool MainWindow::mayLoseChanges()
         break;
     }
     return false;
+}
+
+void MainWindow::applyPreferences()
+{
+    const SPreferences &values = preferences().values();
+    m_bar->setCardsEnabled(values.hasCards);
+    commands().smooth->enableExecutionNotification(values.hasNotifications);
+    commands().subdivide->enableExecutionNotification(values.hasNotifications);
+    if (MeshView *const view = m_pane->view()) {
+        Appearance appearance = view->appearance();
+        appearance.background = values.background;
+        view->setAppearance(appearance);
+    }
 }
 
 /// The latest problem takes the place of the one before: nobody clicks through a pile of dialogs.

@@ -40,6 +40,7 @@ public:
 
     const CommandSet &commands() const { return m_manager->commandSet(); }
     const std::shared_ptr<MessageLog> &log() const { return m_manager->log(); }
+    Preferences &preferences() const { return *m_manager->preferences(); }
     CommandClock &clock() const { return *m_clock; }
     MeshDocument &document() const { return *m_document; }
     ImageDocument &images() const { return *m_images; }
@@ -60,6 +61,7 @@ private:
     void connectDocument();
     void connectImages();
     void connectClock();
+    void applyPreferences();
 
     QString chooseFile();
     QString chooseTarget();

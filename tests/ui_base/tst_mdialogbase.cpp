@@ -721,6 +721,8 @@ private Q_SLOTS:
     {
         const Dialog dialog = makeDialog();
         QCOMPARE(dialog->windowTitle(), QStringLiteral("Smooth"));
+        // The flyout has the focus at first.
+        QCOMPARE(flyoutOf(dialog)->accessibleName(), QStringLiteral("Smooth"));
         flyoutOf(dialog)->SetTitle(QStringLiteral("Other"));
         QCOMPARE(dialog->windowTitle(), QStringLiteral("Other"));
     }

@@ -6,6 +6,7 @@
 #include "dialogs/dialogparts.h"
 
 #include <QBoxLayout>
+#include <QIcon>
 #include <QLabel>
 #include <QPushButton>
 
@@ -13,6 +14,7 @@ namespace Workbench {
 namespace {
 
 const int dialogWidth = 380;
+const QSize pictureSize(264, 165);
 
 } // namespace
 
@@ -33,12 +35,17 @@ AboutDialog::AboutDialog(QWidget *parent)
     label->setObjectName(QStringLiteral("text"));
     label->setWordWrap(true);
     label->setAlignment(Qt::AlignLeading | Qt::AlignTop);
+    auto *picture = new QLabel(this);
+    picture->setAlignment(Qt::AlignCenter);
+    picture->setPixmap(QIcon(QStringLiteral(":/workbench/pictures/shaded.png"))
+                           .pixmap(parent ? parent->windowHandle() : nullptr, pictureSize));
     auto *close = new QPushButton(tr("Close"), this);
     close->setObjectName(QStringLiteral("ok"));
     close->setDefault(true);
     connect(close, &QPushButton::clicked, this, &QDialog::accept);
 
     QBoxLayout *column = dressUp(*this, tr("About Workbench"));
+    column->addWidget(picture);
     column->addWidget(label, 1);
     column->addWidget(close, 0, Qt::AlignTrailing);
     setAccessibleDescription(tr("The example that comes with lumo_ui_base."));

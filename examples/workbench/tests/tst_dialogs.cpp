@@ -3,20 +3,29 @@
 
 #include "commandclock.h"
 #include "commands/smoothcommand.h"
+#include "commands/subdividecommand.h"
 #include "dialogs/aboutcommand.h"
 #include "dialogs/aboutdialog.h"
 #include "dialogs/logcommand.h"
 #include "dialogs/logdialog.h"
 #include "dialogs/messagelog.h"
+#include "dialogs/preferencescommand.h"
 #include "mainwindow.h"
+#include "preferences.h"
 #include "support/mouse.h"
 #include "support/testcase.h"
 #include "support/testmain.h"
+#include "toolbar/commandbar.h"
+#include "view/meshview.h"
+#include "view/viewpane.h"
 #include "waypoints.h"
 
 #include <lumo_app_service/ApplicationService>
 #include <ui_base/CmdsViewController>
 #include <ui_base/CommandGroup>
+#include <ui_base/FlyoutBase>
+#include <ui_base/ToolButton>
+#include <ui_base/TooltipObject>
 
 #include <QApplication>
 #include <QLabel>
@@ -26,6 +35,11 @@
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QToolButton>
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QSettings>
+#include <QTemporaryDir>
 
 #include <thread>
 
@@ -146,7 +160,7 @@ private Q_SLOTS:
                 QVERIFY2(control->focusPolicy() & Qt::TabFocus, qPrintable(control->objectName()));
                 QVERIFY2(!spokenName(control).isEmpty(), qPrintable(control->objectName()));
             }
-            click(dialog, "close");
+            dialog->close();
         }
     }
 
@@ -171,6 +185,127 @@ private Q_SLOTS:
         const auto *label =
             window.commands().about->dialog()->findChild<QLabel *>(QStringLiteral("text"));
         QVERIFY(label->heightForWidth(label->width()) <= label->height());
+    }
+
+    // Preferences
+
+    void preferencesActAtOnce()
+    {
+        MainWindow window;
+        window.show();
+        QDialog *dialog = showPreferences(window);
+        choose(dialog, EBackground::Dark);
+        QVERIFY(window.pane().view()->appearance().background == EBackground::Dark);
+        const auto *tooltip = window.commands().smooth->toolButton()->GetTooltipObject();
+        QVERIFY(tooltip->IsTooltipEnabled());
+        click(dialog, "cards");
+        QVERIFY(!tooltip->IsTooltipEnabled());
+        click(dialog, "advanced_button");
+        QVERIFY(window.commands().smooth->isExecutionNotificationEnabled());
+        click(dialog, "notifications");
+        QVERIFY(!window.commands().smooth->isExecutionNotificationEnabled());
+        QVERIFY(!window.commands().subdivide->isExecutionNotificationEnabled());
+    }
+
+    void appliedPreferencesLast()
+    {
+        MainWindow window;
+        window.show();
+        const QSignalSpy kept(&window.preferences(), &Preferences::kept);
+        QDialog *dialog = showPreferences(window);
+        choose(dialog, EBackground::Grey);
+        QCOMPARE(kept.count(), 0);
+        click(dialog, "apply_button");
+        QCOMPARE(kept.count(), 1);
+        QTRY_VERIFY(!window.commands().preferences->dialog());
+        QVERIFY(window.preferences().values().background == EBackground::Grey);
+    }
+
+    void preferencesThatAreNotAppliedAreGivenUp_data()
+    {
+        QTest::addColumn<QString>("button");
+        QTest::newRow("cancel") << QStringLiteral("cancel_button");
+        QTest::newRow("close") << QStringLiteral("close_button");
+        QTest::newRow("Escape") << QString();
+    }
+
+    void preferencesThatAreNotAppliedAreGivenUp()
+    {
+        QFETCH(const QString, button);
+        MainWindow window;
+        window.show();
+        SPreferences before;
+        before.background = EBackground::Grey;
+        window.preferences().setValues(before);
+        QDialog *dialog = showPreferences(window);
+        choose(dialog, EBackground::Dark);
+        if (button.isEmpty())
+            QTest::keyClick(dialog, Qt::Key_Escape);
+        else
+            click(dialog, button.toLatin1());
+        QTRY_VERIFY(!window.commands().preferences->dialog());
+        QVERIFY(window.preferences().values() == before);
+        QVERIFY(window.pane().view()->appearance().background == EBackground::Grey);
+    }
+
+    void resetShowsTheDefaults()
+    {
+        MainWindow window;
+        window.show();
+        SPreferences other;
+        other.background = EBackground::Dark;
+        other.hasCards = false;
+        other.hasNotifications = false;
+        window.preferences().setValues(other);
+        QDialog *dialog = showPreferences(window);
+        QCOMPARE(dialog->findChild<QComboBox *>()->currentIndex(), int(EBackground::Dark));
+        QVERIFY(!dialog->findChild<QCheckBox *>(QStringLiteral("cards"))->isChecked());
+        QVERIFY(!dialog->findChild<QCheckBox *>(QStringLiteral("notifications"))->isChecked());
+        click(dialog, "reset_button");
+        QVERIFY(window.preferences().values() == SPreferences());
+        QCOMPARE(dialog->findChild<QComboBox *>()->currentIndex(), int(EBackground::Light));
+        QVERIFY(dialog->findChild<QCheckBox *>(QStringLiteral("cards"))->isChecked());
+        QVERIFY(dialog->isVisible());
+    }
+
+    void preferencesGrowWithTheAdvancedOnes()
+    {
+        MainWindow window;
+        window.show();
+        QDialog *dialog = showPreferences(window);
+        const int folded = dialog->height();
+        click(dialog, "advanced_button");
+        QVERIFY(dialog->height() > folded);
+        QVERIFY(dialog->findChild<QCheckBox *>(QStringLiteral("notifications"))->isVisible());
+    }
+
+    void preferencesSurviveInTheirFile()
+    {
+        const QTemporaryDir folder;
+        const QString file = folder.filePath(QStringLiteral("some/preferences.ini"));
+        QVERIFY(readPreferences(file) == SPreferences());
+        SPreferences values;
+        values.background = EBackground::Grey;
+        values.hasCards = false;
+        values.hasNotifications = false;
+        QVERIFY(writePreferences(file, values));
+        QVERIFY(readPreferences(file) == values);
+    }
+
+    void preferencesThatMakeNoSenseAreDefaults()
+    {
+        const QTemporaryDir folder;
+        const QString file = folder.filePath(QStringLiteral("preferences.ini"));
+        for (const char *number : {"3", "-1", "blue", ""}) {
+            QSettings(file, QSettings::IniFormat)
+                .setValue(QStringLiteral("view/background"), QLatin1String(number));
+            QVERIFY(readPreferences(file) == SPreferences());
+        }
+    }
+
+    void preferencesThatCannotBeWrittenAreReported()
+    {
+        QVERIFY(!writePreferences(QStringLiteral("/dev/null/preferences.ini"), {}));
     }
 
     // The log
@@ -307,9 +442,24 @@ private Q_SLOTS:
     }
 
 private:
+    static QDialog *showPreferences(const MainWindow &window)
+    {
+        window.commands().preferences->trigger();
+        return window.commands().preferences->dialog();
+    }
+
+    static void choose(QDialog *dialog, EBackground background)
+    {
+        auto *const box = dialog->findChild<QComboBox *>(QStringLiteral("background"));
+        QTest::keyClick(box, Qt::Key_Home);
+        for (int i = 0; i < int(background); ++i)
+            QTest::keyClick(box, Qt::Key_Down);
+    }
+
     static std::vector<DialogCommand *> dialogCommands(const MainWindow &window)
     {
-        return {window.commands().log.get(), window.commands().about.get()};
+        return {window.commands().preferences.get(), window.commands().log.get(),
+                window.commands().about.get()};
     }
 };
 

@@ -70,6 +70,13 @@ ToolButton *CommandBar::explainedButton() const
     return found == buttons.end() ? nullptr : *found;
 }
 
+void CommandBar::setCardsEnabled(bool enabled)
+{
+    const QList<ToolButton *> buttons = m_bar->findChildren<ToolButton *>();
+    for (ToolButton *button : buttons)
+        button->GetTooltipObject()->SetEnableTooltip(enabled);
+}
+
 /// The card never has the focus, so the window takes the key that the card promises help for. It
 /// does what a click on the card does.
 void CommandBar::toggleDetails()

@@ -27,6 +27,9 @@ public:
     /// The button whose card is up; null when none is.
     Vela::UiBase::ToolButton *explainedButton() const;
 
+    /// Whether buttons have cards; they do at first.
+    void setCardsEnabled(bool enabled);
+
 private:
     void addGroup(Vela::UiBase::CommandGroup &group);
     void toggleDetails();

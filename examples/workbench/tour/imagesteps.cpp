@@ -187,11 +187,16 @@ void refuse(TourGuide &guide)
     QWidget *const problem = guide.window().problem();
     guide.check(TourGuide::tr("the window shows a message that names the file"),
                 problem && problem->accessibleName().startsWith(file.fileName()));
+    QDialog *const problem = guide.window().problem();
+    guide.check(TourGuide::tr("a dialog names the file"),
+                problem && problem->isVisible()
+                    && problem->accessibleName().startsWith(file.fileName()));
     guide.check(TourGuide::tr("what was open stays open"),
                 guide.window().images().filePath().endsWith(QLatin1String("flat.png")));
     guide.finishWithPicture();
     if (problem)
         problem->close();
+    guide.settle();
 }
 
 void goBack(TourGuide &guide, const QImage &before)

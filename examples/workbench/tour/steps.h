@@ -26,6 +26,8 @@ void visitEdits(TourGuide &guide);
 void visitComparison(TourGuide &guide);
 /// The message over the view, while the window moves and is minimised.
 void visitNotifications(TourGuide &guide);
+/// The dialogs beside the work: preferences, log and about.
+void visitDialogs(TourGuide &guide);
 /// Files that can't be read, another file during a run, and saving.
 void visitFiles(TourGuide &guide);
 /// An image in place of the mesh, and the folder that it comes from.

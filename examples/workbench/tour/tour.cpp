@@ -59,6 +59,7 @@ int Tour::run()
         visitEdits(m_guide);
         visitComparison(m_guide);
         visitNotifications(m_guide);
+        visitDialogs(m_guide);
         visitFiles(m_guide);
         visitImages(m_guide);
         visitClosing(m_guide);

@@ -24,15 +24,24 @@ enum class EAttribute {
 };
 Q_DECLARE_FLAGS(Attributes, EAttribute)
 
+/// What is behind the mesh.
+enum class EBackground {
+    Light,
+    Grey,
+    Dark
+};
+
 /// All that the user chooses of how a mesh looks.
 struct Appearance
 {
     EDisplayMode mode = EDisplayMode::Shaded;
     Attributes attributes;
+    EBackground background = EBackground::Light;
 
     bool operator==(const Appearance &other) const
     {
-        return mode == other.mode && attributes == other.attributes;
+        return mode == other.mode && attributes == other.attributes
+            && background == other.background;
     }
 };
 

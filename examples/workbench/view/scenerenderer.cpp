@@ -6,9 +6,35 @@
 #include "view/drawing.h"
 #include "view/shaderprogram.h"
 
+#include <QVector3D>
 #include <QVector4D>
 
 namespace Workbench {
+namespace {
+
+struct Gradient
+{
+    QVector3D lower;
+    QVector3D upper;
+};
+
+const Gradient &gradientOf(EBackground background)
+{
+    static const Gradient light {{0.753F, 0.784F, 0.820F}, {0.957F, 0.965F, 0.973F}};
+    static const Gradient grey {{0.400F, 0.412F, 0.427F}, {0.627F, 0.639F, 0.651F}};
+    static const Gradient dark {{0.094F, 0.106F, 0.122F}, {0.227F, 0.247F, 0.271F}};
+    switch (background) {
+    case EBackground::Grey:
+        return grey;
+    case EBackground::Dark:
+        return dark;
+    case EBackground::Light:
+        break;
+    }
+    return light;
+}
+
+} // namespace
 
 SceneRenderer::SceneRenderer()
 {
@@ -45,7 +71,7 @@ void SceneRenderer::draw(const Drawing &drawing)
     glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
     if (!m_errorText.isEmpty() || drawing.pixels.isEmpty())
         return;
-    drawBackground();
+    drawBackground(drawing.appearance.background);
     m_meshRenderer.draw(drawing);
     drawAttributes(drawing);
     if (drawing.appearance.attributes.testFlag(EAttribute::Axes))
@@ -54,11 +80,14 @@ void SceneRenderer::draw(const Drawing &drawing)
         drawBand(drawing);
 }
 
-void SceneRenderer::drawBackground()
+void SceneRenderer::drawBackground(EBackground background)
 {
     const QOpenGLVertexArrayObject::Binder binder(&m_nothing);
     glDisable(GL_DEPTH_TEST);
+    const Gradient &colors = gradientOf(background);
     m_background.bind();
+    m_background.setUniformValue("lower", colors.lower);
+    m_background.setUniformValue("upper", colors.upper);
     glDrawArrays(GL_TRIANGLES, 0, 3);
 }
 

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "view/appearance.h"
 #include "view/linerenderer.h"
 #include "view/meshrenderer.h"
 
@@ -28,7 +29,7 @@ public:
     void draw(const Drawing &drawing);
 
 private:
-    void drawBackground();
+    void drawBackground(EBackground background);
     void drawAttributes(const Drawing &drawing);
     void drawAxes(const Drawing &drawing);
     void drawBand(const Drawing &drawing);

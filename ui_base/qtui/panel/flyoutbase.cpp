@@ -377,6 +377,7 @@ void FlyoutBase::SetTitle(const QString &title)
 {
     d->ui->title->setText(title);
     setWindowTitle(title);
+    setAccessibleName(title);
 }
 
 bool FlyoutBase::IsCloseButtonVisible() const

@@ -59,7 +59,7 @@ public:
 
     /// The text of the title row.
     QString Title() const;
-    /// Sets the text of the title row and of the window title.
+    /// Sets the text of the title row, of the window title and of the name for assistive tools.
     void SetTitle(const QString &title);
 
     /// Whether the close button is there, also while the flyout is hidden.

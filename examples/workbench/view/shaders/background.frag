@@ -2,6 +2,8 @@
 // SPDX-FileCopyrightText: 2026 The lumo_ui_base authors
 // SPDX-License-Identifier: MIT
 
+uniform vec3 lower;
+uniform vec3 upper;
 in float height;
 out vec4 color;
 
@@ -13,7 +15,5 @@ float dither()
 
 void main()
 {
-    const vec3 lower = vec3(0.753, 0.784, 0.820);
-    const vec3 upper = vec3(0.957, 0.965, 0.973);
     color = vec4(mix(lower, upper, smoothstep(0.0, 1.0, height)) + dither() / 255.0, 1.0);
 }

@@ -1,0 +1,118 @@
+// SPDX-FileCopyrightText: 2026 The lumo_ui_base authors
+// SPDX-License-Identifier: MIT
+
+#include "dialogs/preferencespanel.h"
+
+#include <ui_base/FlyoutBase>
+#include <ui_base/MDialogBase>
+#include <ui_base/QtUiToolkit>
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFormLayout>
+
+#include <utility>
+
+namespace Workbench {
+
+using Vela::UiBase::FlyoutBase;
+using Vela::UiBase::MDialogBase;
+
+PreferencesPanel::PreferencesPanel(std::shared_ptr<Preferences> preferences)
+    : m_preferences(std::move(preferences))
+    , m_kept(m_preferences->values())
+    , m_background(new QComboBox)
+    , m_cards(new QCheckBox(tr("Explain buttons by cards")))
+    , m_advanced(new QWidget)
+    , m_notifications(new QCheckBox(tr("Tell of edits over the view")))
+{
+    m_background->setObjectName(QStringLiteral("background"));
+    m_background->setAccessibleName(tr("Background"));
+    m_background->addItems({tr("Light"), tr("Grey"), tr("Dark")}); // by value of EBackground
+    m_cards->setObjectName(QStringLiteral("cards"));
+    m_notifications->setObjectName(QStringLiteral("notifications"));
+    setMinimumWidth(260);
+    auto *const rows = new QFormLayout(this);
+    rows->addRow(tr("&Background"), m_background);
+    rows->addRow(m_cards);
+    auto *const column = new QVBoxLayout(m_advanced);
+    // The flyout sets its main panel in by so much more.
+    column->setContentsMargins(rows->contentsMargins() + QMargins(7, 0, 7, 0));
+    column->addWidget(m_notifications);
+
+    showValues();
+    connect(m_preferences.get(), &Preferences::changed, this, &PreferencesPanel::showValues);
+    connect(m_background, QOverload<int>::of(&QComboBox::activated), this,
+            &PreferencesPanel::takeValues);
+    connect(m_cards, &QCheckBox::clicked, this, &PreferencesPanel::takeValues);
+    connect(m_notifications, &QCheckBox::clicked, this, &PreferencesPanel::takeValues);
+}
+
+PreferencesPanel::~PreferencesPanel()
+{
+    // Nobody took it.
+    if (m_advanced && !m_advanced->parent())
+        delete m_advanced.data();
+}
+
+QWidget *PreferencesPanel::advancedPanel() const
+{
+    return m_advanced;
+}
+
+void PreferencesPanel::reset()
+{
+    m_preferences->setValues({});
+}
+
+void PreferencesPanel::keep()
+{
+    m_kept = m_preferences->values();
+    m_preferences->keep();
+}
+
+void PreferencesPanel::giveUp()
+{
+    m_preferences->setValues(m_kept);
+}
+
+void PreferencesPanel::showValues()
+{
+    const SPreferences &values = m_preferences->values();
+    m_background->setCurrentIndex(int(values.background));
+    m_cards->setChecked(values.hasCards);
+    if (m_notifications)
+        m_notifications->setChecked(values.hasNotifications);
+}
+
+void PreferencesPanel::takeValues()
+{
+    SPreferences values;
+    values.background = EBackground(m_background->currentIndex());
+    values.hasCards = m_cards->isChecked();
+    values.hasNotifications = !m_notifications || m_notifications->isChecked();
+    m_preferences->setValues(values);
+}
+
+MDialogBase *makePreferencesDialog(std::shared_ptr<Preferences> preferences, QWidget *window)
+{
+    auto panel = std::make_unique<PreferencesPanel>(std::move(preferences));
+    MDialogBase *dialog = Vela::UiBase::QtUiToolkit::Instance().CreateFlyoutDialog(
+        window, PreferencesPanel::tr("Preferences"), panel.get(), panel->advancedPanel(), true,
+        true, true, true);
+    const auto *flyout = dialog ? dialog->findChild<FlyoutBase *>() : nullptr;
+    if (!flyout) {
+        delete dialog;
+        return nullptr;
+    }
+    PreferencesPanel *const content = panel.release();
+    dialog->BindResetButton(content, SLOT(reset()));
+    QObject::connect(flyout, &FlyoutBase::ApplyChanges, content, [content, dialog] {
+        content->keep();
+        dialog->accept();
+    });
+    QObject::connect(dialog, &QDialog::finished, content, &PreferencesPanel::giveUp);
+    return dialog;
+}
+
+} // namespace Workbench
