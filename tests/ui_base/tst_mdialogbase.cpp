@@ -760,6 +760,32 @@ private Q_SLOTS:
         QVERIFY(dialog->isVisible());
     }
 
+    void keyboardReachesEveryButtonAndIsSeen_data()
+    {
+        QTest::addColumn<QString>("name");
+        for (const char *name : {"info_button", "reset_button", "close_button", "advanced_button",
+                                 "cancel_button", "apply_button", "ibutton"})
+            QTest::newRow(name) << QString::fromLatin1(name);
+    }
+
+    void keyboardReachesEveryButtonAndIsSeen()
+    {
+        QFETCH(const QString, name);
+        const Dialog dialog = makeInfoDialog(QStringLiteral("info"), makePanel());
+        InfoDialog info(nullptr);
+        dialog->EnableInfoButton(true, &info);
+        dialog->show();
+        QApplication::setActiveWindow(dialog.get());
+        auto *const button = part<QAbstractButton>(dialog, name.toLatin1());
+        QVERIFY(button->isVisible());
+        QVERIFY(!button->accessibleName().isEmpty() || !button->text().isEmpty());
+        const QImage before = button->grab().toImage();
+        for (int i = 0; i < 20 && !button->hasFocus(); ++i)
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        QVERIFY(button->hasFocus());
+        QVERIFY(button->grab().toImage() != before);
+    }
+
     // Lifetimes
 
     void dialogOwnsItsFlyout()
