@@ -13,6 +13,25 @@
 
 namespace Vela::UiBase::Internal {
 
+namespace {
+
+// The item of Qt asks the button for its size hint, and so its style, before it finds that the size
+// is fixed.
+class ButtonItem : public QWidgetItem
+{
+public:
+    using QWidgetItem::QWidgetItem;
+
+    QSize maximumSize() const override
+    {
+        const bool isFixed = wid->minimumSize() == wid->maximumSize();
+        return isFixed && !alignment() && !isEmpty() ? wid->maximumSize()
+                                                     : QWidgetItem::maximumSize();
+    }
+};
+
+} // namespace
+
 ButtonLine::~ButtonLine() = default;
 
 ButtonLine *ButtonLine::of(const QWidget *panel)
@@ -43,7 +62,7 @@ void ButtonLineOf<Box>::insertButton(int index, QAbstractButton *button)
     // A new child of a visible panel is hidden until somebody shows it.
     const bool isKeptHidden =
         button->isHidden() && button->testAttribute(Qt::WA_WState_ExplicitShowHide);
-    auto *const item = new QWidgetItem(button);
+    auto *const item = new ButtonItem(button);
     button->setAttribute(Qt::WA_LaidOut);
     const bool isCounted = m_isSumValid && m_sum.isSimple;
     {

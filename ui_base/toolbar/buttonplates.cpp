@@ -57,48 +57,58 @@ QPixmap groundOf(const QStyleOptionToolButton &option, const QToolButton &button
     return isBlank(ground) ? QPixmap() : ground;
 }
 
-// As the styles of Qt do it.
-void paintIcon(QPainter &painter, const QStyleOptionToolButton &option, const QToolButton &button)
+QPoint iconShift(const QStyleOptionToolButton &option, const QToolButton &button)
 {
+    if (!(option.state & (QStyle::State_Sunken | QStyle::State_On)))
+        return {};
     const QStyle *const style = button.style();
-    QRect room = option.rect;
-    if (option.state & (QStyle::State_Sunken | QStyle::State_On))
-        room.translate(style->pixelMetric(QStyle::PM_ButtonShiftHorizontal, &option, &button),
-                       style->pixelMetric(QStyle::PM_ButtonShiftVertical, &option, &button));
+    return {style->pixelMetric(QStyle::PM_ButtonShiftHorizontal, &option, &button),
+            style->pixelMetric(QStyle::PM_ButtonShiftVertical, &option, &button)};
+}
+
+// As the styles of Qt do it.
+void paintIcon(QPainter &painter, const QPoint &shift, const QStyleOptionToolButton &option,
+               const QToolButton &button)
+{
     const QIcon::Mode mode = option.state & QStyle::State_Enabled ? QIcon::Normal : QIcon::Disabled;
     const QIcon::State state = option.state & QStyle::State_On ? QIcon::On : QIcon::Off;
     const QSize size = option.rect.size().boundedTo(option.iconSize);
-    style->drawItemPixmap(&painter, room, Qt::AlignCenter,
-                          option.icon.pixmap(button.window()->windowHandle(), size, mode, state));
-}
-
-void paintBoth(QPainter &painter, const QPixmap &ground, const QStyleOptionToolButton &option,
-               const QToolButton &button)
-{
-    if (!ground.isNull())
-        painter.drawPixmap(option.rect.topLeft(), ground);
-    paintIcon(painter, option, button);
+    button.style()->drawItemPixmap(
+        &painter, option.rect.translated(shift), Qt::AlignCenter,
+        option.icon.pixmap(button.window()->windowHandle(), size, mode, state));
 }
 
 // A sheet of the application, or a style of the host's, may do more than there is a ground for.
-bool looksRight(const QPixmap &ground, const QStyleOptionToolButton &option,
+bool looksRight(const QPixmap &ours, const QStyleOptionToolButton &option,
                 const QToolButton &button, qreal ratio)
 {
-    QPixmap ours = blankFor(option, ratio);
-    QPainter painter(&ours);
-    paintBoth(painter, ground, option, button);
-    painter.end();
     return ours.toImage() == styled(option, button, ratio).toImage();
 }
 
 } // namespace
 
+void ButtonPlates::SPlate::paint(QPainter &painter, const QStyleOptionToolButton &option,
+                                 const QToolButton &button) const
+{
+    if (!ground.isNull())
+        painter.drawPixmap(option.rect.topLeft(), ground);
+    paintIcon(painter, shift, option, button);
+}
+
+bool ButtonPlates::know(const QPainter &painter, const QStyleOptionToolButton &option,
+                        const QToolButton &button) const
+{
+    return find(kindOf(painter, option, button));
+}
+
 bool ButtonPlates::paint(QPainter &painter, const QStyleOptionToolButton &option,
                          const QToolButton &button)
 {
-    const SPlate &plate = plateOf(option, button, painter.device()->devicePixelRatioF());
+    const SKind kind = kindOf(painter, option, button);
+    const SPlate *const known = find(kind);
+    const SPlate &plate = known ? *known : make(kind, option, button);
     if (plate.isFaithful)
-        paintBoth(painter, plate.picture, option, button);
+        plate.paint(painter, option, button);
     return plate.isFaithful;
 }
 
@@ -107,20 +117,34 @@ void ButtonPlates::clear()
     m_plates.clear();
 }
 
-const ButtonPlates::SPlate &ButtonPlates::plateOf(const QStyleOptionToolButton &option,
-                                                  const QToolButton &button, qreal ratio)
+ButtonPlates::SKind ButtonPlates::kindOf(const QPainter &painter,
+                                         const QStyleOptionToolButton &option,
+                                         const QToolButton &button)
+{
+    return {button.metaObject(), option.rect.size(), option.state & seenStates,
+            painter.device()->devicePixelRatioF()};
+}
+
+const ButtonPlates::SPlate *ButtonPlates::find(const SKind &kind) const
+{
+    const auto known = std::find_if(m_plates.begin(), m_plates.end(),
+                                    [&kind](const SPlate &plate) { return plate.kind == kind; });
+    return known == m_plates.end() ? nullptr : &*known;
+}
+
+const ButtonPlates::SPlate &ButtonPlates::make(const SKind &kind,
+                                               const QStyleOptionToolButton &option,
+                                               const QToolButton &button)
 {
     if (m_plates.size() >= mostPlates)
         clear();
-    const QStyle::State state = option.state & seenStates;
-    const auto known = std::find_if(m_plates.begin(), m_plates.end(), [&](const SPlate &plate) {
-        return plate.size == option.rect.size() && plate.state == state && plate.ratio == ratio;
-    });
-    if (known != m_plates.end())
-        return *known;
-    const QPixmap ground = groundOf(option, button, ratio);
-    m_plates.push_back(
-        {option.rect.size(), state, ratio, ground, looksRight(ground, option, button, ratio)});
+    SPlate plate {kind, groundOf(option, button, kind.ratio), iconShift(option, button), false};
+    QPixmap ours = blankFor(option, kind.ratio);
+    QPainter painter(&ours);
+    plate.paint(painter, option, button);
+    painter.end();
+    plate.isFaithful = looksRight(ours, option, button, kind.ratio);
+    m_plates.push_back(plate);
     return m_plates.back();
 }
 

@@ -10,6 +10,8 @@
 #include "ui_base/popup/widgetposcalculator.h"
 #include "ui_base/qtui/devicepixmap_p.h"
 #include "ui_base/qtui/mouseeventclone_p.h"
+#include "ui_base/toolbar/sharedsheet_p.h"
+#include "ui_base/toolbar/sheetscope_p.h"
 
 #include <lumo_common_res/Fonts>
 #include <lumo_common_res/Styles>
@@ -147,7 +149,7 @@ void ToolButtonPrivate::initialize(QAction *newAction, ToolBar *newToolBar)
     q->setFocusPolicy(Qt::NoFocus);
     q->setSizePolicy(QSizePolicy::MinimumExpanding, QSizePolicy::Preferred);
     q->setFont(textFont());
-    q->setStyleSheet(Resource::Styles::Instance().ToolButtonOnToolPalette());
+    setSheet();
     QObject::connect(q, &ToolButton::clicked, q, &ToolButton::OnClicked);
     QObject::connect(q, &ToolButton::toggled, q, &ToolButton::OnToggled);
     if (!newAction || !newToolBar)
@@ -254,20 +256,41 @@ void ToolButtonPrivate::updateAccessibleName()
     q->setAccessibleName(accessibleName);
 }
 
+// Without the change of style that comes with a sheet, for nothing of the button has been asked yet.
+void ToolButtonPrivate::setSheet()
+{
+    Q_Q(ToolButton);
+    isSheetBeingSet = true;
+    Internal::setSharedSheet(*q, Resource::Styles::Instance().ToolButtonOnToolPalette());
+    isSheetBeingSet = false;
+}
+
+void ToolButtonPrivate::polish(QEvent *event)
+{
+    Q_Q(ToolButton);
+    const auto asUsual = [q, event] { q->QToolButton::event(event); };
+    if (toolBar && q->styleSheet() == Resource::Styles::Instance().ToolButtonOnToolPalette())
+        isPolishedAlike = Internal::polishAlike(*q, asUsual);
+    else
+        asUsual();
+}
+
+void ToolButtonPrivate::polishInFull()
+{
+    Q_Q(ToolButton);
+    if (std::exchange(isPolishedAlike, false))
+        Internal::polishInFull(*q);
+}
+
 // With another style sheet, be it one of a widget around the button, a plate of the bar's would be
 // wrong.
 bool ToolButtonPrivate::isPlain() const
 {
     Q_Q(const ToolButton);
-    if (!toolBar || q->toolButtonStyle() != Qt::ToolButtonIconOnly || q->icon().isNull()
-        || q->menu() || q->arrowType() != Qt::NoArrow || q->autoRaise()
-        || q->styleSheet() != Resource::Styles::Instance().ToolButtonOnToolPalette())
-        return false;
-    for (const QWidget *widget = q->parentWidget(); widget; widget = widget->parentWidget()) {
-        if (!widget->styleSheet().isEmpty())
-            return false;
-    }
-    return true;
+    return toolBar && q->toolButtonStyle() == Qt::ToolButtonIconOnly && !q->icon().isNull()
+        && !q->menu() && q->arrowType() == Qt::NoArrow && !q->autoRaise()
+        && q->styleSheet() == Resource::Styles::Instance().ToolButtonOnToolPalette()
+        && Internal::isStyledByClass(*q);
 }
 
 // A check from code leaves the icon alone, and the plate of a checked button asks for the active one.
@@ -282,10 +305,15 @@ QIcon ToolButtonPrivate::iconToPaint() const
     return active.isNull() ? q->icon() : *iconWith(active);
 }
 
-bool ToolButtonPrivate::paintPlainly(QPainter &painter, const QStyleOptionToolButton &option) const
+bool ToolButtonPrivate::paintPlainly(QPainter &painter, const QStyleOptionToolButton &option)
 {
-    Q_Q(const ToolButton);
-    return isPlain() && toolBar->d_func()->plates.paint(painter, option, *q);
+    Q_Q(ToolButton);
+    if (!isPlain())
+        return false;
+    Internal::ButtonPlates &plates = toolBar->d_func()->plates;
+    if (!plates.know(painter, option, *q))
+        polishInFull();
+    return plates.paint(painter, option, *q);
 }
 
 ToolButton::ToolButton(QAction *action, ToolBar *toolBar, QWidget *parent)
@@ -480,6 +508,18 @@ bool ToolButton::IsActionAssociated(QAction *action)
     return action == d->action;
 }
 
+QSize ToolButton::sizeHint() const
+{
+    const_cast<ToolButtonPrivate *>(d_func())->polishInFull();
+    return QToolButton::sizeHint();
+}
+
+QSize ToolButton::minimumSizeHint() const
+{
+    const_cast<ToolButtonPrivate *>(d_func())->polishInFull();
+    return QToolButton::minimumSizeHint();
+}
+
 void ToolButton::OnClicked(bool)
 {
     Q_D(ToolButton);
@@ -505,6 +545,27 @@ void ToolButton::OnToggled(bool checked)
         d->toolBar->HideAllButtonMenusExcept(true, this);
     if (self && !checked)
         IconState(Hovered());
+}
+
+bool ToolButton::event(QEvent *event)
+{
+    Q_D(ToolButton);
+    switch (event->type()) {
+    case QEvent::Polish:
+        d->polish(event);
+        return true;
+    case QEvent::StyleChange:
+        if (d->isSheetBeingSet)
+            return true;
+        d->polishInFull();
+        break;
+    case QEvent::HoverEnter: // The style is asked what is under the pointer.
+        d->polishInFull();
+        break;
+    default:
+        break;
+    }
+    return QToolButton::event(event);
 }
 
 void ToolButton::mousePressEvent(QMouseEvent *event)
@@ -557,8 +618,10 @@ void ToolButton::paintEvent(QPaintEvent *)
     initStyleOption(&option);
     option.icon = d->iconToPaint();
     QStylePainter painter(this);
-    if (!d->paintPlainly(painter, option))
-        painter.drawComplexControl(QStyle::CC_ToolButton, option);
+    if (d->paintPlainly(painter, option))
+        return;
+    d->polishInFull();
+    painter.drawComplexControl(QStyle::CC_ToolButton, option);
 }
 
 void ToolButton::actionEvent(QActionEvent *event)

@@ -158,6 +158,9 @@ public:
     /// Whether the button stands for @p action.
     virtual bool IsActionAssociated(QAction *action);
 
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
 public Q_SLOTS:
     /// Takes a click: emits ToolButtonClicked() and calls ClickedHandler(). Nothing while the button
     /// is locked.
@@ -182,6 +185,8 @@ protected:
     void SetPosParameters(WidgetPosCalculator &calc, EDirection direction, int baseOffset,
                           EWidgetsAlign align, QPoint additionalOffset);
 
+    /// Is polished as all buttons that are alike, and by itself when its style is asked.
+    bool event(QEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;

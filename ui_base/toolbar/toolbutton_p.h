@@ -86,11 +86,16 @@ private:
     bool showsPrepared() const;
     bool noteIconOfAction();
     void updateAccessibleName();
+    void setSheet();
+    void polish(QEvent *event);
+    void polishInFull();
     bool isPlain() const;
     QIcon iconToPaint() const;
-    bool paintPlainly(QPainter &painter, const QStyleOptionToolButton &option) const;
+    bool paintPlainly(QPainter &painter, const QStyleOptionToolButton &option);
 
     std::unique_ptr<QObject> actionWatcher;
+    bool isSheetBeingSet = false;
+    bool isPolishedAlike = false; ///< and not fully
     bool isTooltipPrepared = false;
     std::optional<STooltipPlace> tooltipPlace; ///< for when the tooltip is prepared
     QString accessibleName;                    ///< the one that the button gave itself

@@ -16,11 +16,13 @@
 #include <lumo_common_res/Styles>
 
 #include <QAction>
+#include <QApplication>
 #include <QCursor>
 #include <QIconEngine>
 #include <QLabel>
 #include <QMouseEvent>
 #include <QSignalSpy>
+#include <QStyle>
 #include <QTest>
 
 #include <functional>
@@ -165,6 +167,42 @@ public:
     OpenButton button {&action, &bar, &window};
 };
 
+/// A shown bar with several buttons that are alike, the first of which Qt has polished.
+class Row
+{
+public:
+    Row()
+    {
+        window.resize(400, 100);
+        for (int i = 0; i < 5; ++i) {
+            auto *const action = new QAction(QStringLiteral("Tool %1").arg(i), &window);
+            action->setIcon(twoPictures());
+            buttons << bar.AddAction(action,
+                                     i == 4 ? QStringLiteral("views") : QStringLiteral("tools"));
+            buttons.last()->setObjectName(QStringLiteral("button%1").arg(i));
+        }
+        QCursor::setPos(window.mapToGlobal(QPoint(395, 95)));
+        window.show();
+        if (!QTest::qWaitForWindowExposed(&window))
+            qFatal("The window does not come up.");
+    }
+
+    QImage picture(int index) { return buttons[index]->grab().toImage(); }
+
+    QWidget window;
+    ToolBar bar {&window, Qt::TopToolBarArea};
+    QList<ToolButton *> buttons;
+};
+
+/// Sets the sheet of the application for as long as it lives.
+class ApplicationSheet
+{
+public:
+    explicit ApplicationSheet(const QString &sheet) { qApp->setStyleSheet(sheet); }
+    ~ApplicationSheet() { qApp->setStyleSheet(QString()); }
+    Q_DISABLE_COPY(ApplicationSheet)
+};
+
 /// Counts the events of some types that objects get.
 class EventCounter : public QObject
 {
@@ -235,6 +273,18 @@ private Q_SLOTS:
     void plainPaintingLooksLikeThatOfTheStyleSheet();
     void otherSheetIsPaintedToo_data();
     void otherSheetIsPaintedToo();
+
+    void everyButtonIsPolishedLikeOneByItself_data();
+    void everyButtonIsPolishedLikeOneByItself();
+    void anyButtonMayBeTheFirstOfItsState();
+    void sheetOfOneButtonLeavesTheOthersAlone();
+    void laterSheetStartsFromThePaletteOfBefore();
+    void sheetOfTheApplicationMayTellButtonsApart_data();
+    void sheetOfTheApplicationMayTellButtonsApart();
+    void sheetOfTheApplicationMayChangeMoreThanTheLook_data();
+    void sheetOfTheApplicationMayChangeMoreThanTheLook();
+    void otherStyleOfTheApplicationReachesEveryButton();
+    void childOfAButtonHasItsStyle();
 
     void tooltipComesAndGoesWithThePointer();
     void tooltipIsMadeWhenItIsNeeded();
@@ -856,6 +906,154 @@ void TestToolButton::otherSheetIsPaintedToo()
     qApp->setStyleSheet(QString());
     scene.window.setStyleSheet(QString());
     QCOMPARE(scene.button.grab().toImage() == before, where != 0);
+}
+
+void TestToolButton::everyButtonIsPolishedLikeOneByItself_data()
+{
+    QTest::addColumn<QString>("sheet");
+    QTest::newRow("no sheet of the application") << QString();
+    QTest::newRow("sheet of the library")
+        << Vela::Resource::Styles::Instance().ApplicationStyleSheet();
+    QTest::newRow("sheet for all buttons")
+        << QStringLiteral("QToolButton { padding: 3px; } QToolButton:checked { color: blue; }");
+    QTest::newRow("sheet for the buttons of bars")
+        << QStringLiteral("Vela--UiBase--ToolButton { margin: 2px; }");
+}
+
+void TestToolButton::everyButtonIsPolishedLikeOneByItself()
+{
+    QFETCH(QString, sheet);
+    const ApplicationSheet set(sheet);
+    Row row;
+    // Without a bar a button is left to Qt.
+    ToolButton alone(&row.window);
+    alone.setDefaultAction(row.buttons.first()->defaultAction());
+    alone.setIconSize(row.buttons.first()->iconSize());
+    alone.setGeometry(10, 50, 36, 36);
+    alone.show();
+    for (ToolButton *const button : qAsConst(row.buttons)) {
+        QCOMPARE(button->palette(), alone.palette());
+        QCOMPARE(button->palette().resolve(), alone.palette().resolve());
+        QCOMPARE(button->font(), alone.font());
+        for (const Qt::WidgetAttribute attribute :
+             {Qt::WA_Hover, Qt::WA_OpaquePaintEvent, Qt::WA_SetPalette, Qt::WA_SetStyle,
+              Qt::WA_WState_Polished})
+            QCOMPARE(button->testAttribute(attribute), alone.testAttribute(attribute));
+        QCOMPARE(button->grab().toImage(), alone.grab().toImage());
+        QCOMPARE(button->sizeHint(), alone.sizeHint());
+        QCOMPARE(button->minimumSizeHint(), alone.minimumSizeHint());
+        QCOMPARE(button->palette(), alone.palette());
+    }
+}
+
+void TestToolButton::anyButtonMayBeTheFirstOfItsState()
+{
+    const ApplicationSheet set(Vela::Resource::Styles::Instance().ApplicationStyleSheet());
+    Row row;
+    ToolButton alone(&row.window);
+    alone.setDefaultAction(row.buttons.first()->defaultAction());
+    alone.setIconSize(row.buttons.first()->iconSize());
+    alone.setGeometry(10, 50, 36, 36);
+    alone.show();
+    alone.setDown(true);
+    row.buttons[3]->setDown(true);
+    QCOMPARE(row.picture(3), alone.grab().toImage());
+}
+
+void TestToolButton::sheetOfOneButtonLeavesTheOthersAlone()
+{
+    Row row;
+    const QImage before = row.picture(2);
+    row.buttons[1]->setStyleSheet(QStringLiteral("QToolButton { background: red; }"));
+    QVERIFY(row.picture(1) != before);
+    QCOMPARE(row.picture(2), before);
+    QCOMPARE(row.buttons[2]->styleSheet(),
+             Vela::Resource::Styles::Instance().ToolButtonOnToolPalette());
+    row.buttons[1]->setStyleSheet(QString());
+    QCOMPARE(row.buttons[1]->style(), QApplication::style());
+    QCOMPARE(row.picture(2), before);
+}
+
+void TestToolButton::laterSheetStartsFromThePaletteOfBefore()
+{
+    Row row;
+    const QString sheet = QStringLiteral("QToolButton { border: none; }");
+    QToolButton reference(&row.window);
+    reference.setStyleSheet(sheet);
+    reference.show();
+    row.buttons[2]->setStyleSheet(sheet);
+    QCOMPARE(row.buttons[2]->palette(), reference.palette());
+    row.buttons[3]->setStyleSheet(QString());
+    QCOMPARE(row.buttons[3]->palette(), QToolButton(&row.window).palette());
+}
+
+void TestToolButton::sheetOfTheApplicationMayTellButtonsApart_data()
+{
+    QTest::addColumn<QString>("selector");
+    QTest::addColumn<int>("which");
+    QTest::newRow("name") << "#button2" << 2;
+    QTest::newRow("name and class") << "QLabel, QToolButton#button2" << 2;
+    QTest::newRow("name and state") << "QAbstractButton#button2:enabled" << 2;
+    QTest::newRow("name after a comment") << "/* QLabel { */ #button2" << 2;
+    QTest::newRow("property") << "QToolButton[objectName=\"button2\"]" << 2;
+    QTest::newRow("surroundings") << "#views QToolButton" << 4;
+    QTest::newRow("child") << "QWidget#views > QToolButton" << 4;
+}
+
+void TestToolButton::sheetOfTheApplicationMayTellButtonsApart()
+{
+    QFETCH(QString, selector);
+    QFETCH(int, which);
+    const ApplicationSheet set(selector + QStringLiteral(" { background: red; }"));
+    Row row;
+    const QImage others = row.picture(1);
+    QCOMPARE(row.picture(3), others);
+    QVERIFY(row.picture(which) != others);
+    QCOMPARE(row.picture(which).pixelColor(3, 18), QColor(Qt::red));
+}
+
+void TestToolButton::sheetOfTheApplicationMayChangeMoreThanTheLook_data()
+{
+    QTest::addColumn<QString>("sheet");
+    QTest::addColumn<QString>("tooltip");
+    QTest::addColumn<int>("width");
+    QTest::addColumn<int>("fontSize");
+    const QString tooltip = QStringLiteral("Tool 3");
+    const QString told = QStringLiteral("told");
+    QTest::newRow("property") << "QToolButton { qproperty-toolTip: \"told\"; }" << told << 36 << 12;
+    QTest::newRow("size") << "QToolButton { min-width: 50px; }" << tooltip << 50 << 12;
+    QTest::newRow("font") << "QToolButton { font-size: 15px; }" << tooltip << 36 << 15;
+}
+
+void TestToolButton::sheetOfTheApplicationMayChangeMoreThanTheLook()
+{
+    QFETCH(QString, sheet);
+    const ApplicationSheet set(sheet);
+    Row row;
+    QTEST(row.buttons[3]->toolTip(), "tooltip");
+    QTEST(row.buttons[3]->minimumWidth(), "width");
+    QTEST(row.buttons[3]->font().pixelSize(), "fontSize");
+}
+
+void TestToolButton::otherStyleOfTheApplicationReachesEveryButton()
+{
+    const QString usual = QApplication::style()->objectName();
+    Row row;
+    QApplication::setStyle(QStringLiteral("windows"));
+    QToolButton reference(&row.window);
+    reference.setStyleSheet(row.buttons[0]->styleSheet());
+    reference.setFont(row.buttons[0]->font());
+    reference.show();
+    for (const ToolButton *const button : qAsConst(row.buttons))
+        QCOMPARE(button->palette(), reference.palette());
+    QApplication::setStyle(usual);
+}
+
+void TestToolButton::childOfAButtonHasItsStyle()
+{
+    Row row;
+    for (ToolButton *const button : qAsConst(row.buttons))
+        QCOMPARE((new QLabel(button))->style(), button->style());
 }
 
 void TestToolButton::tooltipComesAndGoesWithThePointer()
