@@ -13,6 +13,7 @@
 
 #include <lumo_common_res/Styles>
 
+#include <QCoreApplication>
 #include <QCursor>
 #include <QEvent>
 #include <QGraphicsDropShadowEffect>
@@ -24,6 +25,7 @@
 #include <QTimer>
 
 #include <algorithm>
+#include <iterator>
 #include <limits>
 
 namespace Vela::UiBase {
@@ -74,6 +76,30 @@ void fillFrame(QPainter &painter, const QRect &rect, const QColor &color)
     painter.fillRect(QRect(rect.topRight(), rect.bottomRight()), color);
     painter.fillRect(QRect(rect.bottomLeft(), rect.bottomRight()), color);
     painter.fillRect(QRect(rect.topLeft(), rect.bottomLeft()), color);
+}
+
+// What Qt has posted to a button that has been polished and shown, and that is painted with its bar
+// anyway. It scans all that is pending whenever it posts a request, so a long bar filled in one go
+// would take its time for that.
+void dropPending(ToolButton *button)
+{
+    if (!button->isVisible())
+        return;
+    QCoreApplication::removePostedEvents(button, QEvent::PolishRequest);
+    QCoreApplication::removePostedEvents(button, QEvent::UpdateLater);
+}
+
+// Without scaling all at once, for Qt prepares itself anew for each fillRect().
+void fillAll(QPainter &painter, const QVector<QRect> &rects, const QColor &color)
+{
+    if (painter.device()->devicePixelRatioF() == 1) {
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(color);
+        painter.drawRects(rects);
+        return;
+    }
+    for (const QRect &rect : rects)
+        painter.fillRect(rect, color);
 }
 
 QBoxLayout *makeLine(bool isHorizontal)
@@ -195,7 +221,7 @@ void ToolBarPrivate::AddButtonToLayout(ToolButton *button, const QString &groupN
         int index = -1;
         const bool hasSuccessor = FindPanelIndexToInsertInLayout(mainLayout, rank, index);
         buttonsByGroup.insert(groupName, {button});
-        QWidget *const panel = makePanel(groupName);
+        QWidget *const panel = takePanel(groupName);
         panels.insert(groupName, panel);
         AddButtonToNewPanelLayout(button, panel, rank);
         if (mainLayout && hasSuccessor)
@@ -210,16 +236,17 @@ void ToolBarPrivate::AddButtonToLayout(ToolButton *button, const QString &groupN
     mayHaveMenus = mayHaveMenus || qobject_cast<ToolButtonWithMenu *>(button);
     q->AdjustToolBarSize(false);
     q->update();
+    dropPending(button);
     Q_EMIT q->LayoutChanged();
 }
 
-QWidget *ToolBarPrivate::makePanel(const QString &groupName) const
+QWidget *ToolBarPrivate::makePanel(const QString &groupName)
 {
-    auto *const bar = const_cast<ToolBar *>(q_func());
+    Q_Q(ToolBar);
     auto *const panel = new LayoutBaseWidget(centralWidget);
     panel->setAttribute(Qt::WA_ShowWithoutActivating);
     panel->setFocusPolicy(Qt::NoFocus);
-    panel->installEventFilter(bar);
+    panel->installEventFilter(q);
     panel->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     panel->setObjectName(groupName);
     return panel;
@@ -355,10 +382,23 @@ void ToolBarPrivate::placeInBox(QBoxLayout *box, ToolButton *button, int rank) c
     line->insertButton(index, button);
 }
 
-QWidget *ToolBarPrivate::parentForNewButton(const QString &groupName) const
+// A button with a style sheet is made in its place: to move it there later would have Qt polish it
+// once more.
+QWidget *ToolBarPrivate::parentForNewButton(const QString &groupName)
 {
-    QWidget *const panel = panels.value(groupName);
-    return panel ? panel : const_cast<ToolBar *>(q_func());
+    if (QWidget *const panel = panels.value(groupName))
+        return panel;
+    if (!coming || coming->objectName() != groupName) {
+        delete coming;
+        coming = makePanel(groupName);
+    }
+    return coming;
+}
+
+QWidget *ToolBarPrivate::takePanel(const QString &groupName)
+{
+    const bool isMade = coming && coming->objectName() == groupName;
+    return isMade ? std::exchange(coming, nullptr).data() : makePanel(groupName);
 }
 
 void ToolBarPrivate::setRank(ToolButton *button, int rank)
@@ -496,17 +536,31 @@ void ToolBarPrivate::paintPlates(QPainter &painter, const QRect &exposed) const
         return corners != ToolBar::EToolBarRoundCorner::RoundAllCorners
             && corners != ToolBar::EToolBarRoundCorner::RoundOuterCorners;
     };
-    fillShape(painter, backgroundPath, isSquare(mainRoundCorner), backColor, exposed);
+    const bool hidesBackground = isSquare(groupRoundCorner) && groupBackColor.alpha() == 255;
+    if (isSquare(mainRoundCorner) && hidesBackground)
+        paintVisibleBackground(painter, exposed);
+    else
+        fillShape(painter, backgroundPath, isSquare(mainRoundCorner), backColor, exposed);
     for (const QPainterPath &path : panelPaths)
         fillShape(painter, path, isSquare(groupRoundCorner), groupBackColor, exposed);
 }
 
+// Plates cover most of a bar, and filling them twice took a fifth of the time of a painting.
+void ToolBarPrivate::paintVisibleBackground(QPainter &painter, const QRect &exposed) const
+{
+    QRegion visible(backgroundPath.controlPointRect().toAlignedRect().intersected(exposed));
+    for (const QPainterPath &path : panelPaths)
+        visible -= path.controlPointRect().toAlignedRect();
+    for (const QRect &rect : visible)
+        painter.fillRect(rect, backColor);
+}
+
 void ToolBarPrivate::paintSeparators(QPainter &painter, const QRect &exposed) const
 {
-    for (const QRect &rect : separatorRects) {
-        if (rect.intersects(exposed))
-            painter.fillRect(rect, separatorColor);
-    }
+    QVector<QRect> seen;
+    std::copy_if(separatorRects.cbegin(), separatorRects.cend(), std::back_inserter(seen),
+                 [&exposed](const QRect &rect) { return rect.intersects(exposed); });
+    fillAll(painter, seen, separatorColor);
 }
 
 void ToolBarPrivate::paintBorder(QPainter &painter, const QRect &exposed) const
@@ -514,6 +568,7 @@ void ToolBarPrivate::paintBorder(QPainter &painter, const QRect &exposed) const
     if (borderWidth == 0)
         return;
     painter.setPen(QPen(QBrush(borderColor), borderWidth));
+    painter.setBrush(Qt::NoBrush);
     if (!borderAroundPanels) {
         painter.drawRect(centralWidget->rect());
         return;

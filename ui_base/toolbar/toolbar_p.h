@@ -155,13 +155,14 @@ private:
     void makeCentralWidget();
     void makeMainLayout();
     void updateMinimumSizes() const;
-    QWidget *makePanel(const QString &groupName) const;
+    QWidget *makePanel(const QString &groupName);
+    QWidget *takePanel(const QString &groupName);
     void putPanel(QWidget *panel, int rank);
     int rankOf(const QString &groupName) const;
     void addPlaceholders(QGridLayout *grid, const ToolButton *button, QWidget *panel) const;
     void placeInGrid(QGridLayout *grid, ToolButton *button, int position) const;
     void placeInBox(QBoxLayout *box, ToolButton *button, int rank) const;
-    QWidget *parentForNewButton(const QString &groupName) const;
+    QWidget *parentForNewButton(const QString &groupName);
     void setRank(ToolButton *button, int rank);
     void forget(ToolButton *button);
     void forEachButton(const std::function<void(ToolButton &button)> &visit) const;
@@ -204,6 +205,7 @@ private:
     void addSeparatorsOfGrid(const QList<ToolButton *> &buttons, const QRect &panel, int perLine,
                              int lines);
     void paintPlates(QPainter &painter, const QRect &exposed) const;
+    void paintVisibleBackground(QPainter &painter, const QRect &exposed) const;
     void paintSeparators(QPainter &painter, const QRect &exposed) const;
     void paintBorder(QPainter &painter, const QRect &exposed) const;
 
@@ -211,6 +213,7 @@ private:
 
     bool isSliding = false;
     bool isLockedBySlide = false;
+    QPointer<QWidget> coming; ///< a panel for the button that is being made
     bool mayHaveMenus = false;
     bool pathsAreStale = true;
     bool separatorsAreStale = true;

@@ -54,7 +54,6 @@ ToolButton *ToolBar::AddAction(QAction *action, const QString &groupName, int ra
     if (!action)
         return nullptr;
     QtUiToolkit::Instance().UpdateIconSize(action, d->iconSize);
-    // A button with a style sheet is made in its place: to move it there later would cost more.
     QWidget *const parent = d->parentForNewButton(groupName);
     // Whoever hears of the new layout may remove the button, or delete the bar.
     QPointer<ToolButton> button;

@@ -21,6 +21,8 @@
 #include <QSignalSpy>
 #include <QTest>
 
+#include <array>
+
 using Vela::Resource::Styles;
 using Vela::UiBase::ArrowedWindow;
 using Vela::UiBase::EArrowPosition;
@@ -99,6 +101,18 @@ QImage paintedOf(OpenBar &bar)
     return image;
 }
 
+/// Counts the paintings of the widgets that it filters.
+class PaintCounter : public QObject
+{
+public:
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        paints += event->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
+    int paints = 0;
+};
+
 ArrowedWindow::SArrowParam arrowAt(EArrowPosition position, int length)
 {
     ArrowedWindow::SArrowParam arrow;
@@ -142,6 +156,8 @@ private Q_SLOTS:
     void panelsAndButtonsStandAlongTheBar();
     void addingTellsOfTheNewLayout();
     void fillingAVisibleBarShowsTheButtons();
+    void buttonAddedToAVisibleBarIsPainted_data();
+    void buttonAddedToAVisibleBarIsPainted();
     void hiddenButtonLeavesNoGap();
     void buttonOfAnotherSizeIsLaidOutToo();
     void buttonThatDiesIsForgotten();
@@ -177,6 +193,8 @@ private Q_SLOTS:
     void cornersAreRoundWhereTheyAreWanted_data();
     void cornersAreRoundWhereTheyAreWanted();
     void plateBackgroundAndSeparatorsArePainted();
+    void translucentPlateShowsTheBackground_data();
+    void translucentPlateShowsTheBackground();
     void borderStandsWhereItIsWanted_data();
     void borderStandsWhereItIsWanted();
     void thinBorderHasThePixelsOfALine();
@@ -501,6 +519,28 @@ void TestToolBar::fillingAVisibleBarShowsTheButtons()
     ToolButton *const front = bar.add(tools, 0);
     QTRY_COMPARE(front->pos(), QPoint(1, 1));
     QTRY_COMPARE(buttons[2]->pos(), QPoint(1 + 37 * 3, 1));
+}
+
+void TestToolBar::buttonAddedToAVisibleBarIsPainted_data()
+{
+    QTest::addColumn<bool>("isGrid");
+    QTest::newRow("the bar grows") << false;
+    QTest::newRow("in the place of an empty cell") << true;
+}
+
+void TestToolBar::buttonAddedToAVisibleBarIsPainted()
+{
+    QFETCH(bool, isGrid);
+    QWidget window;
+    window.resize(400, 200);
+    OpenBar bar(isGrid ? 3 : 0, false, &window, Qt::TopToolBarArea);
+    bar.add(tools, 1);
+    showAndSettle(window);
+    std::array<PaintCounter, 2> counters;
+    for (std::size_t i = 0; i < counters.size(); ++i)
+        bar.add(tools, int(i) + 2)->installEventFilter(&counters[i]);
+    for (const PaintCounter &counter : counters)
+        QTRY_VERIFY(counter.paints > 0);
 }
 
 void TestToolBar::hiddenButtonLeavesNoGap()
@@ -1024,6 +1064,37 @@ void TestToolBar::plateBackgroundAndSeparatorsArePainted()
     QCOMPARE(image.pixelColor(90, 19), QColor(Qt::green));
 }
 
+void TestToolBar::translucentPlateShowsTheBackground_data()
+{
+    QTest::addColumn<QColor>("plate");
+    QTest::addColumn<bool>("isRound");
+    QTest::addColumn<QColor>("atCorner");
+    QTest::addColumn<QColor>("inside");
+    const QColor mixed(0, 0, 255);
+    QTest::newRow("opaque") << QColor(Qt::green) << false << QColor(Qt::green) << QColor(Qt::green);
+    QTest::newRow("transparent") << QColor(0, 255, 0, 0) << false << mixed << mixed;
+    QTest::newRow("round") << QColor(Qt::green) << true << mixed << QColor(Qt::green);
+}
+
+void TestToolBar::translucentPlateShowsTheBackground()
+{
+    QFETCH(QColor, plate);
+    QFETCH(bool, isRound);
+    QWidget window;
+    OpenBar bar(&window);
+    bar.SetBackColor(Qt::blue);
+    bar.SetGroupBackColor(plate);
+    bar.SetBorder(0, Qt::black, true);
+    if (isRound)
+        bar.SetRoundCorner(ToolBar::EToolBarRoundCorner::NoRoundCorners,
+                           ToolBar::EToolBarRoundCorner::RoundAllCorners, 8);
+    bar.add(tools);
+    showAndSettle(window);
+    const QImage image = paintedOf(bar);
+    QTEST(image.pixelColor(0, 0), "atCorner");
+    QTEST(image.pixelColor(19, 19), "inside");
+}
+
 void TestToolBar::borderStandsWhereItIsWanted_data()
 {
     QTest::addColumn<int>("width");
@@ -1081,16 +1152,7 @@ void TestToolBar::separatorColorWaitsForTheNextPainting()
     bar.add(tools);
     showAndSettle(window);
     QTRY_VERIFY(bar.isVisible());
-    class Watcher : public QObject
-    {
-    public:
-        bool eventFilter(QObject *, QEvent *event) override
-        {
-            paints += event->type() == QEvent::Paint ? 1 : 0;
-            return false;
-        }
-        int paints = 0;
-    } watcher;
+    PaintCounter watcher;
     QCoreApplication::processEvents();
     bar.installEventFilter(&watcher);
     bar.SetButtonSeparatorColor(Qt::red);
