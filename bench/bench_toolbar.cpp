@@ -93,8 +93,32 @@ void fillHidden(benchmark::State &state)
     }
 }
 
+/// Keeps a window from painting while it lives, but not from noting what to paint.
+class PaintLater : public QObject
+{
+public:
+    explicit PaintLater(QWidget *window)
+        : m_window(window)
+    {
+        window->installEventFilter(this);
+    }
+    ~PaintLater() override
+    {
+        m_window->removeEventFilter(this);
+        m_window->repaint();
+    }
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        return event->type() == QEvent::UpdateRequest;
+    }
+
+private:
+    QWidget *const m_window;
+};
+
+/// Each button has its place before the next one comes, as when commands arrive one by one.
 template<typename Bar>
-void fillShown(benchmark::State &state)
+void fillOneByOne(benchmark::State &state, bool paintsEach)
 {
     std::deque<QAction> actions = makeActions(state.range(0));
     for (auto _ : state) {
@@ -105,17 +129,29 @@ void fillShown(benchmark::State &state)
         window.show();
         settle();
         state.ResumeTiming();
+        auto later = paintsEach ? nullptr : std::make_unique<PaintLater>(&window);
         for (QAction &action : actions) {
             bar.add(action);
-            // Each has its place before the next one comes, as when commands arrive one by one.
-            QCoreApplication::sendPostedEvents(nullptr, QEvent::MetaCall);
-            QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+            QCoreApplication::sendPostedEvents();
         }
+        later.reset();
         settle();
         state.PauseTiming();
         delete bar.widget();
         state.ResumeTiming();
     }
+}
+
+template<typename Bar>
+void fillShown(benchmark::State &state)
+{
+    fillOneByOne<Bar>(state, false);
+}
+
+template<typename Bar>
+void fillPainting(benchmark::State &state)
+{
+    fillOneByOne<Bar>(state, true);
 }
 
 template<typename Bar>
@@ -171,6 +207,8 @@ BENCHMARK_TEMPLATE(fillHidden, QtBar)->Name("fillHiddenQt")->Arg(300)->Arg(2000)
 BENCHMARK_TEMPLATE(fillHidden, LumoBar)->Name("fillHiddenLumo")->Arg(300)->Arg(2000);
 BENCHMARK_TEMPLATE(fillShown, QtBar)->Name("fillShownQt")->Arg(300)->Arg(2000);
 BENCHMARK_TEMPLATE(fillShown, LumoBar)->Name("fillShownLumo")->Arg(300)->Arg(2000);
+BENCHMARK_TEMPLATE(fillPainting, QtBar)->Name("fillPaintingQt")->Arg(300);
+BENCHMARK_TEMPLATE(fillPainting, LumoBar)->Name("fillPaintingLumo")->Arg(300);
 BENCHMARK_TEMPLATE(heap, QtBar)->Name("heapQt")->Arg(2000)->Iterations(1);
 BENCHMARK_TEMPLATE(heap, LumoBar)->Name("heapLumo")->Arg(2000)->Iterations(1);
 BENCHMARK_TEMPLATE(repaintAll, QtBar)->Name("repaintAllQt")->Arg(200);
