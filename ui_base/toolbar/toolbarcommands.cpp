@@ -107,41 +107,6 @@ void ToolBarPrivate::applySizes(ToolButton *button)
     button->updateGeometry();
 }
 
-ToolButton *ToolBar::AddCommandGroup(CommandGroup *group)
-{
-    return group ? AddCommandGroup(group, nullptr) : nullptr;
-}
-
-ToolButton *ToolBar::AddCommandGroup(CommandGroup *group, CommandGroup *)
-{
-    if (!group)
-        return nullptr;
-    const auto keptAlive = group->weak_from_this().lock();
-    if (group->isVirtualGroup()) {
-        const QPointer<ToolBar> self(this);
-        QPointer<ToolButton> last;
-        for (const auto &command : commandsOf(*group)) {
-            if (self)
-                last = AddSingleCommand(command.get(), group);
-        }
-        return last;
-    }
-    const QPointer<ToolBar> subBar = group->toolbar();
-    if (!subBar)
-        return nullptr;
-    for (const auto &command : commandsOf(*group)) {
-        if (!subBar)
-            return nullptr;
-        if (auto *const child = qobject_cast<CommandGroup *>(command.get()))
-            subBar->AddCommandGroup(child, group);
-        else
-            subBar->AddSingleCommand(command.get(), group);
-    }
-    if (subBar)
-        subBar->AdjustToolBarSize(true);
-    return group->toolButton();
-}
-
 ToolButton *ToolBar::AddSingleCommand(CommandBase *command, CommandGroup *group)
 {
     Q_D(ToolBar);
@@ -222,8 +187,6 @@ bool ToolBar::RemoveCommand(CommandBase *command)
     const QPointer<ToolBar> self(this);
     bool isRemoved = true;
     for (const auto &child : ToolBarPrivate::commandsOf(*group))
-        isRemoved = RemoveCommand(child.get()) && isRemoved;
-    for (const auto &child : commandsOf(*group))
         isRemoved = self && RemoveCommand(child.get()) && isRemoved;
     return isRemoved;
 }
