@@ -175,7 +175,8 @@ private:
     void removeButton(ToolButton *button);
     void closeMenuOf(ToolButton *button) const;
     void hideAfterClick(const ToolButtonWithMenu *clicked);
-    void hideMenus(const QList<QPointer<ToolButtonWithMenu>> &buttons) const;
+    static void hideMenus(const QList<QPointer<ToolButtonWithMenu>> &buttons, bool keepState,
+                          const ToolButton *except);
     void reopenMenus();
     void onResized(QObject *watched);
     static ToolBar *subMenuOf(const ToolButton &button);

@@ -336,19 +336,18 @@ void ToolBar::HideAllButtonMenusExcept(bool keepState, ToolButton *except)
 {
     Q_D(ToolBar);
     const bool isBase = GetBaseToolBar() == this;
-    for (const QPointer<ToolButtonWithMenu> &button : d->menuButtons(isBase)) {
+    d->hideMenus(d->menuButtons(isBase), keepState, except);
+}
+
+// Static, since what closing runs may delete the bar.
+void ToolBarPrivate::hideMenus(const QList<QPointer<ToolButtonWithMenu>> &buttons, bool keepState,
+                               const ToolButton *except)
+{
+    for (const QPointer<ToolButtonWithMenu> &button : buttons) {
         if (!button || button == except)
             continue;
         button->SetSaveMenuState(keepState);
         button->HideMenu();
-    }
-}
-
-void ToolBarPrivate::hideMenus(const QList<QPointer<ToolButtonWithMenu>> &buttons) const
-{
-    for (const QPointer<ToolButtonWithMenu> &button : buttons) {
-        if (button)
-            button->HideMenu();
     }
 }
 

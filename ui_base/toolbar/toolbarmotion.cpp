@@ -155,7 +155,10 @@ void ToolBar::ShowAnimated()
 void ToolBar::HideAnimated()
 {
     Q_D(ToolBar);
+    const QPointer<ToolBar> self(this);
     HideAllButtonMenusExcept(false, nullptr);
+    if (!self)
+        return;
     SetLocked(true);
     d->isLockedBySlide = true;
     d->slide(false, QEasingCurve::InExpo);
@@ -194,8 +197,10 @@ void ToolBar::HideMe(bool keepMenuState)
 {
     Q_D(ToolBar);
     d->keepMenuStateOnHide = keepMenuState;
-    d->hideMenus(d->menuButtons(true));
-    hide();
+    const QPointer<ToolBar> self(this);
+    d->hideMenus(d->menuButtons(true), keepMenuState, nullptr);
+    if (self)
+        hide();
 }
 
 bool ToolBar::eventFilter(QObject *watched, QEvent *event)
