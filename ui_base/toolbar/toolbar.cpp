@@ -32,6 +32,9 @@ namespace Vela::UiBase {
 namespace {
 
 constexpr int separatorMargin = 4;
+// A grid keeps room for all cells before the last one, and a rank that only means "at the end" would
+// make millions of them.
+constexpr int mostCells = 10000;
 
 ArrowedWindow::SArrowParam defaultArrow()
 {
@@ -339,7 +342,7 @@ void ToolBarPrivate::AddButtonToExistingPanelLayout(ToolButton *button, QWidget 
         auto *const grid = qobject_cast<QGridLayout *>(layout);
         if (!grid)
             return;
-        placeInGrid(grid, button, (rank > 0 ? rank : count) - 1);
+        placeInGrid(grid, button, (rank > 0 && rank <= mostCells ? rank : count) - 1);
     } else if (auto *const box = qobject_cast<QBoxLayout *>(layout)) {
         placeInBox(box, button, rank);
     } else {

@@ -83,7 +83,9 @@ public:
     /// cell, counted from 1; a button that stands there already stays, below the new one.
     /// @param action not owned; its icon is brought to the size of the bar's icons
     /// @param groupName the group; a new one goes in front of the group with the next higher rank
-    /// @param rank place among the buttons, ascending; equal ranks stand in the order of adding
+    /// @param rank place among the buttons, ascending; equal ranks stand in the order of adding. In a
+    ///             grid it is the number of the cell, from 1 to 10000; with any other the button
+    ///             stands in the cell of its place in the order of adding
     /// @param useTooltipDefaults whether the tooltip stands as SetButtonDefaultTooltipParameters() says
     /// @param useMenuDefaults whether a menu opens as SetButtonDefaultMenuParameters() says; a plain
     ///                        button has none

@@ -22,6 +22,7 @@
 #include <QTest>
 
 #include <array>
+#include <limits>
 
 using Vela::Resource::Styles;
 using Vela::UiBase::ArrowedWindow;
@@ -652,10 +653,13 @@ void TestToolBar::rankIsTheCellOfAGrid()
     ToolButton *const fourth = bar.add(tools, 4);
     ToolButton *const byCount = bar.add(tools, 0);
     ToolButton *const negative = bar.add(tools, -5);
+    ToolButton *const beyondAnyGrid = bar.add(tools, std::numeric_limits<int>::max());
     const auto *const grid = qobject_cast<QGridLayout *>(bar.panel(tools)->layout());
     QCOMPARE(grid->itemAtPosition(1, 1)->widget(), fourth);
     QCOMPARE(grid->itemAtPosition(0, 1)->widget(), byCount);
     QCOMPARE(grid->itemAtPosition(1, 0)->widget(), negative);
+    QVERIFY(bar.order(tools).contains(beyondAnyGrid));
+    QCOMPARE(grid->rowCount(), 2);
 }
 
 void TestToolBar::secondButtonInACellKeepsTheFirst()
