@@ -5,6 +5,7 @@
 
 #include "support/testcase.h"
 #include "support/testmain.h"
+#include "support/virtualorder.h"
 #include "ui_base/popup/layoutbasewidget.h"
 #include "ui_base/popup/widgetposcalculator.h"
 #include "ui_base/qtui/tooltip/tooltipobject.h"
@@ -52,6 +53,17 @@ public:
         : ToolBar(parent, area)
     { }
     using ToolBar::RemoveButton;
+
+    static bool virtualsStandInOrder()
+    {
+        using Group = Vela::UiBase::CommandGroup *;
+        ToolButton *(ToolBar::*const addNested)(Group, Group) = &OpenBar::AddCommandGroup;
+        ToolButton *(ToolBar::*const add)(Group) = &OpenBar::AddCommandGroup;
+        return Lumo::Test::standInThisOrder(
+            addNested, add, &OpenBar::RemoveCommand, &OpenBar::AutoPosition, &OpenBar::Hovered,
+            &OpenBar::AddSingleCommand, &OpenBar::RemoveSingleCommand,
+            &OpenBar::ButtonIconSizeDiff);
+    }
 
     ToolButton *add(const QString &group, int rank = 0, const QString &text = {})
     {
@@ -136,6 +148,7 @@ class TestToolBar : public Lumo::Test::TestCase
     Q_OBJECT
 
 private Q_SLOTS:
+    void virtualsStandInTheOrderOfHosts();
     void newBarHasItsDefaults();
     void barIsHorizontalAtTopAndBottom_data();
     void barIsHorizontalAtTopAndBottom();
@@ -202,6 +215,11 @@ private Q_SLOTS:
     void separatorColorWaitsForTheNextPainting();
     void platesFollowTheirPanels();
 };
+
+void TestToolBar::virtualsStandInTheOrderOfHosts()
+{
+    QVERIFY(OpenBar::virtualsStandInOrder());
+}
 
 void TestToolBar::newBarHasItsDefaults()
 {

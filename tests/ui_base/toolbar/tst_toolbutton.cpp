@@ -6,6 +6,7 @@
 #include "support/eventloop.h"
 #include "support/testcase.h"
 #include "support/testmain.h"
+#include "support/virtualorder.h"
 #include "ui_base/command/testcommand.h"
 #include "ui_base/popup/widgetposcalculator.h"
 #include "ui_base/qtui/tooltip/tooltipmanager.h"
@@ -229,6 +230,7 @@ class TestToolButton : public Lumo::Test::TestCase
     Q_OBJECT
 
 private Q_SLOTS:
+    void virtualsStandInTheOrderOfHosts();
     void newButtonHasItsDefaults();
     void buttonShowsItsAction();
     void buttonThatMissesActionOrBarIsBare_data();
@@ -319,6 +321,13 @@ private Q_SLOTS:
     void askedHandlerMayDeleteEverything();
     void buttonStandsForItsActionOnly();
 };
+
+void TestToolButton::virtualsStandInTheOrderOfHosts()
+{
+    QVERIFY(Lumo::Test::standInThisOrder(&ToolButton::SetExtendMode, &ToolButton::ClickedHandler,
+                                         &ToolButton::EnableActions,
+                                         &ToolButton::IsActionAssociated));
+}
 
 void TestToolButton::newButtonHasItsDefaults()
 {
