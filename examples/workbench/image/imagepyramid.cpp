@@ -13,9 +13,8 @@ constexpr int smallestSide = 256; // less is drawn in no time
 /// The formats that are painted without being converted.
 QImage readyToPaint(const QImage &image)
 {
-    const QImage ready = image.convertToFormat(
-        image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32);
-    return ready;
+    return image.convertToFormat(image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied
+                                                         : QImage::Format_RGB32);
 }
 
 QSize halfOf(const QSize &size)
@@ -28,8 +27,6 @@ QSize halfOf(const QSize &size)
 ImagePyramid::ImagePyramid(const QImage &image)
 {
     QImage level = readyToPaint(image);
-    // A file called "@2x" is read as one for such screens. Here a pixel is a pixel.
-    level.setDevicePixelRatio(1);
     while (!level.isNull()) {
         m_levels.append(level);
         if (qMax(level.width(), level.height()) <= smallestSide)
