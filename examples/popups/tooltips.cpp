@@ -164,7 +164,7 @@ bool saveShot(QWidget &window, const QString &file)
     const QList<QWidget *> windows = QApplication::topLevelWidgets();
     for (QWidget *other : windows) {
         if (other != &window && other->isVisible())
-            painter.drawPixmap(other->pos() - window.pos(), other->grab());
+            painter.drawPixmap(window.mapFromGlobal(other->pos()), other->grab());
     }
     painter.end();
     return picture.save(file);
