@@ -1167,6 +1167,47 @@ private Q_SLOTS:
         QVERIFY(button(*dialog, 2)->grab().toImage() != before);
     }
 
+    void focusIsFramedEvenly_data()
+    {
+        QTest::addColumn<bool>("isStyled");
+        QTest::newRow("without a sheet of the application") << false;
+        QTest::newRow("with the sheet of the library") << true;
+    }
+
+    void focusIsFramedEvenly()
+    {
+        QFETCH(const bool, isStyled);
+        if (isStyled)
+            qApp->setStyleSheet(Styles::Instance().ApplicationStyleSheet());
+        const auto reset = qScopeGuard([] { qApp->setStyleSheet({}); });
+        const auto dialog = shown();
+        QApplication::setActiveWindow(dialog.get());
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        QVERIFY(button(*dialog, 2)->hasFocus());
+        const QImage picture =
+            button(*dialog, 2)->grab().toImage().scaled(button(*dialog, 2)->size());
+        const QPoint middle = picture.rect().center();
+        const int right = picture.width() - 1;
+        const int bottom = picture.height() - 1;
+        for (const QPoint &onFrame : {QPoint(3, middle.y()), QPoint(right - 3, middle.y()),
+                                      QPoint(9, 3), QPoint(9, bottom - 3)})
+            QCOMPARE(picture.pixelColor(onFrame), QColor(Qt::white));
+        for (const QPoint &outside : {QPoint(1, middle.y()), QPoint(right - 1, middle.y()),
+                                      QPoint(9, 1), QPoint(9, bottom - 1)})
+            QVERIFY(picture.pixelColor(outside) != QColor(Qt::white));
+    }
+
+    void focusTakesNoRoom()
+    {
+        const auto dialog = shown();
+        const QPushButton *second = button(*dialog, 2);
+        const QSize hint = second->sizeHint();
+        QApplication::setActiveWindow(dialog.get());
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        QVERIFY(second->hasFocus());
+        QCOMPARE(second->sizeHint(), hint);
+    }
+
     // Moving
 
     void titleBarMovesTheDialog_data()
