@@ -391,11 +391,9 @@ QWidget *ToolBarPrivate::parentForNewButton(const QString &groupName)
 {
     if (QWidget *const panel = panels.value(groupName))
         return panel;
-    if (!coming || coming->objectName() != groupName) {
-        delete coming;
+    if (!coming)
         coming = makePanel(groupName);
-    }
-    return coming;
+    return coming->objectName() == groupName ? coming.data() : q_ptr;
 }
 
 QWidget *ToolBarPrivate::takePanel(const QString &groupName)
