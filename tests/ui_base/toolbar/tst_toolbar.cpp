@@ -544,7 +544,7 @@ void TestToolBar::buttonAddedToAVisibleBarIsPainted_data()
 {
     QTest::addColumn<bool>("isGrid");
     QTest::newRow("the bar grows") << false;
-    QTest::newRow("in the place of an empty cell") << true;
+    QTest::newRow("in a cell that is there") << true;
 }
 
 void TestToolBar::buttonAddedToAVisibleBarIsPainted()
@@ -557,7 +557,7 @@ void TestToolBar::buttonAddedToAVisibleBarIsPainted()
     showAndSettle(window);
     std::array<PaintCounter, 2> counters;
     for (std::size_t i = 0; i < counters.size(); ++i)
-        bar.add(tools, int(i) + 2)->installEventFilter(&counters[i]);
+        bar.add(tools, 2)->installEventFilter(&counters[i]);
     for (const PaintCounter &counter : counters)
         QTRY_VERIFY(counter.paints > 0);
 }
