@@ -155,8 +155,12 @@ void ToolButtonWithWidgetMenuPrivate::connectFlyout(FlyoutBase *flyout)
     const auto once = Qt::UniqueConnection;
     QObject::connect(flyout, &FlyoutBase::CloseFlyout, q, &ToolButtonWithWidgetMenu::OnFlyoutClosed,
                      once);
-    QObject::connect(flyout, &FlyoutBase::CancelChanges, q,
-                     &ToolButtonWithWidgetMenu::OnFlyoutClosed, once);
+    // What is cancelled while the flyout stays open is its work.
+    QObject::disconnect(flyout, &FlyoutBase::CancelChanges, q, nullptr);
+    QObject::connect(flyout, &FlyoutBase::CancelChanges, q, [q] {
+        if (!q->IsMenuShowing())
+            q->OnFlyoutClosed();
+    });
     QObject::connect(flyout, &FlyoutBase::FlyoutResized, q,
                      &ToolButtonWithWidgetMenu::OnFlyoutResized, once);
     QObject::connect(flyout, &FlyoutBase::SubWidgetVisibilityChanged, q,
