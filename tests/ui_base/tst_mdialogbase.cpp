@@ -20,6 +20,7 @@
 #include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
+#include <QScopeGuard>
 #include <QSignalSpy>
 #include <QTimer>
 #include <QToolButton>
@@ -763,14 +764,22 @@ private Q_SLOTS:
     void keyboardReachesEveryButtonAndIsSeen_data()
     {
         QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("sheet");
+        const QString sheet = Vela::Resource::Styles::Instance().ApplicationStyleSheet();
         for (const char *name : {"info_button", "reset_button", "close_button", "advanced_button",
-                                 "cancel_button", "apply_button", "ibutton"})
-            QTest::newRow(name) << QString::fromLatin1(name);
+                                 "cancel_button", "apply_button", "ibutton"}) {
+            QTest::addRow("%s", name) << QString::fromLatin1(name) << QString();
+            QTest::addRow("%s with the sheet of the library", name)
+                << QString::fromLatin1(name) << sheet;
+        }
     }
 
     void keyboardReachesEveryButtonAndIsSeen()
     {
         QFETCH(const QString, name);
+        QFETCH(const QString, sheet);
+        qApp->setStyleSheet(sheet);
+        const auto reset = qScopeGuard([] { qApp->setStyleSheet({}); });
         const Dialog dialog = makeInfoDialog(QStringLiteral("info"), makePanel());
         InfoDialog info(nullptr);
         dialog->EnableInfoButton(true, &info);
@@ -780,10 +789,39 @@ private Q_SLOTS:
         QVERIFY(button->isVisible());
         QVERIFY(!button->accessibleName().isEmpty() || !button->text().isEmpty());
         const QImage before = button->grab().toImage();
+        const QSize hint = button->sizeHint();
         for (int i = 0; i < 20 && !button->hasFocus(); ++i)
             QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
         QVERIFY(button->hasFocus());
         QVERIFY(button->grab().toImage() != before);
+        QCOMPARE(button->sizeHint(), hint);
+    }
+
+    void focusIsFramedEvenly_data()
+    {
+        QTest::addColumn<QString>("sheet");
+        QTest::newRow("without a sheet of the application") << QString();
+        QTest::newRow("with the sheet of the library")
+            << Vela::Resource::Styles::Instance().ApplicationStyleSheet();
+    }
+
+    void focusIsFramedEvenly()
+    {
+        QFETCH(const QString, sheet);
+        qApp->setStyleSheet(sheet);
+        const auto reset = qScopeGuard([] { qApp->setStyleSheet({}); });
+        const Dialog dialog = makeDialog();
+        dialog->show();
+        QApplication::setActiveWindow(dialog.get());
+        auto *const button = part(dialog, "cancel_button");
+        for (int i = 0; i < 20 && !button->hasFocus(); ++i)
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        const QImage picture = button->grab().toImage().scaled(button->size());
+        const int right = picture.width() - 1;
+        const int bottom = picture.height() - 1;
+        for (const QPoint &onFrame : {QPoint(3, bottom / 2), QPoint(right - 3, bottom / 2),
+                                      QPoint(9, 3), QPoint(9, bottom - 3)})
+            QCOMPARE(picture.pixelColor(onFrame), QColor(Qt::white));
     }
 
     // Lifetimes
