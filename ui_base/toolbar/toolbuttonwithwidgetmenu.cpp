@@ -52,9 +52,12 @@ const QWidget *groundOf(QWidget *widget)
 
 void ToolButtonWithWidgetMenuPrivate::makeArrowedWindow()
 {
+    Q_Q(ToolButtonWithWidgetMenu);
     arrowedWindow = new ArrowedWindow(toolBar ? partsOf(*toolBar).refParent.data() : nullptr);
     arrowedWindow->SetBorder(QColor(Qt::gray), 0, Qt::SolidLine, Qt::BevelJoin);
     arrowedWindow->hide();
+    // It tells before its widget goes with it.
+    QObject::connect(arrowedWindow, &QObject::destroyed, q, [this] { arrowedWindow.clear(); });
 }
 
 bool ToolButtonWithWidgetMenuPrivate::isWrapped() const
