@@ -213,6 +213,8 @@ bool ToolBarPrivate::makeSubToolBar(CommandGroup &group, CommandGroup &parentGro
     button->removeAction(&group);
     button->setCheckable(group.isCheckable());
     button->setChecked(group.isChecked());
+    if (button->accessibleName().isEmpty())
+        button->setAccessibleName(group.commandId());
     group.setToolbar(bar);
     group.setToolButton(button);
     return true;

@@ -13,6 +13,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QMoveEvent>
+#include <QTextDocumentFragment>
 
 namespace Vela::UiBase {
 namespace {
@@ -159,7 +160,7 @@ ToolButtonWithMenu::ToolButtonWithMenu(ToolButtonWithMenuPrivate &dd, const QIco
     d->initializeTooltipObject();
     d->defaultIcon = icon;
     setIcon(icon);
-    setAccessibleName(tooltip);
+    setAccessibleName(QTextDocumentFragment::fromHtml(tooltip).toPlainText());
 }
 
 ToolButtonWithMenu::~ToolButtonWithMenu() = default;

@@ -264,6 +264,7 @@ private Q_SLOTS:
     void removedCommandsComeBack();
     void removedFlyoutEndsExtendMode();
     void commandAddedLaterIsSeen();
+    void buttonsOfGroupsHaveNames();
 
     void escapeClosesTheFirstOpenMenu();
     void escapeOnASubMenuIsIgnored();
@@ -875,6 +876,16 @@ void TestToolBarMenus::commandAddedLaterIsSeen()
     QVERIFY(tree.grid->toolbar()->width() > width);
     QVERIFY(tree.grid->toolbar()->rect().contains(
         button->geometry().translated(button->parentWidget()->pos())));
+}
+
+void TestToolBarMenus::buttonsOfGroupsHaveNames()
+{
+    Tree tree;
+    tree.line->setToolTip(QStringLiteral("<b>Lines</b>"));
+    tree.grid->setToolTip(QString());
+    tree.build();
+    QCOMPARE(tree.line->toolButton()->accessibleName(), QStringLiteral("Lines"));
+    QCOMPARE(tree.grid->toolButton()->accessibleName(), tree.grid->commandId());
 }
 
 void TestToolBarMenus::escapeClosesTheFirstOpenMenu()
