@@ -5,6 +5,8 @@
 
 #include "ui_base/toolbar/toolbar_p.h"
 #include "ui_base/toolbar/toolbutton_p.h"
+#include "ui_base/toolbar/toolbuttonwithbuttonmenu.h"
+#include "ui_base/toolbar/toolbuttonwithwidgetmenu.h"
 
 #include "ui_base/command/commandbase.h"
 #include "ui_base/popup/widgetposcalculator.h"
@@ -23,10 +25,10 @@
 #include <QPainter>
 #include <QStyle>
 #include <QStyleOptionToolButton>
-#include <QStylePainter>
 #include <QTextDocumentFragment>
 
 #include <algorithm>
+#include <typeinfo>
 #include <utility>
 
 namespace Vela::UiBase {
@@ -73,6 +75,14 @@ QFont textFont()
 std::shared_ptr<QIcon> iconWith(const QPixmap &pixmap)
 {
     return std::make_shared<QIcon>(Internal::iconOf(pixmap, QPixmap()));
+}
+
+// A class of a host's may paint by the style itself, and needs the button polished for that.
+bool isOneOfOurs(const ToolButton &button)
+{
+    const std::type_info &type = typeid(button);
+    return type == typeid(ToolButton) || type == typeid(ToolButtonWithButtonMenu)
+        || type == typeid(ToolButtonWithWidgetMenu);
 }
 
 QString nameOf(const QAction &action)
@@ -269,7 +279,8 @@ void ToolButtonPrivate::polish(QEvent *event)
 {
     Q_Q(ToolButton);
     const auto asUsual = [q, event] { q->QToolButton::event(event); };
-    if (toolBar && q->styleSheet() == Resource::Styles::Instance().ToolButtonOnToolPalette())
+    if (toolBar && isOneOfOurs(*q)
+        && q->styleSheet() == Resource::Styles::Instance().ToolButtonOnToolPalette())
         isPolishedAlike = Internal::polishAlike(*q, asUsual);
     else
         asUsual();
@@ -314,6 +325,16 @@ bool ToolButtonPrivate::paintPlainly(QPainter &painter, const QStyleOptionToolBu
     if (!plates.know(painter, option, *q))
         polishInFull();
     return plates.paint(painter, option, *q);
+}
+
+void ToolButtonPrivate::paint(QPainter &painter, QStyleOptionToolButton &option)
+{
+    Q_Q(ToolButton);
+    option.icon = iconToPaint();
+    if (paintPlainly(painter, option))
+        return;
+    polishInFull();
+    q->style()->drawComplexControl(QStyle::CC_ToolButton, &option, &painter, q);
 }
 
 ToolButton::ToolButton(QAction *action, ToolBar *toolBar, QWidget *parent)
@@ -616,12 +637,8 @@ void ToolButton::paintEvent(QPaintEvent *)
     Q_D(ToolButton);
     QStyleOptionToolButton option;
     initStyleOption(&option);
-    option.icon = d->iconToPaint();
-    QStylePainter painter(this);
-    if (d->paintPlainly(painter, option))
-        return;
-    d->polishInFull();
-    painter.drawComplexControl(QStyle::CC_ToolButton, option);
+    QPainter painter(this);
+    d->paint(painter, option);
 }
 
 void ToolButton::actionEvent(QActionEvent *event)

@@ -50,6 +50,10 @@ public:
     /// Whether the button is a ToolButtonWithMenu.
     virtual bool hasMenu() const;
 
+    /// Paints the button as its style sheet says.
+    /// @param option as QToolButton::initStyleOption() fills it
+    void paint(QPainter &painter, QStyleOptionToolButton &option);
+
     /// Asks the handlers registered for @p asked. @return \c true without any
     bool isEnabledByHandlers(QAction *asked) const;
 

@@ -537,7 +537,7 @@ void ToolButtonWithButtonMenu::paintEvent(QPaintEvent *)
     initStyleOption(&option);
     option.features = QStyleOptionToolButton::None; // its own arrow is drawn below
     QPainter painter(this);
-    style()->drawComplexControl(QStyle::CC_ToolButton, &option, &painter, this);
+    d->paint(painter, option);
     if (d->locked)
         return;
     painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);

@@ -12,6 +12,9 @@
 
 #include <QCursor>
 #include <QImage>
+#include <QPainter>
+#include <QStyle>
+#include <QStyleOptionToolButton>
 
 using Lumo::Test::colourOf;
 using Lumo::Test::iconOf;
@@ -146,6 +149,7 @@ private Q_SLOTS:
     void arrowFollowsTheSize();
     void lockedButtonHasNoArrow();
     void builtInArrowIsNotDrawn();
+    void buttonLooksLikeThoseBesideIt();
 
     void childOpensThroughTheButton();
     void exitByClickOnTheButton();
@@ -237,6 +241,7 @@ void TestToolButtonWithButtonMenu::sameMenuAgainStays()
     Scene scene;
     scene.button->SetMenu(scene.menuBar);
     QVERIFY(scene.menuBar);
+    QCOMPARE(colourOf(*scene.button), QColor(Qt::gray)); // it has an icon, and adopts none
     scene.button->setCheckable(true);
     QSignalSpy toggled(scene.button, &QAbstractButton::toggled);
     scene.a->Action()->setChecked(true);
@@ -488,6 +493,7 @@ void TestToolButtonWithButtonMenu::choiceOnAButtonThatIsNotCheckable()
 void TestToolButtonWithButtonMenu::chosenIconIsPinned()
 {
     Scene scene;
+    scene.button->IconState(false); // its own pictures are prepared
     scene.button->setCheckable(true);
     scene.a->Action()->setChecked(true);
     scene.button->IconState(true);
@@ -557,6 +563,8 @@ void TestToolButtonWithButtonMenu::closingClearsTheSelection()
 {
     Scene scene;
     QSignalSpy cleared(scene.button, &ToolButtonWithButtonMenu::ButtonMenuCleared);
+    scene.button->setIcon(iconOf(Qt::gray, Qt::white));
+    scene.button->InitIcons();
     scene.button->setCheckable(true);
     scene.a->Action()->setChecked(true);
     scene.button->HideMenu();
@@ -567,6 +575,8 @@ void TestToolButtonWithButtonMenu::closingClearsTheSelection()
     QVERIFY(!scene.a->Action()->isChecked());
     QVERIFY(!scene.button->isChecked());
     QCOMPARE(colourOf(*scene.button), QColor(Qt::gray));
+    scene.button->IconState(true); // the choice sticks no more
+    QCOMPARE(colourOf(*scene.button), QColor(Qt::white));
     scene.button->HideMenu();
     QCOMPARE(cleared.count(), 2);
 }
@@ -730,6 +740,38 @@ void TestToolButtonWithButtonMenu::builtInArrowIsNotDrawn()
     QCOMPARE(scene.button->grab().toImage(), before);
 }
 
+void TestToolButtonWithButtonMenu::buttonLooksLikeThoseBesideIt()
+{
+    class Painted : public ToolButton
+    {
+    public:
+        using ToolButton::ToolButton;
+
+    protected:
+        void paintEvent(QPaintEvent *) override
+        {
+            QStyleOptionToolButton option;
+            initStyleOption(&option);
+            QPainter painter(this);
+            style()->drawComplexControl(QStyle::CC_ToolButton, &option, &painter, this);
+        }
+    };
+    Scene scene;
+    ToolButton *const plain = scene.bar->AddAction(scene.action(QString(), true, Qt::gray));
+    auto *const own = new Painted(scene.action(QString(), true, Qt::gray), scene.bar, scene.bar);
+    scene.bar->OnButtonCreated(own, QString(), true, true, 0);
+    scene.button->setCheckable(true);
+    scene.button->SetLocked(true); // no arrow
+    for (const bool isChecked : {false, true}) {
+        for (ToolButton *const button :
+             {plain, static_cast<ToolButton *>(scene.button), static_cast<ToolButton *>(own)})
+            button->setChecked(isChecked);
+        const QImage expected = plain->grab().toImage();
+        QCOMPARE(scene.button->grab().toImage(), expected);
+        QCOMPARE(own->grab().toImage(), expected);
+    }
+}
+
 void TestToolButtonWithButtonMenu::childOpensThroughTheButton()
 {
     ExtendScene scene;
@@ -882,6 +924,9 @@ void TestToolButtonWithButtonMenu::secondChildTakesOver()
     QPointer<QWidget> second = new QWidget(scene.window.get());
     ToolButtonWithWidgetMenu *const other =
         scene.menuBar->AddAction(scene.action(QStringLiteral("V"), false, Qt::cyan), second.data());
+    scene.button->setCheckable(true);
+    scene.button->SetExtendMode(false);
+    scene.b->Action()->setChecked(true); // this choice shows and comes back
     scene.button->SetExtendMode(true);
     scene.child->click();
     scene.button->OnEnterExtendMode(other);
@@ -890,7 +935,7 @@ void TestToolButtonWithButtonMenu::secondChildTakesOver()
     QCOMPARE(colourOf(*scene.button), QColor(Qt::cyan));
     scene.button->OnEnterExtendMode(other);
     scene.button->OnExitExtendMode();
-    QCOMPARE(colourOf(*scene.button), QColor(Qt::gray));
+    QCOMPARE(colourOf(*scene.button), QColor(Qt::blue));
 }
 
 void TestToolButtonWithButtonMenu::hidingWithoutStateEndsExtendMode()
@@ -907,6 +952,7 @@ void TestToolButtonWithButtonMenu::hidingWithStateKeepsExtendMode()
     ExtendScene scene;
     scene.button->setCheckable(true);
     scene.child->click();
+    scene.child->Action()->setChecked(false);
     scene.bar->hide();
     QVERIFY(!scene.widget->isVisible());
     QVERIFY(scene.button->IsInExtendMode());
