@@ -415,6 +415,7 @@ protected:
     static QPoint GetAnimationTargetPos(bool show, bool isStart, QWidget *widget, ToolBar *toolBar,
                                         QPoint offset);
 
+    bool event(QEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;

@@ -1,12 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The lumo_ui_base authors
 // SPDX-License-Identifier: MIT
 
-// How a tool bar keeps its place, slides in and out, and has its menus follow.
+// How a tool bar keeps its place, floats, slides in and out, and has its menus follow.
 
 #include "ui_base/toolbar/toolbar.h"
 
 #include "ui_base/toolbar/toolbar_p.h"
 
+#include "ui_base/popup/floatinglayer.h"
 #include "ui_base/toolbar/toolbargeometry_p.h"
 #include "ui_base/toolbar/toolbuttonwithmenu.h"
 
@@ -201,6 +202,18 @@ void ToolBar::HideMe(bool keepMenuState)
     d->hideMenus(d->menuButtons(true), keepMenuState, nullptr);
     if (self)
         hide();
+}
+
+bool ToolBar::event(QEvent *event)
+{
+    auto *const layer = event->type() == QEvent::ParentChange
+        ? qobject_cast<FloatingLayer *>(parentWidget())
+        : nullptr;
+    // A click would have the window system give the layer the focus, and keys such as Escape would not
+    // reach the window below any more.
+    if (layer)
+        layer->setWindowFlag(Qt::WindowDoesNotAcceptFocus);
+    return QWidget::event(event);
 }
 
 bool ToolBar::eventFilter(QObject *watched, QEvent *event)
