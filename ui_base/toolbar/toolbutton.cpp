@@ -34,34 +34,10 @@
 namespace Vela::UiBase {
 namespace {
 
-// Larger than any icon of a button, so that the icon answers with the size it has.
-const QSize sizeProbe(300, 300);
-
-// A picture smaller than its room stands in the middle of it, where the button would draw it, so
-// that every prepared icon has the size of the button's icon.
-QPixmap filledUp(const QPixmap &pixmap, const QSize &size, qreal ratio)
-{
-    if (pixmap.isNull() || Internal::logicalSize(pixmap) == size)
-        return pixmap;
-    QPixmap result(Internal::physicalSize(size, ratio));
-    result.fill(Qt::transparent);
-    // In whole pixels of the screen, or the picture would be blurred.
-    const QSize picture = pixmap.size() * (ratio / pixmap.devicePixelRatio());
-    const QRect target = QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, picture,
-                                             QRect(QPoint(), result.size()));
-    QPainter painter(&result);
-    painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    painter.drawPixmap(target, pixmap, pixmap.rect());
-    painter.end();
-    result.setDevicePixelRatio(ratio);
-    return result;
-}
-
 QPixmap preparedPicture(const ToolButton &button, QIcon::Mode mode)
 {
     const qreal ratio = Internal::devicePixelRatioFor(button);
-    const QSize size = button.iconSize();
-    return filledUp(Internal::pixmapOf(button.icon(), size, ratio, mode, QIcon::On), size, ratio);
+    return Internal::pixmapOf(button.icon(), button.iconSize(), ratio, mode, QIcon::On);
 }
 
 // In the style sheet of each button it would cost far more.
@@ -221,11 +197,8 @@ bool ToolButtonPrivate::iconsAreStale() const
     Q_Q(const ToolButton);
     if (q->icon().isNull())
         return false;
-    if (!activeIcon && !normalIcon)
-        return true;
-    const QSize prepared = activeIcon ? activeIcon->actualSize(sizeProbe, QIcon::Active, QIcon::On)
-                                      : normalIcon->actualSize(sizeProbe, QIcon::Normal, QIcon::On);
-    return !prepared.isEmpty() && q->iconSize() != prepared;
+    // Not the size of the pictures, which may be smaller than their room.
+    return (!activeIcon && !normalIcon) || q->iconSize() != preparedSize;
 }
 
 void ToolButtonPrivate::showIcon(bool active)
@@ -464,6 +437,7 @@ void ToolButton::InitIcons()
     const QPixmap active = preparedPicture(*this, QIcon::Active);
     d->activeIcon = iconWith(active.isNull() ? normal : active);
     d->normalIcon = iconWith(normal);
+    d->preparedSize = iconSize();
 }
 
 void ToolButton::SetCallbackHandler(QAction *action, IToolButtonCallbackHandler *handler)

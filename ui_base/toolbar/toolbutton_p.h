@@ -103,6 +103,7 @@ private:
     bool isTooltipPrepared = false;
     std::optional<STooltipPlace> tooltipPlace; ///< for when the tooltip is prepared
     QString accessibleName;                    ///< the one that the button gave itself
+    QSize preparedSize;                        ///< for which the two icons were prepared
     qint64 actionIcon = 0;                     ///< key of the icon that the action had last
 };
 

@@ -272,8 +272,10 @@ private Q_SLOTS:
     void pictureAtRestStandsInForAMissingActiveOne();
     void newIconSizeMakesBothPicturesTheSame();
     void freshIconOfTheNewSizeKeepsTwoPictures();
-    void iconSmallerThanItsRoomKeepsTwoPictures_data();
-    void iconSmallerThanItsRoomKeepsTwoPictures();
+    void iconOfAnotherSizeThanItsRoomKeepsTwoPictures_data();
+    void iconOfAnotherSizeThanItsRoomKeepsTwoPictures();
+    void pictureStaysInItsPlaceUnderThePointer_data();
+    void pictureStaysInItsPlaceUnderThePointer();
     void preparedPicturesAreCrisp();
     void pinnedIconIgnoresThePointer();
     void hoveringPreparesEachButtonOnce();
@@ -706,15 +708,16 @@ void TestToolButton::freshIconOfTheNewSizeKeepsTwoPictures()
     QCOMPARE(shownBy(scene.button), QColor(Qt::green));
 }
 
-void TestToolButton::iconSmallerThanItsRoomKeepsTwoPictures_data()
+void TestToolButton::iconOfAnotherSizeThanItsRoomKeepsTwoPictures_data()
 {
     QTest::addColumn<QSize>("size");
-    QTest::newRow("smaller") << QSize(16, 16);
-    QTest::newRow("flat") << QSize(24, 12);
-    QTest::newRow("larger") << QSize(48, 32);
+    QTest::addColumn<QSize>("shown");
+    QTest::newRow("smaller") << QSize(16, 16) << QSize(16, 16);
+    QTest::newRow("flat") << QSize(24, 12) << QSize(24, 12);
+    QTest::newRow("larger") << QSize(48, 32) << QSize(24, 16);
 }
 
-void TestToolButton::iconSmallerThanItsRoomKeepsTwoPictures()
+void TestToolButton::iconOfAnotherSizeThanItsRoomKeepsTwoPictures()
 {
     QFETCH(QSize, size);
     Scene scene;
@@ -725,7 +728,49 @@ void TestToolButton::iconSmallerThanItsRoomKeepsTwoPictures()
         scene.moveAway();
         QCOMPARE(shownBy(scene.button), QColor(Qt::red));
     }
-    QCOMPARE(scene.button.icon().actualSize(QSize(300, 300)), iconSize);
+    QTEST(scene.button.icon().actualSize(QSize(300, 300)), "shown");
+}
+
+void TestToolButton::pictureStaysInItsPlaceUnderThePointer_data()
+{
+    QTest::addColumn<int>("style");
+    QTest::addColumn<QSize>("size");
+    for (const int style :
+         {Qt::ToolButtonIconOnly, Qt::ToolButtonTextUnderIcon, Qt::ToolButtonTextBesideIcon}) {
+        QTest::addRow("as large as its room, %d", style) << style << iconSize;
+        QTest::addRow("smaller, %d", style) << style << QSize(12, 10);
+    }
+}
+
+void TestToolButton::pictureStaysInItsPlaceUnderThePointer()
+{
+    QFETCH(int, style);
+    QFETCH(QSize, size);
+    Scene scene;
+    scene.action.setIcon(twoPictures(size));
+    scene.action.setCheckable(true);
+    scene.button.setToolButtonStyle(Qt::ToolButtonStyle(style));
+    scene.button.resize(90, 60);
+    const auto placeOf = [&scene](const QColor &color) {
+        const QImage image = scene.button.grab().toImage();
+        QRect place;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                if (image.pixelColor(x, y) == color)
+                    place |= QRect(x, y, 1, 1);
+            }
+        }
+        return place;
+    };
+    const QRect atRest = placeOf(Qt::red);
+    QVERIFY(!atRest.isEmpty());
+    scene.action.setChecked(true);
+    QCOMPARE(placeOf(Qt::green), atRest);
+    scene.hover();
+    QCOMPARE(placeOf(Qt::green), atRest);
+    scene.action.setChecked(false);
+    scene.moveAway();
+    QCOMPARE(placeOf(Qt::red), atRest);
 }
 
 void TestToolButton::preparedPicturesAreCrisp()
