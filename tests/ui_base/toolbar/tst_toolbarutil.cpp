@@ -180,8 +180,8 @@ void ToolBarUtilTest::aGridOfNoCellsIsALineAtTheTop()
     QVERIFY(!menu->IsGridLayout());
     QVERIFY(menu->IsHorizontalLayout());
     QCOMPARE(partsOf(*menu).area, Qt::TopToolBarArea);
-    const ToolBar *const other =
-        ToolBarUtil::CreateActionPanelToolBar(scene.window.get(), scene.base, true, -3);
+    const std::unique_ptr<ToolBar> other(
+        ToolBarUtil::CreateActionPanelToolBar(scene.window.get(), scene.base, true, -3));
     QVERIFY(!other->IsGridLayout());
 }
 
