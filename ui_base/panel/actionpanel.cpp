@@ -56,7 +56,9 @@ ActionPanel::ActionPanel(QWidget *parent)
 ActionPanel::ActionPanel(ActionPanelPrivate &dd, QWidget *parent)
     : ToolBar(dd, parent, Qt::LeftToolBarArea)
 {
-    ActionPanel::Initialize();
+    setObjectName(panelName());
+    ActionPanel::InitializeToolBar();
+    AdjustToolBarSize(false);
 }
 
 ActionPanel::~ActionPanel() = default;
