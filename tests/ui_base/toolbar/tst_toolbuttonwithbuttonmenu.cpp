@@ -10,6 +10,8 @@
 #include "ui_base/qtui/tooltip/tooltipobject.h"
 #include "ui_base/toolbar/menuscene.h"
 
+#include <lumo_common_res/Styles>
+
 #include <QCursor>
 #include <QImage>
 #include <QPainter>
@@ -150,6 +152,7 @@ private Q_SLOTS:
     void lockedButtonHasNoArrow();
     void builtInArrowIsNotDrawn();
     void buttonLooksLikeThoseBesideIt();
+    void laterButtonsLookLikeTheFirst();
 
     void childOpensThroughTheButton();
     void exitByClickOnTheButton();
@@ -770,6 +773,25 @@ void TestToolButtonWithButtonMenu::buttonLooksLikeThoseBesideIt()
         QCOMPARE(scene.button->grab().toImage(), expected);
         QCOMPARE(own->grab().toImage(), expected);
     }
+
+void TestToolButtonWithButtonMenu::laterButtonsLookLikeTheFirst()
+{
+    qApp->setStyleSheet(Vela::Resource::Styles::Instance().ApplicationStyleSheet());
+    const MenuScene scene;
+    QList<ToolButton *> buttons;
+    for (int i = 0; i < 3; ++i)
+        buttons << scene.addMenu(scene.menu(), iconOf(Qt::gray));
+    scene.bar->show();
+    for (ToolButton *const button : buttons) {
+        button->setCheckable(true);
+        button->setChecked(true);
+    }
+    const QImage first = buttons.first()->grab().toImage();
+    const QImage second = buttons.at(1)->grab().toImage();
+    const QImage third = buttons.at(2)->grab().toImage();
+    qApp->setStyleSheet(QString());
+    QCOMPARE(second, first);
+    QCOMPARE(third, first);
 }
 
 void TestToolButtonWithButtonMenu::childOpensThroughTheButton()
