@@ -462,9 +462,14 @@ void tst_Styles::paletteTextContrastIsReadable()
     QVERIFY(contrast(p.color(QPalette::Text), p.color(QPalette::AlternateBase)) >= 4.5);
     QVERIFY(contrast(p.color(QPalette::ToolTipText), p.color(QPalette::ToolTipBase)) >= 4.5);
     QVERIFY(contrast(p.color(QPalette::HighlightedText), p.color(QPalette::Highlight)) >= 4.5);
-    QVERIFY(contrast(Styles::Instance().ColorToolButtonArrow(),
-                     Styles::Instance().ColorActionPanelGroupBack())
-            >= 3.0);
+    // The arrow is seen on the panel and on the plate of a button whose menu is open.
+    const QRegularExpression plate(
+        QStringLiteral("checked\\s*\\{\\s*background-color:\\s*(#\\w+)"));
+    const QColor onPlate = plate.match(Styles::Instance().ToolButtonOnToolPalette()).captured(1);
+    const QColor arrow = Styles::Instance().ColorToolButtonArrow();
+    QVERIFY(contrast(arrow, Styles::Instance().ColorActionPanelGroupBack()) >= 3.0);
+    QVERIFY(onPlate.isValid());
+    QVERIFY(contrast(arrow, onPlate) >= 3.0);
 }
 
 void tst_Styles::hoveredToolButtonShowsThePlate()
