@@ -16,6 +16,7 @@
 #include <QEvent>
 #include <QLabel>
 #include <QMoveEvent>
+#include <QTimer>
 
 #include <algorithm>
 
@@ -268,6 +269,16 @@ void ToolbarManagerPrivate::calcDynamicToolbarPanelGeometry()
         calcInnerToolbarPositions();
 }
 
+// A menu that is open stands in a window of its own. It comes after, once for many moves.
+void ToolbarManagerPrivate::moveBar(ToolBar *bar, const QPoint &globalPosition)
+{
+    const QPointer<ToolBar> guard(bar);
+    const bool isThere = placeOnScreen(bar) == globalPosition;
+    moveFloating(bar, fromScreen(bar, globalPosition));
+    if (guard && !isThere)
+        bar->d_func()->resizeTimer->start();
+}
+
 void ToolbarManagerPrivate::calcInnerToolbarPositions()
 {
     if (separators.isEmpty() || !mainToolBar)
@@ -283,7 +294,7 @@ void ToolbarManagerPrivate::calcInnerToolbarPositions()
         if (!self || !bar || !toolbarActive.value(bar))
             continue;
         previous = QRect(behind(previous, gap, isHorizontal), bar->size());
-        moveFloating(bar, fromScreen(bar, previous.topLeft()));
+        moveBar(bar, previous.topLeft());
         gap = step;
     }
 }

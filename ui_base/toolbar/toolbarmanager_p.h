@@ -80,6 +80,7 @@ private:
     void remember(CommandGroup *group);
     QString idOf(CommandGroup *group) const;
     void enableLikeMainToolBar();
+    static void moveBar(ToolBar *bar, const QPoint &globalPosition);
     void release();
 
     // A group can die while its announcement waits for delivery.

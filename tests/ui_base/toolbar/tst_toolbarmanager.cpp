@@ -7,8 +7,11 @@
 #include "support/testmain.h"
 #include "ui_base/command/commandbag.h"
 #include "ui_base/command/commandgroup.h"
+#include "ui_base/command/flyoutcommand.h"
 #include "ui_base/command/testcommand.h"
 #include "ui_base/popup/floatinglayer.h"
+#include "ui_base/qtui/panel/flyoutbase.h"
+#include "ui_base/qtui/qtuitoolkit.h"
 #include "ui_base/toolbar/toolbar_p.h"
 #include "ui_base/toolbar/toolbarmanager_p.h"
 
@@ -24,6 +27,9 @@ using Vela::UiBase::CommandBase;
 using Vela::UiBase::CommandGroup;
 using Vela::UiBase::DynamicCommandGroupStateProtocol;
 using Vela::UiBase::FloatingLayer;
+using Vela::UiBase::FlyoutBase;
+using Vela::UiBase::FlyoutCommand;
+using Vela::UiBase::QtUiToolkit;
 using Vela::UiBase::ToolBar;
 using Vela::UiBase::ToolbarManager;
 using Vela::UiBase::ToolbarManagerPrivate;
@@ -79,6 +85,29 @@ public:
         : ToolbarManager(*new HostPrivate(isGone), mainBar)
     { }
     HostPrivate &opened() { return static_cast<HostPrivate &>(*d_ptr); }
+};
+
+/// A command with a panel, which belongs to nobody but the button that shows it.
+class PanelCommand : public FlyoutCommand
+{
+public:
+    explicit PanelCommand(const QString &id)
+        : FlyoutCommand(makePanel(), nullptr)
+        , m_id(id)
+    { }
+    const QString commandId() const override { return m_id; }
+    bool onExecuteAsync(bool) override { return true; }
+
+private:
+    static FlyoutBase *makePanel()
+    {
+        auto *const panel = new QWidget;
+        panel->setFixedSize(120, 40);
+        return QtUiToolkit::Instance().CreateFlyout(QString(), panel, nullptr, true, true, true,
+                                                    false, nullptr);
+    }
+
+    const QString m_id;
 };
 
 /// Calls a function at each event of one type.
@@ -263,6 +292,11 @@ private Q_SLOTS:
     void removedGroupCanComeBack();
     void commandMayRemoveItselfAtAClick();
     void commandsAreFoundById();
+
+    void panelOpensFromTheRow();
+    void openPanelFollowsItsBar();
+    void panelOpenAtItsRemovalIsHarmless_data();
+    void panelOpenAtItsRemovalIsHarmless();
 
     void broadcastReachesTheManager();
     void announcementOfADeadGroupIsHarmless();
@@ -929,6 +963,89 @@ void TestToolbarManager::commandsAreFoundById()
     QVERIFY(!scene.manager->findDynamicCommand(QString()));
     scene.manager->removeDynamicCommand(outer->getCommand(cut));
     QVERIFY(!scene.manager->findDynamicCommand(cut));
+}
+
+void TestToolbarManager::panelOpensFromTheRow()
+{
+    Scene scene;
+    scene.show();
+    const auto group = makeGroup(sculpt, {cut});
+    auto *const command = new PanelCommand(smooth);
+    group->addCommand(command);
+    scene.manager->addDynamicCommandGroup(group.get());
+    scene.manager->commandGroupBegan(group.get());
+    QTest::mouseClick(command->toolButton(), Qt::LeftButton);
+    QVERIFY(command->flyout()->isVisible());
+    scene.manager->commandGroupEnded(group.get());
+    QVERIFY(!command->flyout()->isVisible());
+}
+
+void TestToolbarManager::openPanelFollowsItsBar()
+{
+    Scene scene;
+    scene.window->resize(900, 600);
+    scene.show();
+    const auto first = scene.begin(paint, {brush, QStringLiteral("a"), QStringLiteral("b")});
+    const auto group = makeGroup(sculpt, {});
+    auto *const command = new PanelCommand(smooth);
+    group->addCommand(command);
+    scene.manager->addDynamicCommandGroup(group.get());
+    scene.manager->commandGroupBegan(group.get());
+    const ToolButton *const button = command->toolButton();
+    QTest::mouseClick(command->toolButton(), Qt::LeftButton);
+    const auto distance = [&] {
+        return onScreen(command->flyout()).topLeft() - onScreen(button).topLeft();
+    };
+    const QPoint opened = distance();
+    scene.manager->commandGroupEnded(first.get());
+    QTRY_COMPARE(distance(), opened);
+    scene.mainBar->move(120, 10);
+    QTRY_COMPARE(distance(), opened);
+}
+
+void TestToolbarManager::panelOpenAtItsRemovalIsHarmless_data()
+{
+    QTest::addColumn<int>("way");
+
+    QTest::newRow("command removed") << 0;
+    QTest::newRow("group deleted") << 1;
+    QTest::newRow("manager deleted") << 2;
+    QTest::newRow("main bar deleted") << 3;
+    QTest::newRow("window deleted") << 4;
+}
+
+void TestToolbarManager::panelOpenAtItsRemovalIsHarmless()
+{
+    QFETCH(const int, way);
+
+    Scene scene;
+    scene.show();
+    auto group = makeGroup(sculpt, {});
+    auto *const command = new PanelCommand(smooth);
+    group->addCommand(command);
+    scene.manager->addDynamicCommandGroup(group.get());
+    scene.manager->commandGroupBegan(group.get());
+    const QPointer<FlyoutBase> panel = command->flyout();
+    QTest::mouseClick(command->toolButton(), Qt::LeftButton);
+    QVERIFY(panel->isVisible());
+    switch (way) {
+    case 0:
+        scene.manager->removeDynamicCommand(command);
+        break;
+    case 1:
+        group.reset();
+        break;
+    case 2:
+        delete scene.manager;
+        break;
+    case 3:
+        delete scene.mainBar;
+        break;
+    default:
+        scene.window.reset();
+    }
+    QCoreApplication::processEvents();
+    QCOMPARE(panel && panel->isVisible(), way == 1 || way == 3);
 }
 
 void TestToolbarManager::broadcastReachesTheManager()
