@@ -22,6 +22,21 @@ using namespace Lumo::Test;
 
 namespace {
 
+class PressCounter : public QObject
+{
+public:
+    explicit PressCounter(QWidget &widget) { widget.installEventFilter(this); }
+
+    int count = 0;
+
+protected:
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        count += event->type() == QEvent::MouseButtonPress ? 1 : 0;
+        return false;
+    }
+};
+
 /// An application with a native view, a floating tool bar over it, and a group that comes and goes.
 struct Scene
 {
@@ -98,6 +113,37 @@ private Q_SLOTS:
         }
         scene.mainBar->move(60, 100);
         QTRY_COMPARE(scene.distance(), scene.expectedDistance());
+    }
+
+    void roomBetweenPlatesBelongsToTheView()
+    {
+        Scene scene;
+        ToolBar bar(scene.view, Qt::LeftToolBarArea);
+        bar.SetBackColor(Qt::transparent);
+        const QWidget *const first = bar.AddAction(new QAction(&bar), QStringLiteral("a"));
+        const QWidget *const second = bar.AddAction(new QAction(&bar), QStringLiteral("b"));
+        FloatingLayer::makeWidgetFloating(&bar, QMargins());
+        bar.move(250, 30);
+        bar.show();
+        scene.manager->commandGroupBegan(scene.group.get());
+        QVERIFY(scene.isActive());
+        QTRY_VERIFY(colourInside(*first) != QColor(Qt::darkBlue));
+        QTRY_VERIFY(colourInside(*second) != QColor(Qt::darkBlue));
+        const QPoint between = (first->mapToGlobal(first->rect().bottomLeft())
+                                + second->mapToGlobal(second->rect().topRight()))
+            / 2;
+        QTRY_COMPARE(colourOnScreen(between), QColor(Qt::darkBlue));
+        PressCounter pressed(*scene.view);
+        QVERIFY(pointAsUser(between));
+        QVERIFY(clickAsUser(1));
+        QTRY_COMPARE(pressed.count, 1);
+
+        const QWidget *const third = bar.AddAction(new QAction(&bar), QStringLiteral("c"));
+        QTRY_VERIFY(colourInside(*third) != QColor(Qt::darkBlue));
+        QCOMPARE(colourOnScreen(between), QColor(Qt::darkBlue));
+        bar.SetBackColor(Qt::green);
+        QTRY_COMPARE(colourOnScreen(between), QColor(Qt::green));
+        QVERIFY(pointAsUser(QPoint(0, 0)));
     }
 
     void commandMayTakeTheBarAwayAtAClick()

@@ -799,6 +799,7 @@ void ToolBar::SetBackColor(const QColor &color)
 {
     Q_D(ToolBar);
     d->backColor = color;
+    d->cutOutLayer();
     update();
 }
 
@@ -821,6 +822,7 @@ void ToolBar::SetBorder(int width, const QColor &color, bool aroundPanels)
     d->borderWidth = width;
     d->borderColor = color;
     d->borderAroundPanels = aroundPanels;
+    d->cutOutLayer();
     update();
 }
 
@@ -838,6 +840,7 @@ void ToolBar::EnableShadow(bool enable)
 {
     Q_D(ToolBar);
     d->shadowEffect->setEnabled(enable);
+    d->cutOutLayer();
 }
 
 void ToolBar::SetPos(const QPoint &pos)
@@ -845,6 +848,7 @@ void ToolBar::SetPos(const QPoint &pos)
     Q_D(ToolBar);
     d->centralWidget->move(pos);
     d->UpdatePathMaps();
+    d->cutOutLayer();
     update();
 }
 

@@ -211,6 +211,7 @@ private:
     void paintBorder(QPainter &painter, const QRect &exposed) const;
 
     void slide(bool show, const QEasingCurve &curve);
+    void cutOutLayer();
 
     bool isSliding = false;
     bool isLockedBySlide = false;

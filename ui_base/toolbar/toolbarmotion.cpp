@@ -8,12 +8,15 @@
 #include "ui_base/toolbar/toolbar_p.h"
 
 #include "ui_base/popup/floatinglayer.h"
+#include "ui_base/popup/layershape_p.h"
 #include "ui_base/toolbar/toolbargeometry_p.h"
 #include "ui_base/toolbar/toolbuttonwithmenu.h"
 
 #include <QEasingCurve>
 #include <QEvent>
+#include <QGraphicsDropShadowEffect>
 #include <QPropertyAnimation>
+#include <QRegion>
 #include <QState>
 #include <QTimer>
 
@@ -237,6 +240,8 @@ void ToolBarPrivate::onResized(QObject *watched)
         q->resize(centralWidget->size());
         centralWidget->move(0, 0);
         UpdatePathMaps();
+        if (q->isVisible())
+            cutOutLayer();
     }
     if (watched == refParent)
         q->OnAutoPosition();
@@ -246,10 +251,31 @@ void ToolBarPrivate::onResized(QObject *watched)
         q->OnResizeTimerTimeOut();
 }
 
+// Of a floating bar without a ground of its own only the plates are there.
+void ToolBarPrivate::cutOutLayer()
+{
+    Q_Q(ToolBar);
+    const bool isFramed = borderWidth != 0 && !borderAroundPanels;
+    if (backColor.alpha() != 0 || isFramed || shadowEffect->isEnabled()) {
+        Internal::restoreLayer(*q);
+        return;
+    }
+    const int reach = borderWidth / 2;
+    QRegion seen;
+    for (const QWidget *const panel : qAsConst(panels)) {
+        if (!panel->isHidden())
+            seen += panel->geometry()
+                        .translated(centralWidget->pos())
+                        .adjusted(-reach, -reach, reach, reach);
+    }
+    Internal::cutOutLayer(*q, seen);
+}
+
 void ToolBar::showEvent(QShowEvent *event)
 {
     Q_D(ToolBar);
     AdjustToolBarSize(false);
+    d->cutOutLayer();
     d->reopenMenus();
     QWidget::showEvent(event);
     d->keepMenuStateOnHide = true;

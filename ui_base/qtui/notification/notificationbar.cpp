@@ -6,6 +6,7 @@
 #include "ui_base/qtui/notification/notificationbar_p.h"
 
 #include "ui_base/popup/floatinglayer.h"
+#include "ui_base/popup/layershape_p.h"
 #include "ui_base/qtui/devicepixmap_p.h"
 #include "ui_base/qtui/notification/messagelabel_p.h"
 
@@ -17,7 +18,6 @@
 #include <QCoreApplication>
 #include <QEvent>
 #include <QGraphicsOpacityEffect>
-#include <QGuiApplication>
 #include <QLabel>
 #include <QMouseEvent>
 #include <QMoveEvent>
@@ -130,13 +130,6 @@ private:
 QRect squareAround(const QPoint &centre, int size)
 {
     return {centre.x() - size / 2, centre.y() - size / 2, size, size};
-}
-
-// The platforms without a screen only warn.
-bool canShapeWindows()
-{
-    const QString platform = QGuiApplication::platformName();
-    return platform != QLatin1String("offscreen") && platform != QLatin1String("minimal");
 }
 
 // A layout shows a widget in the size that it prefers, whichever it was given, and one without any
@@ -402,17 +395,10 @@ QRegion NotificationBarPrivate::seenRegion() const
     return region;
 }
 
-// The room around box and spinner belongs to the view below: the mouse reaches it, and it does not turn
-// black where nothing composes translucent windows.
+// The room around box and spinner belongs to the view below.
 void NotificationBarPrivate::cutOutLayer(const QRegion &seen)
 {
-    Q_Q(NotificationBar);
-    auto *const layer = qobject_cast<FloatingLayer *>(q->parentWidget());
-    if (!layer || !canShapeWindows())
-        return;
-    // An empty mask is none at all to Qt.
-    const QRegion mask = seen.isEmpty() ? QRegion(-1, -1, 1, 1) : seen;
-    layer->setMask(mask.translated(FloatingLayer::getWidgetOffset(q)));
+    Internal::cutOutLayer(*q_func(), seen);
 }
 
 void NotificationBarPrivate::UpdatePos()
