@@ -52,6 +52,7 @@ public:
     void PlaceMenu(QAbstractButton *button) const;
     void SwitchTo(QAbstractButton *button);
     void HideAll();
+    void HideSubMenus(QMenu *menu) const;
     void ApplyStyle(QMenu *menu, const char *property) const;
     void OnEvent(QObject *watched, QEvent::Type type);
     void OnEnter(QObject *watched);
@@ -310,6 +311,18 @@ void LumoMenuManagerPrivate::HideAll()
     }
 }
 
+void LumoMenuManagerPrivate::HideSubMenus(QMenu *menu) const
+{
+    // As popups they would keep Qt from noticing which window is active in the turn of the event loop
+    // that a style change makes.
+    const QVector<QMenu *> menus = WithSubMenus(menu);
+    const QVector<QPointer<QMenu>> living(menus.crbegin(), menus.crend() - 1);
+    for (const QPointer<QMenu> &subMenu : living) {
+        if (subMenu)
+            subMenu->hide();
+    }
+}
+
 void LumoMenuManagerPrivate::ApplyStyle(QMenu *menu, const char *property) const
 {
     QAbstractButton *button = buttonMenus.key(menu);
@@ -356,6 +369,7 @@ void LumoMenuManagerPrivate::OnEvent(QObject *watched, QEvent::Type type)
     } else if (type == QEvent::Show && menu) {
         ApplyStyle(menu, LumoMenuManager::AlternateStyleProperty);
     } else if (type == QEvent::Hide && menu) {
+        HideSubMenus(menu);
         ApplyStyle(menu, LumoMenuManager::OriginalStyleProperty);
     } else if (type == QEvent::EnabledChange && button) {
         SyncShortcuts(button, buttonMenus.value(button));

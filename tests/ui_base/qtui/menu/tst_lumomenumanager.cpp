@@ -153,6 +153,7 @@ private Q_SLOTS:
 
     void openMenuChangesTheStyleOfItsButton();
     void withoutAlternateStyleTheStyleStays();
+    void subMenusGoBeforeTheStyleChange();
     void styleChangeToleratesASwitchFromTheEventLoop();
     void styleChangeToleratesTheEndOfTheManager();
     void styleChangeToleratesTheEndOfAnotherMenu();
@@ -577,6 +578,27 @@ void TestLumoMenuManager::withoutAlternateStyleTheStyleStays()
     send(scene.first, QEvent::Enter);
     QVERIFY(scene.firstMenu->isVisible());
     QCOMPARE(scene.first->styleSheet(), own);
+}
+
+// Qt takes no note of what becomes active while a popup is open.
+void TestLumoMenuManager::subMenusGoBeforeTheStyleChange()
+{
+    Scene scene(true);
+    QMenu *sub = scene.firstMenu->addMenu(QStringLiteral("Sub"));
+    QMenu *deep = sub->addMenu(QStringLiteral("Deep"));
+    deep->addAction(QStringLiteral("Action"));
+    scene.start();
+    send(scene.first, QEvent::Enter);
+    sub->popup(QPoint(300, 300));
+    deep->popup(QPoint(350, 300));
+    bool isDone = false;
+    QTimer::singleShot(0, &scene.window, [&] {
+        isDone = true;
+        QVERIFY(!sub->isVisible());
+        QVERIFY(!deep->isVisible());
+    });
+    scene.firstMenu->hide();
+    QVERIFY(isDone);
 }
 
 void TestLumoMenuManager::styleChangeToleratesASwitchFromTheEventLoop()
