@@ -2,11 +2,15 @@
 // SPDX-License-Identifier: MIT
 //
 // Task dialogs: a question, an error with a path in it, a message with buttons of its own, and a
-// widget as the content; and a dialog that is moved and resized without a frame.
+// widget as the content; settings in a flyout dialog; and a dialog that is moved and resized without
+// a frame.
 //
 //     dialogs [--dark] [--rtl] [--shot FILE.png]
 
 #include <ui_base/DialogEx>
+#include <ui_base/FlyoutBase>
+#include <ui_base/MDialogBase>
+#include <ui_base/QtUiToolkit>
 #include <ui_base/StartUp>
 #include <ui_base/TaskDialog>
 
@@ -91,7 +95,26 @@ std::unique_ptr<QDialog> makeForm()
     return dialog;
 }
 
-// 5. A frameless dialog with anything on it.
+// 5. Settings that are applied while the dialog stays open.
+std::unique_ptr<QDialog> makeSettings()
+{
+    auto *const panel = new QWidget;
+    auto *const rows = new QFormLayout(panel);
+    auto *const title = new QLineEdit(QStringLiteral("bunny"), panel);
+    rows->addRow(QStringLiteral("Title"), title);
+    rows->addRow(new QCheckBox(QStringLiteral("Shadows"), panel));
+    const auto &toolkit = Vela::UiBase::QtUiToolkit::Instance();
+    std::unique_ptr<Vela::UiBase::MDialogBase> dialog(toolkit.CreateFlyoutDialog(
+        nullptr, QStringLiteral("Settings"), panel, nullptr, true, true, true, true));
+    dialog->BindResetButton(title, SLOT(clear()));
+    const auto *const flyout =
+        dialog->findChild<Vela::UiBase::FlyoutBase *>(QStringLiteral("mdialogflyout"));
+    QObject::connect(flyout, &Vela::UiBase::FlyoutBase::ApplyChanges, dialog.get(),
+                     [d = dialog.get(), title] { d->SetTitle(title->text()); });
+    return dialog;
+}
+
+// 6. A frameless dialog with anything on it.
 std::unique_ptr<QDialog> makePlain()
 {
     auto dialog = std::make_unique<Vela::UiBase::DialogEx>(nullptr, true);
@@ -129,6 +152,7 @@ Dialogs makeAll()
     dialogs.push_back(makeError());
     dialogs.push_back(makeChoice());
     dialogs.push_back(makeForm());
+    dialogs.push_back(makeSettings());
     dialogs.push_back(makePlain());
     return dialogs;
 }

@@ -46,6 +46,7 @@ public:
     }
 
     const DialogExPrivate &data() const { return *d_ptr; }
+    void setHeightOfBar(int height) { d_ptr->moveBarHeight = height; }
 
 private:
     void start()
@@ -142,6 +143,18 @@ private Q_SLOTS:
         QVERIFY(!dialog);
     }
 
+    // As any press that a dialog has no use for.
+    void pressGoesOnToWhatIsBehind()
+    {
+        ShownDialog dialog(true);
+        for (const QPoint &at : {OnBar, OnGrip, QPoint(100, 100)}) {
+            QMouseEvent event(QEvent::MouseButtonPress, at, dialog.mapToGlobal(at), Qt::LeftButton,
+                              Qt::LeftButton, Qt::NoModifier);
+            QApplication::sendEvent(&dialog, &event);
+            QVERIFY(!event.isAccepted());
+        }
+    }
+
     // Moving
 
     void barMovesTheDialog_data()
@@ -169,6 +182,15 @@ private Q_SLOTS:
         ShownDialog dialog(false);
         dialog.resize(700, 350);
         QCOMPARE(movedBy(dialog, QPoint(690, 20), QPoint(5, 5)), QPoint(5, 5));
+    }
+
+    void barIsWorkedOutWhenTheDialogIsShown()
+    {
+        ShownDialog dialog(false);
+        dialog.hide();
+        dialog.setHeightOfBar(60);
+        dialog.show();
+        QCOMPARE(dialog.data().moveBarRect.height(), 50);
     }
 
     void draggingGoesOnOutsideTheBar()

@@ -23,6 +23,7 @@
 #include <QTemporaryDir>
 #include <QToolButton>
 #include <QWheelEvent>
+#include <QWindow>
 
 namespace Workbench {
 namespace {
@@ -185,9 +186,11 @@ void refuse(TourGuide &guide)
     file.close();
     openImage(guide, file.fileName());
     QDialog *const problem = guide.window().problem();
-    guide.check(TourGuide::tr("a dialog names the file"),
-                problem && problem->isVisible()
-                    && problem->accessibleName().startsWith(file.fileName()));
+    guide.check(TourGuide::tr("a dialog tells of the problem"),
+                problem
+                    && guide.waitUntil([problem] { return problem->windowHandle()->isExposed(); }));
+    guide.check(TourGuide::tr("it names the file"),
+                problem && problem->accessibleName().startsWith(file.fileName()));
     guide.check(TourGuide::tr("what was open stays open"),
                 guide.window().images().filePath().endsWith(QLatin1String("flat.png")));
     guide.finishWithPicture();

@@ -877,6 +877,16 @@ private Q_SLOTS:
         QCOMPARE(title.heightForWidth(title.width()), title.fontMetrics().height());
     }
 
+    // Lines of every system; what is empty is no line.
+    void emptyLinesAreNoLines()
+    {
+        for (const char *breaks : {"\n\n", "\r\n\r\n", "\r\n", "\n"}) {
+            const std::unique_ptr<TaskDialog> dialog(makeDialog(Title + QLatin1String(breaks)));
+            QCOMPARE(label(*dialog, "title_label")->alignment(),
+                     Qt::AlignJustify | Qt::AlignVCenter);
+        }
+    }
+
     void linesAreAlignedAtTheStart()
     {
         const auto dialog = shown(QStringLiteral("One\nTwo"), Message);
@@ -1283,15 +1293,38 @@ private Q_SLOTS:
         QCOMPARE(dialog->pos(), QPoint(40, 50));
     }
 
-    void draggingEndsWhenTheReleaseWasMissed()
+    void draggingEndsWithoutTheLeftButton_data()
     {
+        QTest::addColumn<int>("buttons");
+        QTest::newRow("a release that was missed") << int(Qt::NoButton);
+        QTest::newRow("another button") << int(Qt::RightButton);
+    }
+
+    void draggingEndsWithoutTheLeftButton()
+    {
+        QFETCH(const int, buttons);
         const auto dialog = shown();
+        pointAt(dialog.get(), QPoint(10, 10));
+        QCOMPARE(dialog->cursor().shape(), Qt::OpenHandCursor);
         press(dialog.get(), QPoint(10, 10));
-        pointAt(dialog.get(), QPoint(30, 10));
+        sendMouse(dialog.get(), QEvent::MouseMove, QPoint(30, 10), Qt::NoButton,
+                  Qt::MouseButtons(buttons));
         QCOMPARE(dialog->pos(), QPoint(40, 50));
         QCOMPARE(dialog->cursor().shape(), Qt::ArrowCursor);
         dragTo(dialog.get(), QPoint(30, 10));
         QCOMPARE(dialog->pos(), QPoint(40, 50));
+    }
+
+    // As any press that a dialog has no use for.
+    void pressGoesOnToWhatIsBehind()
+    {
+        const auto dialog = shown();
+        for (const QPoint &at : {QPoint(10, 10), QPoint(10, 60)}) {
+            QMouseEvent event(QEvent::MouseButtonPress, at, dialog->mapToGlobal(at), Qt::LeftButton,
+                              Qt::LeftButton, Qt::NoModifier);
+            QApplication::sendEvent(dialog.get(), &event);
+            QVERIFY(!event.isAccepted());
+        }
     }
 
     void cursorTellsTheTitleBar()
