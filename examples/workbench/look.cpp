@@ -3,6 +3,8 @@
 
 #include "look.h"
 
+#include <lumo_common_res/Styles>
+
 #include <QAction>
 #include <QApplication>
 #include <QFont>
@@ -52,16 +54,8 @@ public:
     }
 };
 
-} // namespace
-
-void applyLook(QApplication &application)
+QPalette lightPalette()
 {
-    application.setStyle(new Style); // owned by the application
-
-    QFont font(QStringLiteral("Arial"));
-    font.setPixelSize(12);
-    application.setFont(font);
-
     QPalette palette {QColor(panel)};
     for (const QPalette::ColorRole role :
          {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText}) {
@@ -71,7 +65,23 @@ void applyLook(QApplication &application)
     palette.setColor(QPalette::Base, Qt::white);
     palette.setColor(QPalette::Highlight, QColor(accent));
     palette.setColor(QPalette::HighlightedText, Qt::white);
-    application.setPalette(palette);
+    return palette;
+}
+
+} // namespace
+
+void applyLook(QApplication &application, ELook look)
+{
+    application.setStyle(new Style); // owned by the application
+
+    QFont font(QStringLiteral("Arial"));
+    font.setPixelSize(12);
+    application.setFont(font);
+
+    auto &styles = Vela::Resource::Styles::Instance();
+    if (look == ELook::Dark)
+        styles.SetPalette(Vela::Resource::EPalette::Dark);
+    application.setPalette(look == ELook::Dark ? styles.ApplicationPalette() : lightPalette());
 }
 
 } // namespace Workbench

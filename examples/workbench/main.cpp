@@ -31,15 +31,28 @@ void prepareApplication()
     QApplication::setApplicationName(QStringLiteral("workbench"));
 }
 
-/// Brings the preferences of the latest run, and keeps those of this one.
-void rememberPreferences(Workbench::Preferences &preferences)
+/// The file with the preferences of the user; none for a tour, which is the same for everybody.
+QString preferencesFile(const Workbench::Options &options)
 {
     const QDir folder(QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation));
-    const QString file = folder.filePath(QStringLiteral("preferences.ini"));
+    const bool isTour = !options.tourFolder.isEmpty();
+    return isTour ? QString() : folder.filePath(QStringLiteral("preferences.ini"));
+}
+
+/// Brings the preferences of the latest run, and keeps those of this one.
+void rememberPreferences(Workbench::Preferences &preferences, const QString &file)
+{
     preferences.setValues(Workbench::readPreferences(file));
     QObject::connect(
         &preferences, &Workbench::Preferences::kept, &preferences,
         [&preferences, file] { Workbench::writePreferences(file, preferences.values()); });
+}
+
+Workbench::ELook chosenLook(const Workbench::Options &options, const QString &file)
+{
+    const bool isDark =
+        options.isDark || (!file.isEmpty() && Workbench::readPreferences(file).isDark);
+    return isDark ? Workbench::ELook::Dark : Workbench::ELook::Light;
 }
 
 } // namespace
@@ -49,7 +62,8 @@ int main(int argc, char *argv[])
     prepareApplication();
     QApplication application(argc, argv);
     const Workbench::Options options = Workbench::readOptions(application);
-    Workbench::applyLook(application);
+    const QString preferences = preferencesFile(options);
+    Workbench::applyLook(application, chosenLook(options, preferences));
     Vela::UiBase::StartUp();
 
     if (!options.tourFolder.isEmpty())
@@ -70,7 +84,7 @@ int main(int argc, char *argv[])
     window.show();
     if (!options.tourFolder.isEmpty())
         return Workbench::Tour(window, options, tracing.get()).run();
-    rememberPreferences(window.preferences());
+    rememberPreferences(window.preferences(), preferences);
     window.openFile(options.file);
     return QApplication::exec();
 }

@@ -46,7 +46,8 @@ Options readOptions(const QCoreApplication &application)
         text("Write the runs of all commands to <file>, for ui.perfetto.dev or "
              "chrome://tracing. The tour writes one anyway."),
         text("file"));
-    parser.addOptions({tour, trace});
+    const QCommandLineOption dark(QStringLiteral("dark"), text("Have dark colours in this run."));
+    parser.addOptions({tour, trace, dark});
     parser.process(application);
 
     const QStringList files = parser.positionalArguments();
@@ -56,6 +57,7 @@ Options readOptions(const QCoreApplication &application)
     options.file = files.isEmpty() ? defaultFile() : files.first();
     options.tourFolder = parser.value(tour);
     options.traceFile = parser.value(trace);
+    options.isDark = parser.isSet(dark);
     if (options.traceFile.isEmpty() && !options.tourFolder.isEmpty())
         options.traceFile = QDir(options.tourFolder).filePath(QStringLiteral("trace.json"));
     return options;

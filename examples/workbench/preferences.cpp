@@ -10,6 +10,7 @@ namespace {
 
 const QString backgroundKey = QStringLiteral("view/background");
 const QString cardsKey = QStringLiteral("strip/cards");
+const QString darkKey = QStringLiteral("window/dark");
 const QString notificationsKey = QStringLiteral("view/notifications");
 
 EBackground backgroundOf(const QVariant &value)
@@ -43,6 +44,7 @@ SPreferences readPreferences(const QString &path)
     values.background = backgroundOf(settings.value(backgroundKey));
     values.hasCards = settings.value(cardsKey, values.hasCards).toBool();
     values.hasNotifications = settings.value(notificationsKey, values.hasNotifications).toBool();
+    values.isDark = settings.value(darkKey, values.isDark).toBool();
     return values;
 }
 
@@ -52,6 +54,7 @@ bool writePreferences(const QString &path, const SPreferences &values)
     settings.setValue(backgroundKey, int(values.background));
     settings.setValue(cardsKey, values.hasCards);
     settings.setValue(notificationsKey, values.hasNotifications);
+    settings.setValue(darkKey, values.isDark);
     settings.sync();
     return settings.status() == QSettings::NoError;
 }

@@ -16,11 +16,12 @@ struct SPreferences
     EBackground background = EBackground::Light;
     bool hasCards = true;         ///< whether the buttons of the strip explain themselves
     bool hasNotifications = true; ///< whether edits tell of themselves over the view
+    bool isDark = false;          ///< whether the next start has dark colours
 
     bool operator==(const SPreferences &other) const
     {
         return background == other.background && hasCards == other.hasCards
-            && hasNotifications == other.hasNotifications;
+            && hasNotifications == other.hasNotifications && isDark == other.isDark;
     }
 };
 

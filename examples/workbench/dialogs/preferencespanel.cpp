@@ -25,6 +25,7 @@ PreferencesPanel::PreferencesPanel(std::shared_ptr<Preferences> preferences)
     , m_cards(new QCheckBox(tr("Explain buttons by cards")))
     , m_advanced(new QWidget)
     , m_notifications(new QCheckBox(tr("Tell of edits over the view")))
+    , m_dark(new QCheckBox(tr("Dark colors from the next start on")))
 {
     m_background->setObjectName(QStringLiteral("background"));
     m_background->setAccessibleName(tr("Background"));
@@ -32,6 +33,7 @@ PreferencesPanel::PreferencesPanel(std::shared_ptr<Preferences> preferences)
     m_cards->setObjectName(QStringLiteral("cards"));
     m_notifications->setObjectName(QStringLiteral("notifications"));
     setMinimumWidth(260);
+    m_dark->setObjectName(QStringLiteral("dark"));
     auto *const rows = new QFormLayout(this);
     rows->addRow(tr("&Background"), m_background);
     rows->addRow(m_cards);
@@ -39,6 +41,7 @@ PreferencesPanel::PreferencesPanel(std::shared_ptr<Preferences> preferences)
     // The flyout sets its main panel in by so much more.
     column->setContentsMargins(rows->contentsMargins() + QMargins(7, 0, 7, 0));
     column->addWidget(m_notifications);
+    column->addWidget(m_dark);
 
     showValues();
     connect(m_preferences.get(), &Preferences::changed, this, &PreferencesPanel::showValues);
@@ -46,6 +49,7 @@ PreferencesPanel::PreferencesPanel(std::shared_ptr<Preferences> preferences)
             &PreferencesPanel::takeValues);
     connect(m_cards, &QCheckBox::clicked, this, &PreferencesPanel::takeValues);
     connect(m_notifications, &QCheckBox::clicked, this, &PreferencesPanel::takeValues);
+    connect(m_dark, &QCheckBox::clicked, this, &PreferencesPanel::takeValues);
 }
 
 PreferencesPanel::~PreferencesPanel()
@@ -81,16 +85,21 @@ void PreferencesPanel::showValues()
     const SPreferences &values = m_preferences->values();
     m_background->setCurrentIndex(int(values.background));
     m_cards->setChecked(values.hasCards);
-    if (m_notifications)
-        m_notifications->setChecked(values.hasNotifications);
+    if (!m_advanced)
+        return;
+    m_notifications->setChecked(values.hasNotifications);
+    m_dark->setChecked(values.isDark);
 }
 
 void PreferencesPanel::takeValues()
 {
-    SPreferences values;
+    SPreferences values = m_preferences->values();
     values.background = EBackground(m_background->currentIndex());
     values.hasCards = m_cards->isChecked();
-    values.hasNotifications = !m_notifications || m_notifications->isChecked();
+    if (m_advanced) {
+        values.hasNotifications = m_notifications->isChecked();
+        values.isDark = m_dark->isChecked();
+    }
     m_preferences->setValues(values);
 }
 

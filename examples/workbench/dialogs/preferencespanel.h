@@ -49,7 +49,9 @@ private:
     QComboBox *const m_background;
     QCheckBox *const m_cards;
     QPointer<QWidget> m_advanced;
-    QPointer<QCheckBox> m_notifications;
+    // On the advanced panel, which lives and dies with the flyout.
+    QCheckBox *const m_notifications;
+    QCheckBox *const m_dark;
 };
 
 /// Makes the dialog with that panel in a flyout: apply keeps what is chosen and closes, whatever else

@@ -205,6 +205,8 @@ private Q_SLOTS:
         click(dialog, "notifications");
         QVERIFY(!window.commands().smooth->isExecutionNotificationEnabled());
         QVERIFY(!window.commands().subdivide->isExecutionNotificationEnabled());
+        click(dialog, "dark");
+        QVERIFY(window.preferences().values().isDark);
     }
 
     void appliedPreferencesLast()
@@ -256,6 +258,7 @@ private Q_SLOTS:
         other.background = EBackground::Dark;
         other.hasCards = false;
         other.hasNotifications = false;
+        other.isDark = true;
         window.preferences().setValues(other);
         QDialog *dialog = showPreferences(window);
         QCOMPARE(dialog->findChild<QComboBox *>()->currentIndex(), int(EBackground::Dark));
@@ -288,6 +291,7 @@ private Q_SLOTS:
         values.background = EBackground::Grey;
         values.hasCards = false;
         values.hasNotifications = false;
+        values.isDark = true;
         QVERIFY(writePreferences(file, values));
         QVERIFY(readPreferences(file) == values);
     }

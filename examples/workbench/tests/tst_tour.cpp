@@ -169,6 +169,6 @@ TEST(CommandLine, helpNamesEveryOption)
     ASSERT_TRUE(program.waitForFinished(-1));
     EXPECT_EQ(program.exitCode(), 0);
     const QByteArray help = program.readAllStandardOutput();
-    for (const char *word : {"FILE", "--tour", "--trace", "--help"})
+    for (const char *word : {"FILE", "--tour", "--trace", "--dark", "--help"})
         EXPECT_TRUE(help.contains(word)) << word;
 }
