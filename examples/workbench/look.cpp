@@ -78,10 +78,15 @@ void applyLook(QApplication &application, ELook look)
     font.setPixelSize(12);
     application.setFont(font);
 
+    if (look == ELook::Light) {
+        application.setPalette(lightPalette());
+        return;
+    }
     auto &styles = Vela::Resource::Styles::Instance();
-    if (look == ELook::Dark)
-        styles.SetPalette(Vela::Resource::EPalette::Dark);
-    application.setPalette(look == ELook::Dark ? styles.ApplicationPalette() : lightPalette());
+    styles.SetPalette(Vela::Resource::EPalette::Dark);
+    application.setPalette(styles.ApplicationPalette());
+    // Without one the library would bring the light one when it starts up.
+    application.setStyleSheet(styles.ApplicationStyleSheet());
 }
 
 } // namespace Workbench

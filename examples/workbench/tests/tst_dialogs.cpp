@@ -10,6 +10,7 @@
 #include "dialogs/logdialog.h"
 #include "dialogs/messagelog.h"
 #include "dialogs/preferencescommand.h"
+#include "look.h"
 #include "mainwindow.h"
 #include "preferences.h"
 #include "support/mouse.h"
@@ -21,9 +22,11 @@
 #include "waypoints.h"
 
 #include <lumo_app_service/ApplicationService>
+#include <lumo_common_res/Styles>
 #include <ui_base/CmdsViewController>
 #include <ui_base/CommandGroup>
 #include <ui_base/FlyoutBase>
+#include <ui_base/StartUp>
 #include <ui_base/ToolButton>
 #include <ui_base/TooltipObject>
 
@@ -32,6 +35,7 @@
 #include <QPlainTextEdit>
 #include <QPointer>
 #include <QRegularExpression>
+#include <QScopeGuard>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QToolButton>
@@ -310,6 +314,26 @@ private Q_SLOTS:
     void preferencesThatCannotBeWrittenAreReported()
     {
         QVERIFY(!writePreferences(QStringLiteral("/dev/null/preferences.ini"), {}));
+    }
+
+    void aDarkLookIsDarkThroughout()
+    {
+        auto &styles = Vela::Resource::Styles::Instance();
+        const QPalette light = qApp->palette();
+        const auto reset = qScopeGuard([&styles, light] {
+            styles.SetPalette(Vela::Resource::EPalette::Light);
+            qApp->setPalette(light);
+            qApp->setStyleSheet({});
+        });
+        applyLook(*qApp, ELook::Dark);
+        Vela::UiBase::StartUp();
+        QCOMPARE(qApp->styleSheet(), styles.ApplicationStyleSheet());
+        const auto log = MessageLog::make();
+        LogDialog dialog(log, nullptr);
+        dialog.show();
+        const QImage picture = dialog.grab().toImage();
+        for (const QPoint &at : {QPoint(20, 8), QPoint(100, 100)})
+            QVERIFY(qGray(picture.pixel(at * picture.devicePixelRatio())) < 80);
     }
 
     // The log
