@@ -8,6 +8,7 @@
 #include <QWidget>
 
 #include <algorithm>
+#include <memory>
 #include <type_traits>
 #include <utility>
 
@@ -30,6 +31,14 @@ public:
     }
 };
 
+QList<QPointer<QWidget>> guarded(const QList<QWidget *> &widgets)
+{
+    QList<QPointer<QWidget>> list;
+    for (QWidget *const widget : widgets)
+        list << widget;
+    return list;
+}
+
 } // namespace
 
 ButtonLine::~ButtonLine() = default;
@@ -50,6 +59,24 @@ ButtonLine::SettingUp::~SettingUp()
 {
     if (m_line)
         --m_line->setups;
+}
+
+ButtonLine::Resizing::Resizing(const QList<QWidget *> &panels)
+    : m_panels(guarded(panels))
+{
+    for (const QPointer<QWidget> &panel : m_panels) {
+        if (ButtonLine *const line = of(panel))
+            ++line->resizings;
+    }
+}
+
+ButtonLine::Resizing::~Resizing()
+{
+    for (const QPointer<QWidget> &panel : m_panels) {
+        ButtonLine *const line = of(panel);
+        if (line && --line->resizings == 0 && line->isWaiting)
+            line->place();
+    }
 }
 
 template<typename Box>
@@ -77,6 +104,27 @@ void ButtonLineOf<Box>::insertButton(int index, QAbstractButton *button)
     }
     if (!isCounted || !m_sum.isSimple)
         invalidate();
+}
+
+template<typename Box>
+void ButtonLineOf<Box>::removeButton(QAbstractButton *button)
+{
+    const int place = Box::indexOf(button);
+    if (place < 0)
+        return;
+    bool isCounted = false;
+    {
+        const SettingUp guard(this);
+        const std::unique_ptr<QLayoutItem> item(Box::takeAt(place));
+        isCounted = m_isSumValid && takeFromSum(*item);
+    }
+    if (!isCounted) {
+        invalidate();
+        return;
+    }
+    m_isBoxStale = true;
+    m_firstMisplaced = std::min(m_firstMisplaced, place);
+    Box::update();
 }
 
 template<typename Box>
@@ -124,7 +172,13 @@ template<typename Box>
 void ButtonLineOf<Box>::setGeometry(const QRect &rect)
 {
     const QRect room = rect.marginsRemoved(Box::contentsMargins());
-    m_isInPlace = fits(room);
+    const bool isFitting = fits(room);
+    if (!isFitting && resizings > 0 && sum().isSimple) {
+        isWaiting = true;
+        return;
+    }
+    isWaiting = false;
+    m_isInPlace = isFitting;
     if (!m_isInPlace) {
         m_firstMisplaced = 0;
         upToDate();
@@ -138,6 +192,13 @@ void ButtonLineOf<Box>::setGeometry(const QRect &rect)
     m_placedIn = room;
     m_firstMisplaced = Box::count();
     m_geometry = rect;
+}
+
+// A panel that is not seen has its new size, but is told of it only when it is shown.
+template<typename Box>
+void ButtonLineOf<Box>::place()
+{
+    setGeometry(Box::parentWidget()->contentsRect());
 }
 
 template<typename Box>
@@ -187,10 +248,28 @@ void ButtonLineOf<Box>::addToSum(const QLayoutItem &item, bool isSeen) const
     if (!isSeen)
         return;
     const QSize size = widget->minimumSize();
+    const int thickness = isHorizontal() ? size.height() : size.width();
+    const Qt::Orientations expanding = widget->sizePolicy().expandingDirections();
+    if (m_sum.count > 0 && (thickness != m_sum.thickness || expanding != m_sum.expanding))
+        m_sum.isUniform = false;
     m_sum.length += isHorizontal() ? size.width() : size.height();
-    m_sum.thickness = std::max(m_sum.thickness, isHorizontal() ? size.height() : size.width());
-    m_sum.expanding |= widget->sizePolicy().expandingDirections();
+    m_sum.thickness = std::max(m_sum.thickness, thickness);
+    m_sum.expanding |= expanding;
     ++m_sum.count;
+}
+
+// False when the sum has to be made anew without the item.
+template<typename Box>
+bool ButtonLineOf<Box>::takeFromSum(const QLayoutItem &item) const
+{
+    if (!m_sum.isSimple || !m_sum.isUniform || m_sum.count < 2)
+        return false;
+    if (item.isEmpty())
+        return true;
+    const QSize size = const_cast<QLayoutItem &>(item).widget()->minimumSize();
+    m_sum.length -= isHorizontal() ? size.width() : size.height();
+    --m_sum.count;
+    return true;
 }
 
 template<typename Box>

@@ -4,6 +4,8 @@
 #pragma once
 
 #include <QHBoxLayout>
+#include <QList>
+#include <QPointer>
 #include <QVBoxLayout>
 
 class QAbstractButton;
@@ -25,6 +27,8 @@ public:
     /// Puts @p button, a child of the panel, in front of the item @p index, or at the end for -1, and
     /// shows it if the panel is visible.
     virtual void insertButton(int index, QAbstractButton *button) = 0;
+    /// Takes @p button out of the line and leaves it where it stands.
+    virtual void removeButton(QAbstractButton *button) = 0;
 
     /// While it lives, changes of widgets that are no items of the line do not make the line measure
     /// its items again: a button that is being set up is a child of the panel already.
@@ -39,17 +43,35 @@ public:
         ButtonLine *const m_line;
     };
 
+    /// While the sizes of the panels around are being worked out, buttons for which the room is not
+    /// the right one yet stay where they are.
+    class Resizing
+    {
+    public:
+        explicit Resizing(const QList<QWidget *> &panels);
+        ~Resizing();
+        Q_DISABLE_COPY(Resizing)
+
+    private:
+        const QList<QPointer<QWidget>> m_panels;
+    };
+
 protected:
+    virtual void place() = 0;
+
     struct SSum
     {
         int length = 0; // along the line, without spacing
         int thickness = 0;
-        int count = 0;        // of items that are not hidden
-        bool isSimple = true; // nothing but buttons of fixed size
+        bool isUniform = true; // all have this thickness
+        int count = 0;         // of items that are not hidden
+        bool isSimple = true;  // nothing but buttons of fixed size
         Qt::Orientations expanding;
     };
 
     int setups = 0;
+    int resizings = 0;
+    bool isWaiting = false; // to be placed when the sizes are known
 };
 
 template<typename Box>
@@ -59,6 +81,7 @@ public:
     ButtonLineOf();
 
     void insertButton(int index, QAbstractButton *button) override;
+    void removeButton(QAbstractButton *button) override;
 
     QSize sizeHint() const override;
     QSize minimumSize() const override;
@@ -69,11 +92,15 @@ public:
     void setGeometry(const QRect &rect) override;
     QRect geometry() const override;
 
+protected:
+    void place() override;
+
 private:
     const ButtonLineOf &upToDate() const;
     bool isHorizontal() const;
     const SSum &sum() const;
     void addToSum(const QLayoutItem &item, bool isSeen) const;
+    bool takeFromSum(const QLayoutItem &item) const;
     QSize totalSize() const;
     bool fits(const QRect &room) const;
     void placeFrom(int index, const QRect &room);

@@ -427,9 +427,11 @@ void ToolBarPrivate::forget(ToolButton *button)
 
 void ToolBarPrivate::forgetCommandId(ToolButton *button)
 {
-    const QString id = commandIdOf.take(button);
-    if (!id.isEmpty() && --commandIds[id] == 0)
-        commandIds.remove(id);
+    const auto known = commandIdOf.find(button);
+    if (known == commandIdOf.end())
+        return;
+    buttonsOfId.remove(*known, button);
+    commandIdOf.erase(known);
 }
 
 void ToolBarPrivate::forEachButton(const std::function<void(ToolButton &)> &visit) const
@@ -662,10 +664,13 @@ void ToolBar::AdjustToolBarSize(bool forceRelayout)
             resize(oldSize);
         }
     }
-    d->updateMinimumSizes();
-    for (QWidget *const panel : qAsConst(d->panels))
-        panel->adjustSize();
-    d->centralWidget->adjustSize();
+    {
+        const Internal::ButtonLine::Resizing guard(d->panels.values());
+        d->updateMinimumSizes();
+        for (QWidget *const panel : qAsConst(d->panels))
+            panel->adjustSize();
+        d->centralWidget->adjustSize();
+    }
     // A hidden widget tells of its size only when it is shown, too late for who places the bar.
     if (!d->centralWidget->isVisible())
         resize(d->centralWidget->size());
@@ -677,8 +682,11 @@ void ToolBar::AdjustToolBarSize(bool forceRelayout)
 void ToolBarPrivate::updateMinimumSizes() const
 {
     for (QWidget *const panel : panels) {
-        if (QLayout *const layout = panel->layout())
+        if (QLayout *const layout = panel->layout()) {
+            // A line knows what has changed; to forget all that it has summed up would not help.
+            const Internal::ButtonLine::SettingUp guard(Internal::ButtonLine::of(panel));
             layout->activate();
+        }
         panel->updateGeometry();
     }
     if (mainLayout)

@@ -172,6 +172,7 @@ private:
     void applySizes(ToolButton *button);
     ToolButton *buttonOfAction(QAction *action) const;
     QString groupOf(ToolButton *button) const;
+    static void takeFromLayout(ToolButton *button, QWidget *panel);
     void removeButton(ToolButton *button);
     void closeMenuOf(ToolButton *button) const;
     void hideAfterClick(const ToolButtonWithMenu *clicked);
@@ -197,7 +198,8 @@ private:
     ToolButton *addCommandButton(CommandBase *command, int rank);
     void noteCommandId(ToolButton *button);
     void forgetCommandId(ToolButton *button);
-    ToolButton *buttonOfCommand(const QString &commandId) const;
+    ToolButton *firstOf(const QList<ToolButton *> &wanted) const;
+    ToolButton *buttonOfCommand(const QString &commandId, bool includeSubMenus) const;
 
     void preparePanelPaths();
     void prepareSeparators();
@@ -221,8 +223,8 @@ private:
     bool separatorsAreStale = true;
     // By rank and address: who comes next is asked for each button that is added.
     std::set<std::pair<int, ToolButton *>> ranked;
-    // How many buttons carry an id, and which one each carries: a bar is asked for each command.
-    QHash<QString, int> commandIds;
+    // The buttons that carry an id, and which one each carries: a bar is asked for each command.
+    QMultiHash<QString, ToolButton *> buttonsOfId;
     QHash<ToolButton *, QString> commandIdOf;
     Internal::ButtonPlates plates;
 };

@@ -75,6 +75,8 @@ void ToolBar::OnButtonCreated(ToolButton *button, const QString &groupName, bool
         connect(button, &ToolButton::ToolButtonClicked, this, &ToolBar::OnToolButtonClicked);
         button->setToolButtonStyle(d->toolButtonStyle);
         button->installEventFilter(this);
+        if (!button->dynamicPropertyNames().isEmpty())
+            d->noteCommandId(button);
         if (useTooltipDefaults)
             button->SetTooltipParameters(d->defaultTooltip.arrow, d->defaultTooltip.direction,
                                          d->defaultTooltip.offset, d->defaultTooltip.align,
@@ -113,7 +115,7 @@ ToolButton *ToolBar::AddSingleCommand(CommandBase *command, CommandGroup *group)
     if (!command || qobject_cast<CommandGroup *>(command))
         return nullptr;
     const QString id = command->commandId();
-    if (ToolButton *const existing = d->buttonOfCommand(id))
+    if (ToolButton *const existing = d->buttonOfCommand(id, false))
         return existing;
     const int rank = group ? group->getCommandRank(id) : 0;
     const QPointer<ToolButton> button = d->addCommandButton(command, rank);
@@ -144,25 +146,37 @@ void ToolBarPrivate::noteCommandId(ToolButton *button)
     if (!button)
         return;
     const QString id = commandIdOn(*button);
-    const QString oldId = commandIdOf.value(button);
-    if (id == oldId)
+    if (id == commandIdOf.value(button))
         return;
-    if (!oldId.isEmpty() && --commandIds[oldId] == 0)
-        commandIds.remove(oldId);
-    if (id.isEmpty()) {
-        commandIdOf.remove(button);
+    forgetCommandId(button);
+    if (id.isEmpty())
         return;
-    }
-    commandIdOf[button] = id;
-    ++commandIds[id];
+    commandIdOf.insert(button, id);
+    buttonsOfId.insert(id, button);
 }
 
-ToolButton *ToolBarPrivate::buttonOfCommand(const QString &commandId) const
+// A button that has been removed may live on, with its id.
+ToolButton *ToolBarPrivate::firstOf(const QList<ToolButton *> &wanted) const
 {
-    if (!commandIds.contains(commandId))
+    if (wanted.isEmpty())
         return nullptr;
-    for (ToolButton *const button : CollectButtons<ToolButton>()) {
-        if (commandIdOf.value(button) == commandId)
+    for (const QList<ToolButton *> &buttons : buttonsByGroup) {
+        const auto found = std::find_if(buttons.cbegin(), buttons.cend(), [&](ToolButton *button) {
+            return wanted.contains(button);
+        });
+        if (found != buttons.cend())
+            return *found;
+    }
+    return nullptr;
+}
+
+ToolButton *ToolBarPrivate::buttonOfCommand(const QString &commandId, bool includeSubMenus) const
+{
+    if (!includeSubMenus || !mayHaveMenus)
+        return firstOf(buttonsOfId.values(commandId));
+    for (ToolButton *const button : CollectButtons<ToolButton>(true)) {
+        const ToolBar *const bar = button->d_func()->toolBar;
+        if (bar && bar->d_func()->commandIdOf.value(button) == commandId)
             return button;
     }
     return nullptr;
@@ -195,14 +209,10 @@ bool ToolBar::RemoveSingleCommand(CommandBase *command)
 {
     if (!command || qobject_cast<CommandGroup *>(command))
         return false;
-    const QString id = command->commandId();
-    for (ToolButton *const button : GetBaseToolBar()->d_func()->CollectButtons<ToolButton>(true)) {
-        if (commandIdOn(*button) != id)
-            continue;
-        ToolBar *const owner = button->d_func()->toolBar;
-        return owner && owner->RemoveButton(command);
-    }
-    return false;
+    const ToolBarPrivate *const base = GetBaseToolBar()->d_func();
+    const ToolButton *const button = base->buttonOfCommand(command->commandId(), true);
+    ToolBar *const owner = button ? button->d_func()->toolBar.data() : nullptr;
+    return owner && owner->RemoveButton(command);
 }
 
 bool ToolBar::RemoveButton(QAction *action)
@@ -217,12 +227,21 @@ bool ToolBar::RemoveButton(QAction *action)
 ToolButton *ToolBarPrivate::buttonOfAction(QAction *action) const
 {
     const auto *const command = qobject_cast<CommandBase *>(action);
-    const QString id = command ? command->commandId() : QString();
-    for (ToolButton *const button : CollectButtons<ToolButton>()) {
-        if (button->actions().contains(action) || (command && commandIdOn(*button) == id))
-            return button;
+    QList<ToolButton *> wanted =
+        command ? buttonsOfId.values(command->commandId()) : QList<ToolButton *>();
+    for (QWidget *const widget : action->associatedWidgets()) {
+        if (auto *const button = qobject_cast<ToolButton *>(widget))
+            wanted << button;
     }
-    return nullptr;
+    return firstOf(wanted);
+}
+
+void ToolBarPrivate::takeFromLayout(ToolButton *button, QWidget *panel)
+{
+    if (auto *const line = Internal::ButtonLine::of(panel))
+        line->removeButton(button);
+    else
+        panel->layout()->removeWidget(button);
 }
 
 QString ToolBarPrivate::groupOf(ToolButton *button) const
@@ -246,7 +265,7 @@ void ToolBarPrivate::removeButton(ToolButton *button)
         return;
     QWidget *const panel = panels.value(groupName);
     if (leaving && panel && panel->layout())
-        panel->layout()->removeWidget(leaving);
+        takeFromLayout(leaving, panel);
     if (buttonsByGroup.value(groupName).size() > 1) {
         buttonsByGroup[groupName].removeAll(button);
     } else {

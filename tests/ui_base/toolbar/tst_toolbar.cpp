@@ -174,6 +174,9 @@ private Q_SLOTS:
     void buttonAddedToAVisibleBarIsPainted();
     void hiddenButtonLeavesNoGap();
     void buttonOfAnotherSizeIsLaidOutToo();
+    void removedButtonLeavesNoGap_data();
+    void removedButtonLeavesNoGap();
+    void barShrinksWithItsTallestButton();
     void buttonThatDiesIsForgotten();
     void barGrowsWithItsContents();
 
@@ -597,6 +600,62 @@ void TestToolBar::buttonOfAnotherSizeIsLaidOutToo()
     first->setMaximumSize(500, 500);
     bar.AdjustToolBarSize(false);
     QTRY_COMPARE(second->x(), first->geometry().right() + 2);
+}
+
+void TestToolBar::removedButtonLeavesNoGap_data()
+{
+    QTest::addColumn<bool>("isShown");
+    QTest::addColumn<int>("removed");
+    QTest::addColumn<int>("hidden");
+    for (const bool isShown : {false, true}) {
+        const QByteArray state = isShown ? "shown, " : "not shown, ";
+        QTest::newRow(state + "first") << isShown << 0 << -1;
+        QTest::newRow(state + "middle") << isShown << 2 << -1;
+        QTest::newRow(state + "last") << isShown << 4 << -1;
+        QTest::newRow(state + "middle, behind a hidden one") << isShown << 2 << 1;
+        QTest::newRow(state + "the hidden one") << isShown << 1 << 1;
+    }
+}
+
+void TestToolBar::removedButtonLeavesNoGap()
+{
+    QFETCH(bool, isShown);
+    QFETCH(int, removed);
+    QFETCH(int, hidden);
+    QWidget window;
+    OpenBar bar(&window);
+    if (isShown)
+        showAndSettle(window);
+    QList<ToolButton *> buttons;
+    for (int i = 0; i < 5; ++i)
+        buttons << bar.add(tools);
+    if (hidden >= 0)
+        buttons[hidden]->hide();
+    bar.AdjustToolBarSize(false);
+    bar.RemoveButton(buttons[removed]->Action());
+    int position = 1;
+    for (int i = 0; i < 5; ++i) {
+        if (i == removed || i == hidden)
+            continue;
+        QCOMPARE(buttons[i]->geometry(), QRect(position, 1, 36, 36));
+        position += 37;
+    }
+    QCOMPARE(bar.panel(tools)->size(), QSize(position, 38));
+}
+
+void TestToolBar::barShrinksWithItsTallestButton()
+{
+    QWidget window;
+    OpenBar bar(&window);
+    showAndSettle(window);
+    QList<ToolButton *> buttons;
+    for (int i = 0; i < 3; ++i)
+        buttons << bar.add(tools);
+    buttons[1]->setFixedSize(50, 60);
+    QTRY_COMPARE(bar.panel(tools)->size(), QSize(126, 62));
+    bar.RemoveButton(buttons[1]->Action());
+    QTRY_COMPARE(bar.panel(tools)->size(), QSize(75, 38));
+    QTRY_COMPARE(buttons[2]->geometry(), QRect(38, 1, 36, 36));
 }
 
 void TestToolBar::buttonThatDiesIsForgotten()

@@ -100,6 +100,8 @@ private Q_SLOTS:
     void otherButtonsStayBehindAlive();
     void removalOfAGroupTriesAll();
     void removalFindsTheButtonOfASubMenu();
+    void firstOfTheButtonsWithAnIdIsRemoved_data();
+    void firstOfTheButtonsWithAnIdIsRemoved();
     void removalOfWhatIsNotThereFails();
     void removedCommandCanComeBack();
     void commandMayRemoveItselfAtAClick();
@@ -337,6 +339,31 @@ void TestToolBarCommands::removalFindsTheButtonOfASubMenu()
     const auto direct = makeVirtualGroup({copy});
     bar.AddCommandGroup(direct.get());
     QVERIFY(subBar->RemoveCommand(direct->getCommand(copy)));
+}
+
+void TestToolBarCommands::firstOfTheButtonsWithAnIdIsRemoved_data()
+{
+    QTest::addColumn<QString>("secondGroup");
+    QTest::newRow("of a group by the order of adding") << tools;
+    QTest::newRow("by the names of the groups") << QStringLiteral("a group before");
+}
+
+void TestToolBarCommands::firstOfTheButtonsWithAnIdIsRemoved()
+{
+    QFETCH(QString, secondGroup);
+    CommandsBar bar;
+    QAction actions[3];
+    QList<ToolButton *> buttons;
+    for (QAction &action : actions)
+        buttons << bar.AddAction(&action, buttons.size() == 1 ? secondGroup : tools);
+    for (ToolButton *const button : qAsConst(buttons))
+        button->setProperty("CMDID_PROP", cut);
+    ToolButton *const first = buttons[secondGroup == tools ? 0 : 1];
+    const auto group = makeVirtualGroup({cut});
+    QCOMPARE(bar.AddCommandGroup(group.get()), first);
+    buttons.removeAll(first);
+    QVERIFY(bar.RemoveCommand(group->getCommand(cut)));
+    QCOMPARE(bar.opened()->CollectButtons<ToolButton>(), buttons);
 }
 
 void TestToolBarCommands::removalOfWhatIsNotThereFails()
