@@ -154,6 +154,38 @@ void fillPainting(benchmark::State &state)
     fillOneByOne<Bar>(state, true);
 }
 
+/// From the middle of a bar that is shown, most of it outside of the window.
+void removeSome(benchmark::State &state)
+{
+    class OpenBar : public ToolBar
+    {
+    public:
+        using ToolBar::RemoveButton;
+        using ToolBar::ToolBar;
+    };
+    std::deque<QAction> actions = makeActions(state.range(0));
+    const auto middle = actions.begin() + std::ptrdiff_t(actions.size() / 2);
+    for (auto _ : state) {
+        state.PauseTiming();
+        auto window = std::make_unique<QWidget>();
+        window->resize(1000, 100);
+        auto *const bar = new OpenBar(window.get(), Qt::TopToolBarArea);
+        for (QAction &action : actions)
+            bar->AddAction(&action, QStringLiteral("tools"));
+        window->show();
+        settle();
+        state.ResumeTiming();
+        for (auto it = middle; it != middle + 100; ++it) {
+            if (!bar->RemoveButton(&*it))
+                state.SkipWithError("A button is missing.");
+        }
+        settle();
+        state.PauseTiming();
+        window.reset();
+        state.ResumeTiming();
+    }
+}
+
 template<typename Bar>
 void heap(benchmark::State &state)
 {
@@ -209,6 +241,7 @@ BENCHMARK_TEMPLATE(fillShown, QtBar)->Name("fillShownQt")->Arg(300)->Arg(2000);
 BENCHMARK_TEMPLATE(fillShown, LumoBar)->Name("fillShownLumo")->Arg(300)->Arg(2000);
 BENCHMARK_TEMPLATE(fillPainting, QtBar)->Name("fillPaintingQt")->Arg(300);
 BENCHMARK_TEMPLATE(fillPainting, LumoBar)->Name("fillPaintingLumo")->Arg(300);
+BENCHMARK(removeSome)->Arg(500)->Arg(2000);
 BENCHMARK_TEMPLATE(heap, QtBar)->Name("heapQt")->Arg(2000)->Iterations(1);
 BENCHMARK_TEMPLATE(heap, LumoBar)->Name("heapLumo")->Arg(2000)->Iterations(1);
 BENCHMARK_TEMPLATE(repaintAll, QtBar)->Name("repaintAllQt")->Arg(200);

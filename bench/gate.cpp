@@ -15,6 +15,7 @@
 #include "ui_base/popup/widgetposcalculator.h"
 #include "ui_base/qtui/qtuitoolkit.h"
 #include "ui_base/tool/interactivetool.h"
+#include "ui_base/toolbar/toolbar.h"
 #include "ui_base/viewcontroller/baseview.h"
 #include "ui_base/viewcontroller/cmdsviewcontroller.h"
 
@@ -24,8 +25,10 @@
 
 #include <tessel/dispatch.h>
 
+#include <QAction>
 #include <QApplication>
 #include <QMouseEvent>
+#include <QPixmap>
 #include <QWidget>
 
 #include <gnu/libc-version.h>
@@ -34,6 +37,7 @@
 #include <cstring>
 #include <functional>
 #include <memory>
+#include <vector>
 
 using namespace Lumo::Bench;
 using namespace Vela::UiBase;
@@ -349,6 +353,91 @@ Repetition solveArrow()
     };
 }
 
+/// Opens what subclasses see.
+class OpenBar : public ToolBar
+{
+public:
+    using ToolBar::RemoveButton;
+    using ToolBar::ToolBar;
+};
+
+/// A window on screen, and commands for a bar on it.
+struct BarScene
+{
+    std::shared_ptr<QWidget> window = std::make_shared<QWidget>();
+    std::vector<std::shared_ptr<QAction>> actions;
+    ToolBar *bar = nullptr;
+
+    explicit BarScene(int commands)
+    {
+        QPixmap picture(24, 24);
+        picture.fill(Qt::red);
+        for (int i = 0; i < commands; ++i) {
+            actions.push_back(std::make_shared<QAction>(QStringLiteral("Command %1").arg(i)));
+            actions.back()->setIcon(picture);
+        }
+        window->resize(400, 100);
+        window->show();
+        QCoreApplication::processEvents();
+    }
+
+    void makeBar()
+    {
+        bar = new ToolBar(window.get(), Qt::TopToolBarArea);
+        fill();
+        bar->show();
+        QCoreApplication::sendPostedEvents();
+    }
+
+    void fill()
+    {
+        for (const auto &action : actions)
+            bar->AddAction(action.get(), QStringLiteral("tools"));
+    }
+};
+
+Repetition makeBars()
+{
+    return [scene = BarScene(100)]() mutable {
+        scene.makeBar();
+        delete scene.bar;
+        QCoreApplication::sendPostedEvents();
+    };
+}
+
+Repetition fillVisibleBar()
+{
+    return [scene = BarScene(100)]() mutable {
+        scene.bar = new ToolBar(scene.window.get(), Qt::TopToolBarArea);
+        scene.bar->show();
+        scene.fill();
+        QCoreApplication::sendPostedEvents();
+        delete scene.bar;
+        QCoreApplication::sendPostedEvents();
+    };
+}
+
+Repetition paintBar()
+{
+    BarScene scene(10);
+    scene.makeBar();
+    return [scene] { scene.bar->repaint(); };
+}
+
+Repetition refillBar()
+{
+    auto bar = std::make_shared<OpenBar>(nullptr, Qt::TopToolBarArea);
+    BarScene scene(100);
+    scene.bar = bar.get();
+    scene.fill();
+    return [scene, bar] {
+        QAction *const action = scene.actions[50].get();
+        bar->RemoveButton(action);
+        delete action->associatedWidgets().first();
+        bar->AddAction(action, QStringLiteral("tools"));
+    };
+}
+
 const Scenario scenarios[] = {
     {"post-closures", 500, postClosures},
     {"broadcast-direct-1", 500, [] { return broadcastTo(1, false); }},
@@ -373,6 +462,10 @@ const Scenario scenarios[] = {
     {"icon-resize-drawing", 50, resizeDrawnIcon},
     {"popup-layout-arrow", 300, layOutArrow},
     {"popup-solve-arrow", 300, solveArrow},
+    {"bar-make-100", 5, makeBars},
+    {"bar-fill-visible-100", 5, fillVisibleBar},
+    {"bar-paint-10", 50, paintBar},
+    {"bar-exchange-one-of-100", 20, refillBar},
 };
 
 int printAbout()

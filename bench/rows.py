@@ -159,7 +159,8 @@ def notification_rows():
 
 def tool_bar_rows():
     """Qt's bar hides what has no room; all buttons of ours are widgets that are shown and have a
-    style sheet, which Qt parses and applies for each of them."""
+    style sheet. After each change of the visible bar ours paints what is seen of all buttons anew,
+    Qt's only what is new until there is no more room. What leaves has all behind it move up."""
     def row(name, against, peer, ours, **more):
         return compare("bench_toolbar", ONE_THREAD, name, against, peer, ours, **more)
     for way, what, goal in (("Hidden", "hidden, with the first show", 4),
@@ -168,6 +169,10 @@ def tool_bar_rows():
                   f"fill{way}Lumo/2000", goal=goal)
         yield row("growth of that, as exponent", "300 buttons", f"fill{way}Lumo/300",
                   f"fill{way}Lumo/2000", goal=1.15, growth=2000 / 300)
+    yield row("tool bar of 300 filled while it is shown, painted after each", "QToolBar",
+              "fillPaintingQt/300", "fillPaintingLumo/300")
+    yield row("growth of removing 100 buttons, as exponent", "500 buttons", "removeSome/500",
+              "removeSome/2000", goal=1.5, growth=4)
     yield row("repaint of a tool bar, per button", "QToolBar", "repaintAllQt/200",
               "repaintAllLumo/200", goal=1.1)
     yield row("repaint of one button in 2000", "QToolBar", "repaintOneQt/2000",
