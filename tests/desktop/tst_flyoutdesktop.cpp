@@ -46,6 +46,7 @@ private Q_SLOTS:
     void workIsAppliedStoppedAndClosed();
     void otherButtonTakesOver();
     void keysOpenAndCloseFromTheView();
+    void keyOfTheCommandWorksInThePanel();
     void escapeClosesFromTheViewAndFromThePanel_data();
     void escapeClosesFromTheViewAndFromThePanel();
     void panelGoesWithAMovedWindow();
@@ -118,6 +119,21 @@ void TestFlyoutDesktop::keysOpenAndCloseFromTheView()
         QTRY_VERIFY(!road.smooth->panel->isVisible());
         QTRY_VERIFY(road.save->isEnabled());
     }
+}
+
+void TestFlyoutDesktop::keyOfTheCommandWorksInThePanel()
+{
+    FlyoutRoad road;
+    auto *const edit = new QLineEdit(road.smooth->panel->MainPanel());
+    edit->setGeometry(0, 0, 150, 30);
+    QVERIFY(road.isReady());
+    QVERIFY(clickAsUser(*road.smooth->button));
+    QTRY_VERIFY(isSeen(*road.smooth));
+    QVERIFY(clickAsUser(*edit));
+    QTRY_VERIFY(edit->hasFocus());
+    QVERIFY(pressKeyAsUser(QStringLiteral("ctrl+m")));
+    QTRY_VERIFY(!road.smooth->panel->isVisible());
+    QTRY_VERIFY(road.save->isEnabled());
 }
 
 void TestFlyoutDesktop::escapeClosesFromTheViewAndFromThePanel_data()

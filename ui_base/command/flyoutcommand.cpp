@@ -83,6 +83,8 @@ FlyoutCommand::~FlyoutCommand() = default;
 
 void FlyoutCommand::followFlyout(FlyoutBase *panel)
 {
+    // Its key works in the panel too, which may stand in a window of its own.
+    panel->addAction(this);
     connect(panel, &FlyoutBase::ApplyChanges, this, [this] { onExecute(); });
     connect(panel, &FlyoutBase::CloseFlyout, this, &FlyoutCommand::onFinalize);
     connect(panel, &FlyoutBase::ESCKeyReleased, this, &FlyoutCommand::onESCKeyReleased);

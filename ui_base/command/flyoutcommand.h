@@ -36,7 +36,8 @@ class FlyoutCommandPrivate;
 /// other widget, which makes the command a simple flyout: that one takes part in no context, and
 /// its application calls onExecute() and onFinalize(). The panel is shown and hidden by its button,
 /// not by the command; one that was checked or unchecked otherwise, by a shortcut say, has the
-/// button do it on the next turn of the event loop.
+/// button do it on the next turn of the event loop. The panel gets the action, so that the shortcut
+/// works in it, too.
 ///
 /// Begin and end have to come in pairs, since each pushes or pops one context. The command is
 /// neither told of a cancelled panel, which is hidden without having been closed, nor does it
