@@ -18,6 +18,10 @@
 #include "dialogs/logcommand.h"
 #include "dialogs/messagelog.h"
 #include "dialogs/preferencescommand.h"
+#include "flyouts/decimateflyout.h"
+#include "flyouts/measureflyout.h"
+#include "flyouts/smoothflyout.h"
+#include "flyouts/subdivideflyout.h"
 #include "image/imageviewcontroller.h"
 #include "image/openimagecommand.h"
 #include "preferences.h"
@@ -88,6 +92,10 @@ void AppManager::makeCommands(const std::shared_ptr<MeshDocument> &document, Cho
     m_commands.pick = std::make_shared<PickCommand>();
     m_commands.showAll = std::make_shared<ShowAllCommand>();
     m_commands.compare = std::make_shared<CompareCommand>();
+    m_commands.smoothFlyout = std::make_shared<SmoothFlyout>(document);
+    m_commands.subdivideFlyout = std::make_shared<SubdivideFlyout>(document);
+    m_commands.decimateFlyout = std::make_shared<DecimateFlyout>(document);
+    m_commands.measureFlyout = std::make_shared<MeasureFlyout>(document);
     m_commands.preferences = std::make_shared<PreferencesCommand>(m_preferences);
     m_commands.log = std::make_shared<LogCommand>(m_log);
     m_commands.about = std::make_shared<AboutCommand>();
@@ -133,6 +141,12 @@ void AppManager::makeGroups()
     addTo(*m_commands.watching, m_commands.showAll);
     addTo(*m_commands.watching, m_commands.compare);
 
+    m_commands.flyouts = makeGroup(QStringLiteral("flyouts"));
+    addTo(*m_commands.flyouts, m_commands.smoothFlyout);
+    addTo(*m_commands.flyouts, m_commands.subdivideFlyout);
+    addTo(*m_commands.flyouts, m_commands.decimateFlyout);
+    addTo(*m_commands.flyouts, m_commands.measureFlyout);
+
     m_commands.program = makeGroup(QStringLiteral("program"));
     m_commands.program->groupActionGroup()->setExclusive(false);
     addTo(*m_commands.program, m_commands.preferences);
@@ -152,6 +166,7 @@ QList<CommandBase *> AppManager::commands(Vela::UiBase::CmdsViewController *cont
     QList<CommandBase *> groups;
     for (CommandGroup *group : m_commands.groups())
         groups.append(group);
+    groups.append(m_commands.flyouts.get());
     groups.append(m_commands.program.get());
     for (CommandBase *group : qAsConst(groups)) {
         for (const auto &[id, command] : static_cast<CommandGroup *>(group)->commandBag())

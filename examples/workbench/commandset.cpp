@@ -8,6 +8,9 @@
 #include "commands/savecommand.h"
 #include "commands/smoothcommand.h"
 #include "commands/subdividecommand.h"
+#include "flyouts/decimateflyout.h"
+#include "flyouts/smoothflyout.h"
+#include "flyouts/subdivideflyout.h"
 
 #include <ui_base/CommandBag>
 #include <ui_base/CommandGroup>
@@ -35,6 +38,11 @@ std::vector<CommandBase *> CommandSet::all() const
 std::vector<CommandBase *> CommandSet::edits() const
 {
     return {smooth.get(), subdivide.get(), flipNormals.get()};
+}
+
+std::vector<MeshPanelCommand *> CommandSet::meshFlyouts() const
+{
+    return {smoothFlyout.get(), subdivideFlyout.get(), decimateFlyout.get()};
 }
 
 std::vector<BackgroundCommand *> CommandSet::background() const

@@ -19,16 +19,21 @@ class AboutCommand;
 class AttributeCommand;
 class BackgroundCommand;
 class CompareCommand;
+class DecimateFlyout;
 class DisplayModeCommand;
 class FlipNormalsCommand;
 class LogCommand;
+class MeasureFlyout;
+class MeshPanelCommand;
 class OpenCommand;
 class PickCommand;
 class PreferencesCommand;
 class SaveCommand;
 class ShowAllCommand;
 class SmoothCommand;
+class SmoothFlyout;
 class SubdivideCommand;
+class SubdivideFlyout;
 
 /// The commands of the workbench and the groups that they stand in.
 ///
@@ -44,6 +49,10 @@ struct CommandSet
     std::shared_ptr<PickCommand> pick;
     std::shared_ptr<ShowAllCommand> showAll;
     std::shared_ptr<CompareCommand> compare;
+    std::shared_ptr<SmoothFlyout> smoothFlyout;
+    std::shared_ptr<SubdivideFlyout> subdivideFlyout;
+    std::shared_ptr<DecimateFlyout> decimateFlyout;
+    std::shared_ptr<MeasureFlyout> measureFlyout;
     std::shared_ptr<PreferencesCommand> preferences;
     std::shared_ptr<LogCommand> log;
     std::shared_ptr<AboutCommand> about;
@@ -57,6 +66,8 @@ struct CommandSet
     std::shared_ptr<Vela::UiBase::CommandGroup> drawn;    ///< the attributes, any number checked
     std::shared_ptr<Vela::UiBase::CommandGroup> watching; ///< what changes the view of the mesh
 
+    std::shared_ptr<Vela::UiBase::CommandGroup>
+        flyouts; ///< commands with panels, at the end of the strip
     std::shared_ptr<Vela::UiBase::CommandGroup> program; ///< dialogs beside the work; menus only
 
     /// The groups that the strip has buttons for, in their order.
@@ -67,6 +78,9 @@ struct CommandSet
 
     /// Those that change the mesh.
     std::vector<Vela::UiBase::CommandBase *> edits() const;
+
+    /// Those that change the mesh with the settings of a panel.
+    std::vector<MeshPanelCommand *> meshFlyouts() const;
 
     /// Those that run in the background.
     std::vector<BackgroundCommand *> background() const;

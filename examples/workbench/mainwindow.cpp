@@ -18,6 +18,10 @@
 #include "dialogs/changesquestion.h"
 #include "dialogs/messagelog.h"
 #include "dialogs/problemdialog.h"
+#include "flyouts/decimateflyout.h"
+#include "flyouts/measureflyout.h"
+#include "flyouts/smoothflyout.h"
+#include "flyouts/subdivideflyout.h"
 #include "image/imagedocument.h"
 #include "image/imagepage.h"
 #include "image/imagereader.h"
@@ -133,6 +137,8 @@ void MainWindow::buildMenus()
     mesh->addAction(commands().smooth.get());
     mesh->addAction(commands().subdivide.get());
     mesh->addAction(commands().flipNormals.get());
+    mesh->addSeparator();
+    mesh->addActions(commands().flyouts->groupActionGroup()->actions());
     buildViewMenu();
 }
 
@@ -174,6 +180,10 @@ void MainWindow::connectClock()
         CommandClock::watch(m_clock, *command);
     for (Vela::UiBase::CommandBase *command : commands().images.ofTheView())
         CommandClock::watch(m_clock, *command);
+    for (MeshPanelCommand *command : commands().meshFlyouts()) {
+        CommandClock::watch(m_clock, *command);
+        connect(command, &PanelCommand::activeChanged, this, &MainWindow::updateEnabledLater);
+    }
     connect(m_clock.get(), &CommandClock::began, this, [this](const auto *command) {
         m_status->showRunning(nameOf(*command));
         commands().open->setEnabled(!commands().open->isRunning());
@@ -233,6 +243,8 @@ void MainWindow::applyPreferences()
     m_bar->setCardsEnabled(values.hasCards);
     commands().smooth->enableExecutionNotification(values.hasNotifications);
     commands().subdivide->enableExecutionNotification(values.hasNotifications);
+    for (MeshPanelCommand *command : commands().meshFlyouts())
+        command->enableExecutionNotification(values.hasNotifications);
     if (MeshView *const view = m_pane->view()) {
         Appearance appearance = view->appearance();
         appearance.background = values.background;
@@ -255,6 +267,7 @@ void MainWindow::handleOpened()
     // What still works on the mesh of before works for nobody.
     commands().smooth->cancel();
     commands().subdivide->cancel();
+    closePanels();
     delete m_problem.data();
     showTitle();
     updateEnabled();
@@ -270,7 +283,8 @@ void MainWindow::handleImageOpened()
 void MainWindow::handleEnded(Vela::UiBase::CommandBase *command, qint64 microseconds)
 {
     const auto *background = qobject_cast<BackgroundCommand *>(command);
-    if (background && background->wasCancelled())
+    const auto *withPanel = qobject_cast<MeshPanelCommand *>(command);
+    if ((background && background->wasCancelled()) || (withPanel && withPanel->wasCancelled()))
         m_status->showStopped(nameOf(*command));
     else
         m_status->showFinished(nameOf(*command), microseconds);
@@ -289,6 +303,7 @@ void MainWindow::showImage(bool show)
 {
     // The one that comes takes the focus when it is shown.
     if (show) {
+        closePanels();
         m_pane->hide();
         m_imagePage->show();
     } else {
@@ -324,9 +339,17 @@ void MainWindow::updateEnabled()
     // What can't be seen is not to be changed.
     const bool isMeshShown = !isShowingImage();
     const bool hasMesh = isMeshShown && !m_document->isEmpty();
-    const bool isEditing = all.smooth->isRunning() || all.subdivide->isRunning();
+    bool isEditing = all.smooth->isRunning() || all.subdivide->isRunning();
+    bool hasPanel = false;
+    for (const MeshPanelCommand *command : all.meshFlyouts()) {
+        isEditing = isEditing || command->isRunning();
+        hasPanel = hasPanel || command->isActive();
+    }
     for (Vela::UiBase::CommandBase *command : all.edits())
-        command->setEnabled(hasMesh && !isEditing);
+        command->setEnabled(hasMesh && !isEditing && !hasPanel);
+    for (MeshPanelCommand *command : all.meshFlyouts())
+        command->setEnabled(hasMesh && (!isEditing || command->isRunning()));
+    all.measureFlyout->setEnabled(hasMesh);
     for (QAction *action : std::initializer_list<QAction *> {all.save.get(), all.pick.get(),
                                                              all.showAll.get(), all.compare.get()})
         action->setEnabled(hasMesh);
@@ -349,8 +372,19 @@ void MainWindow::updateEnabledLater()
     Tessel::dispatchAsync(update, Tessel::EQualityOfService::Main);
 }
 
+/// A panel that is open belongs to the mesh of before.
+void MainWindow::closePanels()
+{
+    for (PanelCommand *command : std::initializer_list<PanelCommand *> {
+             commands().smoothFlyout.get(), commands().subdivideFlyout.get(),
+             commands().decimateFlyout.get(), commands().measureFlyout.get()})
+        command->onExitCommand();
+}
+
 void MainWindow::cancelRuns()
 {
+    for (MeshPanelCommand *command : commands().meshFlyouts())
+        command->cancel();
     for (BackgroundCommand *command : commands().background())
         command->cancel();
 }

@@ -77,6 +77,7 @@ private:
     void showTitle();
     void updateEnabled();
     void updateEnabledLater();
+    void closePanels();
     void cancelRuns();
 
     const std::shared_ptr<MeshDocument> m_document;

@@ -4,13 +4,16 @@
 #include "toolbar/commandbar.h"
 
 #include "commandset.h"
+#include "flyouts/panelcommand.h"
 #include "toolbar/commandcard.h"
 
 #include <ui_base/CommandBag>
 #include <ui_base/CommandBase>
 #include <ui_base/CommandGroup>
+#include <ui_base/FlyoutBase>
 #include <ui_base/ToolBar>
 #include <ui_base/ToolButton>
+#include <ui_base/ToolButtonWithWidgetMenu>
 #include <ui_base/TooltipObject>
 
 #include <QCoreApplication>
@@ -37,8 +40,10 @@ CommandBar::CommandBar(const CommandSet &commands, QWidget *parent)
     initResources();
     m_bar->SetTooltipGroup(QStringLiteral("command bar"));
     m_bar->SetBackColor(Qt::transparent);
+    openPanelsBeneath();
     for (CommandGroup *group : commands.groups())
         addGroup(*group);
+    addGroup(*commands.flyouts);
     m_bar->AdjustToolBarSize(true);
     // The bar takes the size of its contents when it is shown, which is too late for a layout.
     m_bar->setFixedSize(m_bar->childrenRect().size());
@@ -54,11 +59,35 @@ CommandBar::CommandBar(const CommandSet &commands, QWidget *parent)
 void CommandBar::addGroup(CommandGroup &group)
 {
     for (const auto &[id, command] : group.commandBag()) {
-        ToolButton *const button =
-            m_bar->AddAction(command.get(), group.commandId(), group.getCommandRank(id));
+        ToolButton *const button = addButton(command.get(), group, group.getCommandRank(id));
         command->setToolButton(button);
         explainByCard(*button, *command);
     }
+}
+
+ToolButton *CommandBar::addButton(CommandBase *command, const CommandGroup &group, int rank)
+{
+    auto *const panelCommand = qobject_cast<PanelCommand *>(command);
+    if (!panelCommand)
+        return m_bar->AddAction(command, group.commandId(), rank);
+    ToolButton *const button =
+        m_bar->AddAction(command, panelCommand->flyout(), group.commandId(), rank);
+    // Whatever closes a panel, the bar tells of it.
+    connect(m_bar, &ToolBar::ButtonMenuVisibilityChange, panelCommand,
+            [panelCommand, button](const ToolButton *of, bool isVisible) {
+                if (of == button && !isVisible)
+                    panelCommand->onFinalize();
+            });
+    return button;
+}
+
+void CommandBar::openPanelsBeneath()
+{
+    ArrowedWindow::SArrowParam arrow;
+    arrow.position = EArrowPosition::Top;
+    arrow.length = 10;
+    m_bar->SetButtonDefaultMenuParameters(true, arrow, 2, EDirection::Bottom,
+                                          EWidgetsAlign::AlignStart, QPoint());
 }
 
 ToolButton *CommandBar::explainedButton() const

@@ -6,6 +6,7 @@
 #include <QWidget>
 
 namespace Vela::UiBase {
+class CommandBase;
 class CommandGroup;
 class ToolBar;
 class ToolButton;
@@ -16,7 +17,8 @@ namespace Workbench {
 struct CommandSet;
 
 /// A strip with a button for every command, one plate for each group. A button tells what its
-/// command does by a card beneath it, which F1 opens further.
+/// command does by a card beneath it, which F1 opens further. That of a command with a panel opens it
+/// beneath itself.
 class CommandBar : public QWidget
 {
     Q_OBJECT
@@ -32,6 +34,9 @@ public:
 
 private:
     void addGroup(Vela::UiBase::CommandGroup &group);
+    Vela::UiBase::ToolButton *addButton(Vela::UiBase::CommandBase *command,
+                                        const Vela::UiBase::CommandGroup &group, int rank);
+    void openPanelsBeneath();
     void toggleDetails();
 
     Vela::UiBase::ToolBar *const m_bar;

@@ -1,0 +1,52 @@
+// SPDX-FileCopyrightText: 2026 The lumo_ui_base authors
+// SPDX-License-Identifier: MIT
+
+#include "flyouts/settingspanel.h"
+
+#include <QCheckBox>
+#include <QFormLayout>
+#include <QLabel>
+#include <QSlider>
+
+namespace Workbench {
+
+SettingsPanel::SettingsPanel()
+    : m_rows(new QFormLayout(this))
+{
+    m_rows->setContentsMargins(0, 0, 0, 0);
+    setMinimumWidth(280);
+}
+
+QSlider *SettingsPanel::addSlider(const QString &label, int lowest, int highest, int value,
+                                  const std::function<QString(int)> &text)
+{
+    auto *const row = new QHBoxLayout;
+    auto *const slider = new QSlider(Qt::Horizontal);
+    auto *const shown = new QLabel;
+    shown->setMinimumWidth(fontMetrics().horizontalAdvance(text(highest)) + 4);
+    shown->setAlignment(Qt::AlignTrailing | Qt::AlignVCenter);
+    row->addWidget(slider, 1);
+    row->addWidget(shown);
+    m_rows->addRow(label, row);
+    slider->setAccessibleName(label);
+    slider->setRange(lowest, highest);
+    connect(slider, &QSlider::valueChanged, shown,
+            [shown, text](int now) { shown->setText(text(now)); });
+    connect(this, &SettingsPanel::ResetValues, slider,
+            [slider, value] { slider->setValue(value); });
+    slider->setValue(value);
+    shown->setText(text(value));
+    return slider;
+}
+
+QCheckBox *SettingsPanel::addBox(const QString &label, bool isChecked)
+{
+    auto *const box = new QCheckBox(label);
+    m_rows->addRow(box);
+    connect(this, &SettingsPanel::ResetValues, box,
+            [box, isChecked] { box->setChecked(isChecked); });
+    box->setChecked(isChecked);
+    return box;
+}
+
+} // namespace Workbench

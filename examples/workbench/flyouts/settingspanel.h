@@ -1,0 +1,38 @@
+// SPDX-FileCopyrightText: 2026 The lumo_ui_base authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QWidget>
+
+#include <functional>
+
+class QCheckBox;
+class QFormLayout;
+class QSlider;
+
+namespace Workbench {
+
+/// Settings in rows, which go back to where they began when ResetValues() is emitted, as the reset
+/// button of a flyout does.
+class SettingsPanel : public QWidget
+{
+    Q_OBJECT
+
+public:
+    SettingsPanel();
+
+    /// Adds a slider. @param text what is shown for a value
+    QSlider *addSlider(const QString &label, int lowest, int highest, int value,
+                       const std::function<QString(int)> &text);
+    /// Adds a box to check.
+    QCheckBox *addBox(const QString &label, bool isChecked);
+
+Q_SIGNALS:
+    void ResetValues();
+
+private:
+    QFormLayout *const m_rows;
+};
+
+} // namespace Workbench

@@ -1,0 +1,33 @@
+// SPDX-FileCopyrightText: 2026 The lumo_ui_base authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "flyouts/meshpanelcommand.h"
+
+class QSlider;
+
+namespace Workbench {
+
+/// Smooths with steps and strengths that the user sets.
+class SmoothFlyout : public MeshPanelCommand
+{
+    Q_OBJECT
+    COMMAND_ID
+
+public:
+    explicit SmoothFlyout(std::shared_ptr<MeshDocument> document);
+
+protected:
+    Operation operation() const override;
+
+private:
+    SmoothFlyout(std::shared_ptr<MeshDocument> document, SettingsPanel *settings,
+                 SettingsPanel *details);
+
+    QSlider *m_steps;
+    QSlider *m_pull;
+    QSlider *m_push;
+};
+
+} // namespace Workbench

@@ -1,0 +1,289 @@
+// SPDX-FileCopyrightText: 2026 The lumo_ui_base authors
+// SPDX-License-Identifier: MIT
+
+#include "commands/flipnormalscommand.h"
+#include "commands/smoothcommand.h"
+#include "commands/subdividecommand.h"
+#include "controllers/meshviewcontroller.h"
+#include "flyouts/decimateflyout.h"
+#include "flyouts/measureflyout.h"
+#include "flyouts/smoothflyout.h"
+#include "flyouts/subdivideflyout.h"
+#include "mainwindow.h"
+#include "mesh/meshoperations.h"
+#include "meshdocument.h"
+#include "statusline.h"
+#include "support/testcase.h"
+#include "support/testmain.h"
+#include "testmeshes.h"
+#include "view/meshview.h"
+#include "view/viewpane.h"
+
+#include <tessel/dispatch.h>
+#include <ui_base/CommandBag>
+#include <ui_base/CommandGroup>
+#include <ui_base/FlyoutBase>
+#include <ui_base/ToolButton>
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QFile>
+#include <QIcon>
+#include <QLabel>
+#include <QSlider>
+
+using namespace Workbench;
+using Vela::UiBase::FlyoutBase;
+
+namespace {
+
+/// The window with a noisy mesh of 800 faces.
+class Scene
+{
+public:
+    Scene()
+    {
+        window.show();
+        window.document().open(QStringLiteral("noisy.obj"), TestMeshes::bumpyGrid(20, 1.0F));
+        settle();
+    }
+
+    const CommandSet &commands() const { return window.commands(); }
+    const Mesh &mesh() const { return window.document().mesh(); }
+
+    /// Runs what is posted, and what that posts.
+    static void settle()
+    {
+        for (int turn = 0; turn < 4; ++turn) {
+            bool done = false;
+            const auto mark = [&done] { done = true; };
+            Tessel::dispatchAsync(mark, Tessel::EQualityOfService::Main);
+            QTRY_VERIFY(done);
+            QCoreApplication::sendPostedEvents();
+        }
+    }
+
+    static void open(PanelCommand &command)
+    {
+        QTest::mouseClick(command.toolButton(), Qt::LeftButton);
+        settle();
+        QVERIFY(command.flyout()->isVisible());
+    }
+
+    MainWindow window;
+};
+
+QAbstractButton *part(const PanelCommand &command, const char *name)
+{
+    return command.flyout()->findChild<QAbstractButton *>(QLatin1String(name));
+}
+
+void click(const PanelCommand &command, const char *name)
+{
+    QTest::mouseClick(part(command, name), Qt::LeftButton);
+}
+
+QSlider *firstSlider(const PanelCommand &command)
+{
+    return command.flyout()->MainPanel()->findChild<QSlider *>();
+}
+
+} // namespace
+
+class FlyoutsTest : public Lumo::Test::TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    // As the program does: the view is the only native widget.
+    void initTestCase() { QApplication::setAttribute(Qt::AA_DontCreateNativeWidgetSiblings); }
+
+    void everyFlyoutHasAButtonWithAPicture()
+    {
+        MainWindow window;
+        for (const auto &[id, command] : window.commands().flyouts->commandBag()) {
+            QVERIFY2(command->toolButton(), qPrintable(id));
+            const QIcon icon = command->icon();
+            const QImage normal = icon.pixmap(24, QIcon::Normal, QIcon::On).toImage();
+            const QImage active = icon.pixmap(24, QIcon::Active, QIcon::On).toImage();
+            QVERIFY2(!normal.isNull() && normal != active, qPrintable(id));
+            QVERIFY(!command->whatsThis().isEmpty());
+            QVERIFY(QFile::exists(
+                QStringLiteral(":/workbench/pictures/%1.png").arg(command->objectName())));
+        }
+    }
+
+    void panelsNeedAMesh()
+    {
+        MainWindow window;
+        window.show();
+        QVERIFY(!window.commands().smoothFlyout->isEnabled());
+        QVERIFY(!window.commands().measureFlyout->isEnabled());
+        QTest::mouseClick(window.commands().smoothFlyout->toolButton(), Qt::LeftButton);
+        QVERIFY(!window.commands().smoothFlyout->flyout()->isVisible());
+    }
+
+    void smoothingFollowsTheSettings()
+    {
+        Scene scene;
+        SmoothFlyout &smooth = *scene.commands().smoothFlyout;
+        Scene::open(smooth);
+        const double before = roughness(scene.mesh());
+        firstSlider(smooth)->setValue(1);
+        click(smooth, "apply_button");
+        QTRY_VERIFY(!smooth.isRunning());
+        const double once = roughness(scene.mesh());
+        QVERIFY(once < before);
+        QVERIFY(smooth.flyout()->isVisible());
+        firstSlider(smooth)->setValue(100);
+        click(smooth, "apply_button");
+        QTRY_VERIFY(!smooth.isRunning());
+        QVERIFY(roughness(scene.mesh()) < once / 2);
+        QTRY_VERIFY(scene.window.statusLine().commandText().startsWith(
+            QLatin1String("Smooth with settings: ")));
+    }
+
+    void resetBringsTheMeshAndTheSettingsBack()
+    {
+        Scene scene;
+        SmoothFlyout &smooth = *scene.commands().smoothFlyout;
+        const Mesh before = scene.mesh();
+        Scene::open(smooth);
+        const int usual = firstSlider(smooth)->value();
+        firstSlider(smooth)->setValue(100);
+        for (int round = 0; round < 2; ++round) {
+            click(smooth, "apply_button");
+            QTRY_VERIFY(!smooth.isRunning());
+        }
+        QVERIFY(scene.mesh().positions != before.positions);
+        click(smooth, "reset_button");
+        QCOMPARE(scene.mesh().positions, before.positions);
+        QCOMPARE(firstSlider(smooth)->value(), usual);
+    }
+
+    void decimatingKeepsTheShareThatIsSet()
+    {
+        Scene scene;
+        scene.window.document().open(QStringLiteral("flat.obj"), TestMeshes::grid(20));
+        DecimateFlyout &decimate = *scene.commands().decimateFlyout;
+        Scene::settle();
+        Scene::open(decimate);
+        firstSlider(decimate)->setValue(10);
+        click(decimate, "apply_button");
+        QTRY_VERIFY(!decimate.isRunning());
+        QVERIFY(scene.mesh().faces.size() <= 80);
+        QVERIFY(scene.window.document().isModified());
+    }
+
+    void subdividingIsDoneSeveralTimes()
+    {
+        Scene scene;
+        SubdivideFlyout &subdivide = *scene.commands().subdivideFlyout;
+        Scene::open(subdivide);
+        firstSlider(subdivide)->setValue(2);
+        click(subdivide, "apply_button");
+        QTRY_VERIFY(!subdivide.isRunning());
+        QCOMPARE(scene.mesh().faces.size(), 800 * 16);
+    }
+
+    void tooManyFacesAreRefused()
+    {
+        Scene scene;
+        Mesh large = TestMeshes::grid(1);
+        large.faces.fill(large.faces.first(), SubdivideCommand::maximumFaces / 4 + 1);
+        scene.window.document().open(QStringLiteral("large.obj"), large);
+        Scene::settle();
+        SubdivideFlyout &subdivide = *scene.commands().subdivideFlyout;
+        Scene::open(subdivide);
+        firstSlider(subdivide)->setValue(2);
+        QSignalSpy told(&scene.window.document(), &MeshDocument::problemReported);
+        click(subdivide, "apply_button");
+        QCOMPARE(told.count(), 1);
+        QVERIFY(!subdivide.isRunning());
+        QVERIFY(part(subdivide, "apply_button")->isEnabled());
+    }
+
+    void measuresFollowMeshAndSelection()
+    {
+        Scene scene;
+        MeasureFlyout &measure = *scene.commands().measureFlyout;
+        scene.window.document().open(QStringLiteral("flat.obj"), TestMeshes::grid(2));
+        Scene::settle();
+        Scene::open(measure);
+        const auto shows = [&measure](const QString &text) {
+            const auto labels = measure.flyout()->MainPanel()->findChildren<QLabel *>();
+            return std::any_of(labels.begin(), labels.end(),
+                               [&text](const QLabel *label) { return label->text() == text; });
+        };
+        QVERIFY(shows(QStringLiteral("2 × 2 × 0")));
+        QVERIFY(shows(QStringLiteral("4")));
+        scene.window.document().select({0, 1, 2});
+        QVERIFY(shows(QStringLiteral("3 face(s), area 1.5")));
+    }
+
+    void otherEditsWaitForThePanel()
+    {
+        Scene scene;
+        const CommandSet &commands = scene.commands();
+        Scene::open(*commands.smoothFlyout);
+        QVERIFY(!commands.smooth->isEnabled());
+        QVERIFY(!commands.flipNormals->isEnabled());
+        QVERIFY(commands.decimateFlyout->isEnabled());
+        QTest::mouseClick(commands.decimateFlyout->toolButton(), Qt::LeftButton);
+        Scene::settle();
+        QVERIFY(commands.decimateFlyout->isActive());
+        QVERIFY(!commands.smoothFlyout->isActive());
+        QVERIFY(!commands.smoothFlyout->flyout()->isVisible());
+        QVERIFY(!commands.smooth->isEnabled());
+        click(*commands.decimateFlyout, "close_button");
+        Scene::settle();
+        QVERIFY(commands.smooth->isEnabled());
+        QVERIFY(commands.flipNormals->isEnabled());
+    }
+
+    void escapeClosesFromTheView()
+    {
+        Scene scene;
+        SmoothFlyout &smooth = *scene.commands().smoothFlyout;
+        Scene::open(smooth);
+        QTest::keyClick(scene.window.pane().view(), Qt::Key_Escape);
+        Scene::settle();
+        QVERIFY(!smooth.flyout()->isVisible());
+        QVERIFY(!smooth.isChecked());
+        QVERIFY(scene.commands().smooth->isEnabled());
+    }
+
+    void anotherFileClosesThePanelAndStopsTheWork()
+    {
+        Scene scene;
+        SmoothFlyout &smooth = *scene.commands().smoothFlyout;
+        Scene::open(smooth);
+        firstSlider(smooth)->setValue(200);
+        click(smooth, "apply_button");
+        QVERIFY(smooth.isRunning());
+        const Mesh other = TestMeshes::tetrahedron();
+        scene.window.document().open(QStringLiteral("other.obj"), other);
+        QVERIFY(!smooth.flyout()->isVisible());
+        QTRY_VERIFY(!smooth.isRunning());
+        QVERIFY(smooth.wasCancelled());
+        Scene::settle();
+        QCOMPARE(scene.mesh().positions, other.positions);
+        QVERIFY(scene.commands().smooth->isEnabled());
+        QVERIFY(smooth.isEnabled());
+    }
+
+    void theWindowMayCloseWithAPanelAtWork()
+    {
+        auto scene = std::make_unique<Scene>();
+        const std::shared_ptr<SmoothFlyout> smooth = scene->commands().smoothFlyout;
+        Scene::open(*smooth);
+        firstSlider(*smooth)->setValue(200);
+        click(*smooth, "apply_button");
+        scene.reset();
+        QTRY_VERIFY(!smooth->isRunning());
+        QVERIFY(!smooth->flyout());
+    }
+};
+
+LUMO_TEST_MAIN(FlyoutsTest)
+#include "tst_flyouts.moc"
