@@ -773,6 +773,7 @@ void TestToolButtonWithButtonMenu::buttonLooksLikeThoseBesideIt()
         QCOMPARE(scene.button->grab().toImage(), expected);
         QCOMPARE(own->grab().toImage(), expected);
     }
+}
 
 void TestToolButtonWithButtonMenu::laterButtonsLookLikeTheFirst()
 {
