@@ -323,6 +323,11 @@ void TestToolBarMenus::menuOfButtonsIsAdded()
     QCOMPARE(button->GetTooltipObject()->objectName(), QStringLiteral("Choose"));
     scene.bar->AddAction(nullptr, QIcon(), menu, false);
     QVERIFY(!menu->opened()->hideOnButtonClick);
+    // A bar without sizes learns them from its first button, and the menu with it.
+    scene.bar->opened()->buttonSize = QSize(0, 0);
+    scene.bar->AddAction(nullptr, iconOf(Qt::gray), menu, false);
+    QVERIFY(!scene.bar->ButtonSize().isEmpty());
+    QCOMPARE(menu->ButtonSize(), scene.bar->ButtonSize());
 }
 
 void TestToolBarMenus::menuOfAWidgetIsAdded()

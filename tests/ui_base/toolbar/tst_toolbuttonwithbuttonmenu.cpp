@@ -331,6 +331,13 @@ void TestToolButtonWithButtonMenu::hoverPictureIsKept()
     QCOMPARE(colourOf(*withAction), QColor(Qt::darkRed));
     withAction->IconState(false);
     QCOMPARE(colourOf(*withAction), QColor(Qt::red));
+    // Also when the size is right from the start.
+    scene.bar->opened()->iconSize = QToolButton().iconSize();
+    MenuBar *const next = scene.menu();
+    next->AddAction(&first);
+    ToolButtonWithButtonMenu *const sized = scene.bar->AddAction(&own, QIcon(), next, true);
+    sized->IconState(true);
+    QCOMPARE(colourOf(*sized), QColor(Qt::darkRed));
 }
 
 void TestToolButtonWithButtonMenu::clickOpensAndCloses()

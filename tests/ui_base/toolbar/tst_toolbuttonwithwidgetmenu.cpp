@@ -143,6 +143,7 @@ private Q_SLOTS:
     void flyoutThatGrowsStaysAtTheButton();
     void sidePanelOpensAndStays();
     void sidePanelMakesRoom();
+    void sidePanelIsPlacedWithThePopup();
     void replacedFlyoutIsHeardNoMore();
 
     void requestNeedsAController();
@@ -153,6 +154,7 @@ private Q_SLOTS:
     void nullControllerIsNotStored();
     void openingOutsideOfExtendModeMakesNothingActive();
 
+    void barOnItsWayOutTellsNothing();
     void endsWhileOpen_data();
     void endsWhileOpen();
     void flyoutMayBringDownTheWindow_data();
@@ -301,9 +303,11 @@ void TestToolButtonWithWidgetMenu::windowWithoutPopupStaysHidden()
     auto *const widget = new QWidget(&window);
     ToolButtonWithWidgetMenu *const button = bar.AddAction(&action, widget);
     button->SetMenu(widget, false);
+    const ToolButtonWithWidgetMenu without(&action, &bar, nullptr, &bar);
     window.show();
     QVERIFY(!button->GetArrowedWindow()->isVisible());
     QVERIFY(!widget->isVisible());
+    QVERIFY(!without.GetArrowedWindow()->isVisible());
 }
 
 void TestToolButtonWithWidgetMenu::widgetGoesBackToItsParent()
@@ -611,6 +615,31 @@ void TestToolButtonWithWidgetMenu::sidePanelMakesRoom()
     QVERIFY(placeOf(*scene.button->GetMenu()).y() < top);
 }
 
+void TestToolButtonWithWidgetMenu::sidePanelIsPlacedWithThePopup()
+{
+    FlyoutScene scene;
+    InfoDialog info(scene.window.get());
+    scene.panel->EnableInfoButton(false, &info); // nobody hears of it
+    scene.button->ShowMenu();
+    const ArrowedWindow &window = *scene.button->GetArrowedWindow();
+    const auto expected = [&window] {
+        return placeOf(window)
+            + QPoint(window.GetBounds().left(), window.height() - 1 + window.GetBounds().top());
+    };
+    QCOMPARE(placeOf(info), expected());
+    scene.panel->MainPanel()->setFixedSize(120, 100);
+    scene.panel->adjustSize();
+    QCOMPARE(placeOf(info), expected());
+    // One that floats is placed by its original parent.
+    QVERIFY(FloatingLayer::makeWidgetFloating(&info, QMargins()));
+    scene.button->HideMenu();
+    info.show();
+    scene.window->move(150, 90);
+    QCoreApplication::processEvents();
+    scene.button->ShowMenu();
+    QTRY_COMPARE(placeOf(info), expected());
+}
+
 void TestToolButtonWithWidgetMenu::replacedFlyoutIsHeardNoMore()
 {
     FlyoutScene scene;
@@ -701,6 +730,15 @@ void TestToolButtonWithWidgetMenu::clickElsewhereClosesTheActiveFlyout()
     QVERIFY(!scene.panel->isVisible());
     QVERIFY(!scene.controller->IsInExtendMode());
     QCOMPARE(told.count(), 1);
+    // Also one that a host made the active one.
+    FlyoutScene other;
+    ToolButton *const beside = other.bar->AddAction(other.action());
+    other.button->ShowMenu();
+    other.bar->SetActiveButton(other.button);
+    QSignalSpy closed(other.panel, &FlyoutBase::CloseFlyout);
+    beside->click();
+    QCOMPARE(closed.count(), 1);
+    QCOMPARE(other.bar->GetActiveButton(), nullptr);
 }
 
 void TestToolButtonWithWidgetMenu::nullControllerIsNotStored()
@@ -719,6 +757,17 @@ void TestToolButtonWithWidgetMenu::openingOutsideOfExtendModeMakesNothingActive(
     QVERIFY(scene.panel->isVisible());
     QCOMPARE(scene.bar->GetActiveButton(), nullptr);
     QCOMPARE(scene.controller->SavedMenuOwner(), nullptr);
+}
+
+void TestToolButtonWithWidgetMenu::barOnItsWayOutTellsNothing()
+{
+    ExtendScene scene;
+    scene.button->click();
+    int told = 0;
+    connect(scene.bar, &ToolBar::ButtonMenuVisibilityChange, this, [&told] { ++told; });
+    delete scene.bar;
+    QCOMPARE(told, 0);
+    QVERIFY(!scene.panel->isVisible());
 }
 
 void TestToolButtonWithWidgetMenu::endsWhileOpen_data()
@@ -807,6 +856,10 @@ void TestToolButtonWithWidgetMenu::buttonsLeaveNoLayersBehind()
     MenuScene scene;
     for (int i = 0; i < 3; ++i) {
         delete scene.bar->AddAction(scene.action(), new QWidget(scene.window.get()));
+        auto *const bare = new QWidget(scene.window.get());
+        ToolButtonWithWidgetMenu *const button = scene.bar->AddAction(scene.action(), bare);
+        button->SetMenu(bare, false);
+        delete button;
         delete scene.addMenu(scene.menu());
     }
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
