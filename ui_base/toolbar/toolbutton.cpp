@@ -5,8 +5,6 @@
 
 #include "ui_base/toolbar/toolbar_p.h"
 #include "ui_base/toolbar/toolbutton_p.h"
-#include "ui_base/toolbar/toolbuttonwithbuttonmenu.h"
-#include "ui_base/toolbar/toolbuttonwithwidgetmenu.h"
 
 #include "ui_base/command/commandbase.h"
 #include "ui_base/popup/widgetposcalculator.h"
@@ -51,14 +49,6 @@ QFont textFont()
 std::shared_ptr<QIcon> iconWith(const QPixmap &pixmap)
 {
     return std::make_shared<QIcon>(Internal::iconOf(pixmap, QPixmap()));
-}
-
-// A class of a host's may paint by the style itself, and needs the button polished for that.
-bool isOneOfOurs(const ToolButton &button)
-{
-    const std::type_info &type = typeid(button);
-    return type == typeid(ToolButton) || type == typeid(ToolButtonWithButtonMenu)
-        || type == typeid(ToolButtonWithWidgetMenu);
 }
 
 QString nameOf(const QAction &action)
@@ -253,6 +243,9 @@ void ToolButtonPrivate::polish(QEvent *event)
     Q_Q(ToolButton);
     const auto asUsual = [q, event] { q->QToolButton::event(event); };
     if (toolBar && isOneOfOurs(*q)
+    // A subclass may ask the style, as for painting, without having it polish the button before.
+    const bool isOfSubclass = typeid(*q) != typeid(ToolButton);
+    if (toolBar && !isOfSubclass
         && q->styleSheet() == Resource::Styles::Instance().ToolButtonOnToolPalette())
         isPolishedAlike = Internal::polishAlike(*q, asUsual);
     else
