@@ -744,9 +744,9 @@ void TestToolButtonWithButtonMenu::builtInArrowIsNotDrawn()
     Scene scene;
     scene.button->SetLocked(true);
     const QImage before = scene.button->grab().toImage();
+    // With more than one action a button draws an arrow of its own.
     scene.button->addAction(scene.action());
-    scene.button->addAction(
-        scene.action()); // with more than one a button draws an arrow of its own
+    scene.button->addAction(scene.action());
     QCOMPARE(scene.button->grab().toImage(), before);
 }
 
