@@ -56,6 +56,7 @@ private Q_SLOTS:
     void newButtonHasItsDefaults();
     void popupOpensAtItsPlace();
     void openPopupTakesItsPlaceAnew();
+    void floatingPopupMovesToTheCornerOfItsParent();
     void popupCloses();
     void buttonWithoutPopupDoesNothing();
     void popupThatDiesIsForgotten();
@@ -120,6 +121,26 @@ void TestToolButtonWithMenu::openPopupTakesItsPlaceAnew()
     scene.button->RecalcMenuPosAndMove();
     QCOMPARE(scene.menu->pos(), QPoint(30, 80));
     QVERIFY(!scene.button->IsMenuShowing());
+}
+
+// Which is where it stands inside of its layer already.
+void TestToolButtonWithMenu::floatingPopupMovesToTheCornerOfItsParent()
+{
+    Scene scene;
+    QVERIFY(FloatingLayer::makeWidgetFloating(scene.menu, QMargins()));
+    scene.button->ShowMenu();
+    QCOMPARE(scene.menu->mapToGlobal(QPoint()), scene.window.mapToGlobal(QPoint(7, 60)));
+    scene.button->place = QPoint(0, 0);
+    scene.button->ShowMenu();
+    QCOMPARE(scene.menu->mapToGlobal(QPoint()), scene.window.mapToGlobal(QPoint(0, 0)));
+    scene.button->HideMenu();
+    scene.button->place = QPoint(5, 5);
+    scene.button->ShowMenu();
+    QCOMPARE(scene.menu->mapToGlobal(QPoint()), scene.window.mapToGlobal(QPoint(5, 5)));
+    scene.button->HideMenu();
+    scene.button->place = QPoint(0, 0);
+    scene.button->ShowMenu();
+    QCOMPARE(scene.menu->mapToGlobal(QPoint()), scene.window.mapToGlobal(QPoint(0, 0)));
 }
 
 void TestToolButtonWithMenu::popupCloses()
