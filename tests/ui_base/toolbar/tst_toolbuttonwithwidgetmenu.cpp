@@ -576,6 +576,8 @@ void TestToolButtonWithWidgetMenu::flyoutThatGrowsStaysAtTheButton()
     scene.panel->SetCancelButtonVisible(true);
     QTRY_VERIFY(window.height() > height + 50);
     QTRY_VERIFY((tipOf(window) - tip).manhattanLength() <= 1);
+    // Its new size is taken up at both sides of the arrow.
+    QVERIFY(qAbs(window.GetArrowPoint().y() - window.GetBounds().center().y()) <= 2);
 }
 
 // The panel at the side must not be closed by moving the popup for it.
