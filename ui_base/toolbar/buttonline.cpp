@@ -104,6 +104,19 @@ void ButtonLineOf<Box>::insertButton(int index, QAbstractButton *button)
     }
     if (!isCounted || !m_sum.isSimple)
         invalidate();
+    else if (!m_isInPlace)
+        placeAnew(*button->parentWidget());
+}
+
+// Buttons with more room than they need are spread over it, and a new one may just fill it: then the
+// panel is not resized, which else has them placed.
+template<typename Box>
+void ButtonLineOf<Box>::placeAnew(QWidget &panel)
+{
+    if (panel.isVisible())
+        Box::invalidate();
+    else
+        panel.setAttribute(Qt::WA_PendingResizeEvent); // comes when it is shown
 }
 
 template<typename Box>

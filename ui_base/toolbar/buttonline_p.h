@@ -103,6 +103,7 @@ private:
     bool takeFromSum(const QLayoutItem &item) const;
     QSize totalSize() const;
     bool fits(const QRect &room) const;
+    void placeAnew(QWidget &panel);
     void placeFrom(int index, const QRect &room);
     int endOfItemBefore(int index, const QRect &room) const;
 

@@ -173,6 +173,8 @@ private Q_SLOTS:
     void buttonAddedToAVisibleBarIsPainted_data();
     void buttonAddedToAVisibleBarIsPainted();
     void hiddenButtonLeavesNoGap();
+    void newButtonFillsTheRoomOfOneThatHasGone_data();
+    void newButtonFillsTheRoomOfOneThatHasGone();
     void buttonOfAnotherSizeIsLaidOutToo();
     void removedButtonLeavesNoGap_data();
     void removedButtonLeavesNoGap();
@@ -582,6 +584,39 @@ void TestToolBar::hiddenButtonLeavesNoGap()
     bar.AdjustToolBarSize(false);
     QTRY_COMPARE(third->x(), 75);
     QTRY_COMPARE(second->x(), 38);
+}
+
+void TestToolBar::newButtonFillsTheRoomOfOneThatHasGone_data()
+{
+    QTest::addColumn<bool>("isDeleted");
+    QTest::addColumn<bool>("isVisible");
+    QTest::newRow("deleted") << true << true;
+    QTest::newRow("hidden") << false << true;
+    QTest::newRow("deleted, filled while the bar is hidden") << true << false;
+}
+
+// The panel keeps its size in the meantime, and its buttons are spread over it.
+void TestToolBar::newButtonFillsTheRoomOfOneThatHasGone()
+{
+    QFETCH(bool, isDeleted);
+    QFETCH(bool, isVisible);
+    QWidget window;
+    OpenBar bar(&window);
+    const ToolButton *const first = bar.add(tools);
+    ToolButton *const second = bar.add(tools);
+    const ToolButton *const third = bar.add(tools);
+    showAndSettle(window);
+    if (isDeleted)
+        delete second;
+    else
+        second->hide();
+    QCoreApplication::processEvents();
+    bar.setVisible(isVisible);
+    const ToolButton *const last = bar.add(tools);
+    bar.show();
+    QTRY_COMPARE(last->geometry(), QRect(75, 1, 36, 36));
+    QCOMPARE(first->geometry(), QRect(1, 1, 36, 36));
+    QCOMPARE(third->geometry(), QRect(38, 1, 36, 36));
 }
 
 void TestToolBar::buttonOfAnotherSizeIsLaidOutToo()
