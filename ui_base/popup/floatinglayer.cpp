@@ -80,6 +80,7 @@ public:
     void onParentWidgetMove(const QPoint &position);
     void updateGeometry();
     void putWidgetAtCorner();
+    void takePendingMove();
     void followIntoOtherWindow();
     void letGo();
 
@@ -104,8 +105,10 @@ void FloatingLayerPrivate::handleWidgetEvent(QEvent *event)
     case QEvent::Show:
     case QEvent::ShowToParent:
         // A spontaneous one says that the layer itself was restored or minimised.
-        if (!event->spontaneous())
+        if (!event->spontaneous()) {
+            takePendingMove();
             q->show();
+        }
         break;
     case QEvent::Hide:
     case QEvent::HideToParent:
@@ -157,6 +160,14 @@ void FloatingLayerPrivate::putWidgetAtCorner()
     // A hidden widget keeps the event of a move until it is shown, where it would be taken for a
     // move by the owner. An owner who moves the widget in the meantime sets the mark again.
     attachedWidget->setAttribute(Qt::WA_PendingMoveEvent, false);
+}
+
+/// A move by the owner while the widget was hidden. Qt tells of it while the widget is shown, but not
+/// any more when it was made in the middle of that, as by a widget that hears of its size then.
+void FloatingLayerPrivate::takePendingMove()
+{
+    if (attachedWidget && attachedWidget->testAttribute(Qt::WA_PendingMoveEvent))
+        onAttachedWidgetMove(attachedWidget->pos());
 }
 
 void FloatingLayerPrivate::onAttachedWidgetResize(const QSize &size)

@@ -128,7 +128,7 @@ private Q_SLOTS:
         QVERIFY(page().isVisible());
         QVERIFY(page().view()->isVisible());
         QVERIFY(!m_window->pane().isVisible());
-        QVERIFY(page().view()->hasFocus());
+        QTRY_VERIFY(page().view()->hasFocus());
         QCOMPARE(page().nameText(), QStringLiteral("10 small.bmp"));
         QCOMPARE(page().scaleText(), QStringLiteral("100 %"));
         QCOMPARE(m_window->windowTitle(), QStringLiteral("10 small.bmp[*] - Workbench"));

@@ -306,6 +306,19 @@ private Q_SLOTS:
         QCOMPARE(scene.cornerInView(), QPoint(85, 86));
     }
 
+    // As bars do that place themselves when their size has come.
+    void moveWhileTheWidgetIsBeingShownCounts()
+    {
+        Scene scene;
+        scene.makeFloating(Five);
+        scene.widget->resize(70, 30);
+        AtEvent move(scene.widget, QEvent::Resize, [&scene] { scene.widget->move(70, 80); });
+        scene.widget->show();
+        QCOMPARE(scene.cornerInView(), QPoint(65, 75));
+        QCOMPARE(scene.widget->pos(), QPoint(5, 5));
+        QVERIFY(!scene.widget->visibleRegion().isEmpty());
+    }
+
     void positionSurvivesEveryShowWithMargins()
     {
         Scene scene;
