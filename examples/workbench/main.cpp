@@ -31,12 +31,12 @@ void prepareApplication()
     QApplication::setApplicationName(QStringLiteral("workbench"));
 }
 
-/// The file with the preferences of the user; none for a tour, which is the same for everybody.
-QString preferencesFile(const Workbench::Options &options)
+/// The file with the settings of that name; none for a tour, which is the same for everybody.
+QString settingsFile(const Workbench::Options &options, const QString &name)
 {
     const QDir folder(QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation));
     const bool isTour = !options.tourFolder.isEmpty();
-    return isTour ? QString() : folder.filePath(QStringLiteral("preferences.ini"));
+    return isTour ? QString() : folder.filePath(name);
 }
 
 /// Brings the preferences of the latest run, and keeps those of this one.
@@ -46,6 +46,14 @@ void rememberPreferences(Workbench::Preferences &preferences, const QString &fil
     QObject::connect(
         &preferences, &Workbench::Preferences::kept, &preferences,
         [&preferences, file] { Workbench::writePreferences(file, preferences.values()); });
+}
+
+/// Brings the list of the latest run, and keeps that of this one.
+void rememberRecentFiles(Workbench::RecentFiles &recent, const QString &file)
+{
+    recent.setPaths(Workbench::readRecentFiles(file));
+    QObject::connect(&recent, &Workbench::RecentFiles::changed, &recent,
+                     [&recent, file] { Workbench::writeRecentFiles(file, recent.paths()); });
 }
 
 Workbench::ELook chosenLook(const Workbench::Options &options, const QString &file)
@@ -62,7 +70,7 @@ int main(int argc, char *argv[])
     prepareApplication();
     QApplication application(argc, argv);
     const Workbench::Options options = Workbench::readOptions(application);
-    const QString preferences = preferencesFile(options);
+    const QString preferences = settingsFile(options, QStringLiteral("preferences.ini"));
     Workbench::applyLook(application, chosenLook(options, preferences));
     Vela::UiBase::StartUp();
 
@@ -85,6 +93,7 @@ int main(int argc, char *argv[])
     if (!options.tourFolder.isEmpty())
         return Workbench::Tour(window, options, tracing.get()).run();
     rememberPreferences(window.preferences(), preferences);
+    rememberRecentFiles(window.recentFiles(), settingsFile(options, QStringLiteral("recent.ini")));
     window.openFile(options.file);
     return QApplication::exec();
 }

@@ -26,6 +26,7 @@
 #include "image/imagepage.h"
 #include "image/imagereader.h"
 #include "image/openimagecommand.h"
+#include "menu/mainmenu.h"
 #include "mesh/meshreader.h"
 #include "meshdocument.h"
 #include "preferences.h"
@@ -42,7 +43,6 @@
 #include <QCloseEvent>
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QMenuBar>
 #include <QPointer>
 #include <QScreen>
 #include <QVBoxLayout>
@@ -72,11 +72,12 @@ MainWindow::MainWindow()
     , m_pane(new ViewPane(m_document))
     , m_imagePage(new ImagePage(m_images, commands().images))
     , m_status(new StatusLine)
+    , m_menu(new MainMenu(*this, commands(), m_recent))
 {
     resize(QSize(1080, 700).boundedTo(screen()->availableSize() * 9 / 10));
     m_pane->controller()->setClosingQuestion([this] { return mayLoseChanges(); });
     buildLayout();
-    buildMenus();
+    connectMenu();
     connectDocument();
     connectImages();
     connectClock();
@@ -108,6 +109,14 @@ void MainWindow::openFile(const QString &path)
         commands().open->open(path);
 }
 
+void MainWindow::openRecent(const QString &path)
+{
+    // One that has gone is offered no more; opening it tells so.
+    if (!QFileInfo::exists(path))
+        m_recent.remove(path);
+    openFile(path);
+}
+
 void MainWindow::buildLayout()
 {
     auto *center = new QWidget(this);
@@ -122,40 +131,11 @@ void MainWindow::buildLayout()
     setStatusBar(m_status);
 }
 
-void MainWindow::buildMenus()
+void MainWindow::connectMenu()
 {
-    QMenu *file = menuBar()->addMenu(tr("&File"));
-    file->addAction(commands().open.get());
-    file->addAction(commands().images.open.get());
-    file->addAction(commands().save.get());
-    file->addSeparator();
-    QAction *quit = file->addAction(tr("&Quit"), this, &QWidget::close);
-    quit->setShortcut(QKeySequence::Quit);
-    quit->setMenuRole(QAction::QuitRole);
-
-    QMenu *mesh = menuBar()->addMenu(tr("&Mesh"));
-    mesh->addAction(commands().smooth.get());
-    mesh->addAction(commands().subdivide.get());
-    mesh->addAction(commands().flipNormals.get());
-    mesh->addSeparator();
-    mesh->addActions(commands().flyouts->groupActionGroup()->actions());
-    buildViewMenu();
-}
-
-void MainWindow::buildViewMenu()
-{
-    QMenu *view = menuBar()->addMenu(tr("&View"));
-    for (const auto &mode : commands().modes)
-        view->addAction(mode.get());
-    view->addSeparator();
-    for (const auto &attribute : commands().attributes)
-        view->addAction(attribute.get());
-    view->addSeparator();
-    view->addAction(commands().pick.get());
-    view->addAction(commands().showAll.get());
-    view->addAction(commands().compare.get());
-    QMenu *help = menuBar()->addMenu(tr("&Help"));
-    help->addActions(commands().program->groupActionGroup()->actions());
+    m_menu->addPanel(*m_bar, tr("&Strip of Commands"));
+    m_menu->addPanel(*m_status, tr("S&tatus Line"));
+    connect(m_menu, &MainMenu::recentChosen, this, &MainWindow::openRecent);
 }
 
 void MainWindow::connectDocument()
@@ -164,6 +144,8 @@ void MainWindow::connectDocument()
     connect(m_document.get(), &MeshDocument::selectionChanged, this, &MainWindow::showSizes);
     connect(m_document.get(), &MeshDocument::opened, this, &MainWindow::handleOpened);
     connect(m_document.get(), &MeshDocument::saved, this, &MainWindow::showTitle);
+    connect(m_document.get(), &MeshDocument::saved, this,
+            [this] { m_recent.add(m_document->filePath()); });
     connect(m_document.get(), &MeshDocument::problemReported, this, &MainWindow::tellProblem);
 }
 
@@ -269,6 +251,7 @@ void MainWindow::handleOpened()
     commands().subdivide->cancel();
     closePanels();
     delete m_problem.data();
+    m_recent.add(m_document->filePath());
     showTitle();
     updateEnabled();
     showImage(false);
@@ -277,6 +260,7 @@ void MainWindow::handleOpened()
 void MainWindow::handleImageOpened()
 {
     delete m_problem.data();
+    m_recent.add(m_images->filePath());
     showImage(true);
 }
 

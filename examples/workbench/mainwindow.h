@@ -4,6 +4,7 @@
 #pragma once
 
 #include "appmanager.h"
+#include "menu/recentfiles.h"
 
 #include <ui_base/TaskDialog>
 
@@ -16,6 +17,7 @@ class CommandBar;
 class CommandClock;
 class ImageDocument;
 class ImagePage;
+class MainMenu;
 class MeshDocument;
 class MeshViewController;
 class StatusLine;
@@ -45,6 +47,8 @@ public:
     MeshDocument &document() const { return *m_document; }
     ImageDocument &images() const { return *m_images; }
     CommandBar &bar() const { return *m_bar; }
+    MainMenu &menu() const { return *m_menu; }
+    RecentFiles &recentFiles() { return m_recent; }
     StatusLine &statusLine() const { return *m_status; }
     ViewPane &pane() const { return *m_pane; }
     /// The dialog that tells of the latest problem; null while there is none.
@@ -56,13 +60,13 @@ protected:
 
 private:
     void buildLayout();
-    void buildMenus();
-    void buildViewMenu();
+    void connectMenu();
     void connectDocument();
     void connectImages();
     void connectClock();
     void applyPreferences();
 
+    void openRecent(const QString &path);
     QString chooseFile();
     QString chooseTarget();
     QString chooseImage();
@@ -88,6 +92,8 @@ private:
     ViewPane *const m_pane;
     ImagePage *const m_imagePage;
     StatusLine *const m_status;
+    RecentFiles m_recent;
+    MainMenu *const m_menu;
     QPointer<Vela::UiToolkit::TaskDialog> m_problem;
     bool m_isClosing = false;
 };

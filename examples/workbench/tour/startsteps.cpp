@@ -3,6 +3,7 @@
 
 #include "commandset.h"
 #include "mainwindow.h"
+#include "menu/mainmenu.h"
 #include "mesh/meshtopology.h"
 #include "meshdocument.h"
 #include "tour/picture.h"
@@ -15,7 +16,8 @@
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QMenu>
-#include <QMenuBar>
+#include <QScreen>
+#include <QToolButton>
 #include <QWindow>
 
 #include <algorithm>
@@ -92,20 +94,84 @@ void checkMenu(TourGuide &guide, const QMenu &menu)
     }
 }
 
-void showMenu(TourGuide &guide, QAction &title)
+/// Whether the screen still shows @p before where @p menu, which is further to the right, leaves it
+/// free. The window below paints itself a while after the menu has gone.
+bool isLeft(TourGuide &guide, QMenu &before, const QMenu &menu)
 {
-    guide.begin(TourGuide::tr("Menu %1").arg(title.iconText()));
-    const QImage before = guide.viewPicture();
-    QMenu *menu = title.menu();
-    guide.window().menuBar()->setActiveAction(&title);
-    const auto isShown = [menu] { return menu->isVisible() && menu->windowHandle()->isExposed(); };
+    const QRect free(0, 0, menu.x() - before.x(), before.height());
+    const QPoint corner = before.mapToGlobal(QPoint(0, 0));
+    const QPixmap screen =
+        guide.window().screen()->grabWindow(0, corner.x(), corner.y(), free.width(), free.height());
+    return changedShare(screen.toImage(), before.grab(free).toImage()) < 0.05;
+}
+
+/// Goes to the menu @p name; @p before is the one that was open, or null.
+QMenu *showMenu(TourGuide &guide, const QString &name, QMenu *before)
+{
+    const MainMenu &bar = guide.window().menu();
+    QMenu &menu = *bar.menuOf(name);
+    QToolButton &item = *bar.GetMenuBarItem(name);
+    guide.begin(TourGuide::tr("Menu %1").arg(menu.accessibleName()));
+    // What has no screen has no pointer to be followed.
+    if (guide.hasGraphics())
+        guide.pointAt(item, item.rect().center());
+    else
+        item.click();
+    const auto isShown = [&] { return menu.isVisible() && menu.windowHandle()->isExposed(); };
     guide.check(TourGuide::tr("the menu is shown"), guide.waitUntil(isShown));
-    checkMenu(guide, *menu);
+    const auto isAlone = [&] {
+        const QStringList names = bar.names();
+        return std::all_of(names.begin(), names.end(), [&](const QString &each) {
+            return bar.menuOf(each) == &menu || !bar.menuOf(each)->isVisible();
+        });
+    };
+    guide.check(TourGuide::tr("no other menu is"), isAlone());
+    if (before && guide.hasGraphics()) {
+        guide.check(TourGuide::tr("the menu before is gone from the screen"),
+                    guide.waitUntil([&] { return !isLeft(guide, *before, menu); }));
+    }
+    checkMenu(guide, menu);
     guide.finishWithPicture();
-    menu->close();
-    guide.settle();
+    return &menu;
+}
+
+void leaveMenus(TourGuide &guide, const QImage &before)
+{
+    guide.begin(TourGuide::tr("Menus go"));
+    const MainMenu &bar = guide.window().menu();
+    const QMenu &last = *bar.menuOf(bar.names().constLast());
+    if (guide.hasGraphics())
+        guide.pointAt(guide.window(), guide.window().rect().bottomLeft() + QPoint(20, -60));
+    else
+        guide.pressKey(*bar.menuOf(bar.names().constLast()), Qt::Key_Escape);
+    guide.check(TourGuide::tr("the menu goes with the pointer"),
+                guide.waitUntil([&last] { return !last.isVisible(); }));
     // Later steps compare with what the screen shows now.
     guide.checkViewChanged(TourGuide::tr("the menu is gone from the screen"), before, 0.0, 0.0);
+    guide.finishWithPicture();
+}
+
+void showRecent(TourGuide &guide)
+{
+    guide.begin(TourGuide::tr("Recent files"));
+    const MainMenu &bar = guide.window().menu();
+    QMenu &file = *bar.menuOf(bar.names().constFirst());
+    const QMenu &recent = *bar.recentMenu();
+    guide.pressKey(guide.window(), Qt::Key_F10);
+    guide.check(TourGuide::tr("F10 opens the first menu"),
+                guide.waitUntil([&] { return file.isVisible() && file.isActiveWindow(); }));
+    file.setActiveAction(recent.menuAction());
+    guide.pressKey(file, Qt::Key_Right);
+    guide.check(TourGuide::tr("the recent files are shown"), guide.waitUntil([&recent] {
+        return recent.isVisible() && recent.windowHandle()->isExposed();
+    }));
+    guide.check(TourGuide::tr("the open file is the first of them"),
+                recent.actions().constFirst()->toolTip() == guide.window().document().filePath());
+    guide.finishWithPicture();
+    guide.pressKey(file, Qt::Key_Escape);
+    guide.check(TourGuide::tr("Escape leads back to the window"), guide.waitUntil([&] {
+        return !file.isVisible() && guide.window().isActiveWindow();
+    }));
 }
 
 } // namespace
@@ -120,9 +186,14 @@ void visitStart(TourGuide &guide)
 
 void visitMenus(TourGuide &guide)
 {
-    const QList<QAction *> titles = guide.window().menuBar()->actions();
-    for (QAction *title : titles)
-        showMenu(guide, *title);
+    const QImage before = guide.viewPicture();
+    const QStringList names = guide.window().menu().names();
+    QMenu *menu = nullptr;
+    for (const QString &name : names)
+        menu = showMenu(guide, name, menu);
+    leaveMenus(guide, before);
+    showRecent(guide);
+    guide.checkViewChanged(TourGuide::tr("nothing is left over the view"), before, 0.0, 0.0);
 }
 
 } // namespace Workbench

@@ -1,0 +1,180 @@
+// SPDX-FileCopyrightText: 2026 The lumo_ui_base authors
+// SPDX-License-Identifier: MIT
+
+#include "menu/mainmenu.h"
+
+#include "commands/attributecommand.h"
+#include "commands/comparecommand.h"
+#include "commands/displaymodecommand.h"
+#include "commands/opencommand.h"
+#include "commands/pickcommand.h"
+#include "commands/savecommand.h"
+#include "commands/showallcommand.h"
+#include "commandset.h"
+#include "dialogs/aboutcommand.h"
+#include "dialogs/logcommand.h"
+#include "dialogs/preferencescommand.h"
+#include "image/openimagecommand.h"
+#include "menu/recentfiles.h"
+
+#include <ui_base/CommandGroup>
+
+#include <lumo_common_res/Styles>
+
+#include <QDir>
+#include <QEvent>
+#include <QFileInfo>
+#include <QMainWindow>
+#include <QMenu>
+#include <QToolButton>
+
+namespace Workbench {
+
+using Vela::UiBase::AppMenuItemSpecifier;
+using Vela::UiBase::MenuBuilder;
+
+namespace {
+
+template<typename Commands>
+QVector<QAction *> actionsOf(const Commands &commands)
+{
+    QVector<QAction *> actions;
+    for (const auto &command : commands)
+        actions << &*command;
+    return actions;
+}
+
+/// "1 bunny.obj  (models)" with a key for the number. A name may hold what menus take for a mark.
+QString entryOf(int number, const QString &path)
+{
+    const QFileInfo file(path);
+    QString name = QStringLiteral("%1  (%2)").arg(file.fileName(), file.dir().dirName());
+    return QStringLiteral("&%1 %2").arg(number).arg(
+        name.replace(QLatin1Char('&'), QLatin1String("&&")));
+}
+
+} // namespace
+
+MainMenu::MainMenu(QMainWindow &window, const CommandSet &commands, RecentFiles &recent)
+    : MenuBuilder(QStringLiteral("main menu"), &window, &window, Qt::ToolButtonTextOnly, true, {})
+    , m_window(window)
+    , m_recent(recent)
+    , m_names {tr("&File"), tr("&Edit"), tr("&View"), tr("&Tools"), tr("&Window"), tr("&Help")}
+{
+    const QString open = Vela::Resource::Styles::Instance().MenuMain()
+        + QStringLiteral("QToolButton, QToolButton:hover { background-color: palette(highlight); "
+                         "color: palette(highlighted-text); }");
+    for (const QString &name : qAsConst(m_names))
+        AddMenuBarItem(name, {}, open, {}, {});
+    buildFile(commands);
+    buildEdit(commands);
+    buildView(commands);
+    buildRest(commands);
+    // An entry that is just being chosen outlives its choice.
+    connect(&recent, &RecentFiles::changed, this, &MainMenu::fillRecent, Qt::QueuedConnection);
+    Start();
+    window.installEventFilter(this);
+    place();
+}
+
+QStringList MainMenu::names() const
+{
+    return m_names;
+}
+
+QMenu *MainMenu::menuOf(const QString &name) const
+{
+    const auto item = GetMenuBarItem(name);
+    return item ? item->findChild<QMenu *>(QString(), Qt::FindDirectChildrenOnly) : nullptr;
+}
+
+QMenu *MainMenu::recentMenu() const
+{
+    return menuOf(m_names.first())->findChild<QMenu *>(QString(), Qt::FindDirectChildrenOnly);
+}
+
+void MainMenu::buildFile(const CommandSet &commands)
+{
+    const QString &file = m_names.at(0);
+    AddDropDownMenu(file, {commands.open.get(), commands.images.open.get(), commands.save.get()},
+                    nullptr);
+    AddSubMenu(file, tr("&Recent Files"), {}, commands.save.get(), true);
+    fillRecent();
+    QList<AppMenuItemSpecifier> quit {
+        {}, {tr("&Quit"), {}, QKeySequence::Quit, nullptr, SLOT(close()), QAction::QuitRole}};
+    AddDropDownMenu(file, quit);
+}
+
+void MainMenu::buildEdit(const CommandSet &commands)
+{
+    AddDropDownMenu(m_names.at(1), actionsOf(commands.edits()), nullptr);
+    AddDropDownMenu(m_names.at(1), {nullptr, commands.preferences.get()}, nullptr);
+}
+
+void MainMenu::buildView(const CommandSet &commands)
+{
+    const QString &view = m_names.at(2);
+    AddDropDownMenu(view, actionsOf(commands.modes), nullptr);
+    AddDropDownMenu(view, {nullptr}, nullptr);
+    AddDropDownMenu(view, actionsOf(commands.attributes), nullptr);
+    AddDropDownMenu(view, {nullptr, commands.showAll.get()}, nullptr);
+}
+
+void MainMenu::buildRest(const CommandSet &commands)
+{
+    const QString &tools = m_names.at(3);
+    AddDropDownMenu(tools, {commands.pick.get(), commands.compare.get(), nullptr}, nullptr);
+    AddDropDownMenu(tools, commands.flyouts->groupActionGroup()->actions().toVector(), nullptr);
+    AddDropDownMenu(m_names.at(4), {commands.log.get()}, nullptr);
+    AddDropDownMenu(m_names.at(5), {commands.about.get()}, nullptr);
+}
+
+QAction *MainMenu::addPanel(QWidget &panel, const QString &text)
+{
+    auto *entry = new QAction(text, this);
+    entry->setCheckable(true);
+    entry->setChecked(!panel.isHidden());
+    connect(entry, &QAction::toggled, &panel, &QWidget::setVisible);
+    AddDropDownMenu(m_names.at(4), {entry}, menuOf(m_names.at(4))->actions().constLast());
+    return entry;
+}
+
+void MainMenu::fillRecent()
+{
+    QMenu *menu = recentMenu();
+    menu->clear();
+    menu->setToolTipsVisible(true);
+    const QStringList &paths = m_recent.paths();
+    for (int i = 0; i < paths.size(); ++i) {
+        const QString path = paths.at(i);
+        QAction *entry = menu->addAction(entryOf(i + 1, path));
+        entry->setToolTip(QDir::toNativeSeparators(path));
+        connect(entry, &QAction::triggered, this, [this, path] { Q_EMIT recentChosen(path); });
+    }
+    menu->addSeparator();
+    QAction *clear = menu->addAction(tr("&Clear This List"), &m_recent, &RecentFiles::clear);
+    clear->setEnabled(!paths.isEmpty());
+}
+
+void MainMenu::place()
+{
+    m_window.setContentsMargins(0, sizeHint().height(), 0, 0);
+    QPoint corner(0, 0);
+    SetMenuPosition(corner);
+    if (m_window.isRightToLeft()) {
+        corner.setX(m_window.width() - width());
+        SetMenuPosition(corner);
+    }
+    raise();
+}
+
+bool MainMenu::eventFilter(QObject *watched, QEvent *event)
+{
+    const bool movesCorner = event->type() == QEvent::Resize || event->type() == QEvent::Show
+        || event->type() == QEvent::LayoutDirectionChange;
+    if (watched == &m_window && movesCorner)
+        place();
+    return MenuBuilder::eventFilter(watched, event);
+}
+
+} // namespace Workbench
