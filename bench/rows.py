@@ -237,6 +237,13 @@ def dialog_rows():
                   "QMessageBox", "showQt", "showTaskDialog", goal=2.5)
 
 
+def menu_rows():
+    """From the pointer on an item until its menu is painted, and hidden again."""
+    for peer, against in (("openPlain", "QMenuBar"), ("openStyled", "QMenuBar, same style sheet")):
+        yield compare("bench_menu", ONE_THREAD, "menu of 20 entries, opened again", against, peer,
+                      "openMenuBuilder", goal=1.0)
+
+
 ROWS = [
     *dispatch_rows(),
     *broadcast_rows(),
@@ -251,4 +258,5 @@ ROWS = [
     *tool_bar_rows(),
     *resting_rows(),
     *dialog_rows(),
+    *menu_rows(),
 ]
