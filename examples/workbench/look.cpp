@@ -68,16 +68,8 @@ QPalette lightPalette()
     return palette;
 }
 
-} // namespace
-
-void applyLook(QApplication &application, ELook look)
+void applyColors(QApplication &application, ELook look)
 {
-    application.setStyle(new Style); // owned by the application
-
-    QFont font(QStringLiteral("Arial"));
-    font.setPixelSize(12);
-    application.setFont(font);
-
     if (look == ELook::Light) {
         application.setPalette(lightPalette());
         return;
@@ -87,6 +79,17 @@ void applyLook(QApplication &application, ELook look)
     application.setPalette(styles.ApplicationPalette());
     // Without one the library would bring the light one when it starts up.
     application.setStyleSheet(styles.ApplicationStyleSheet());
+}
+
+} // namespace
+
+void applyLook(QApplication &application, ELook look)
+{
+    QFont font(QStringLiteral("Arial"));
+    font.setPixelSize(12);
+    application.setFont(font);
+    application.setStyle(new Style); // owned by the application
+    applyColors(application, look);
 }
 
 } // namespace Workbench

@@ -53,7 +53,7 @@ void handle(QtMsgType type, const QMessageLogContext &context, const QString &te
 
 std::shared_ptr<MessageLog> MessageLog::make()
 {
-    const std::shared_ptr<MessageLog> log(new MessageLog);
+    std::shared_ptr<MessageLog> log(new MessageLog);
     log->m_listener = std::make_unique<WaypointListener>(
         [target = std::weak_ptr<MessageLog>(log)](const std::wstring &text) {
             appendLater(target, QString::fromStdWString(text));
