@@ -88,7 +88,9 @@ void applyLook(QApplication &application, ELook look)
     QFont font(QStringLiteral("Arial"));
     font.setPixelSize(12);
     application.setFont(font);
-    application.setStyle(new Style); // owned by the application
+    auto *const style = new Style;
+    style->setParent(&application);
+    application.setStyle(style);
     applyColors(application, look);
 }
 
