@@ -4,9 +4,11 @@
 #include "ui_base/toolbar/sheetscope_p.h"
 
 #include <QApplication>
-#include <QRegularExpression>
+#include <QStringList>
+#include <QVector>
 #include <QWidget>
 
+#include <algorithm>
 #include <array>
 
 namespace Vela::UiBase::Internal {
@@ -14,67 +16,106 @@ namespace {
 
 struct SRule
 {
-    QString selectors;
-    QString declarations;
+    QStringRef selectors;
+    QStringRef declarations;
 };
 
 /// A selector taken apart as far as it matters here.
 struct SSelector
 {
-    QString element; // of the widget it selects; empty or "*" for any
+    QStringRef element; // of the widget it selects; empty for any
     QSet<QString> names;
     bool looksAround = false; // at other widgets, or at properties
 };
 
-QString withoutComments(QString sheet)
+QString withoutComments(const QString &sheet)
 {
-    static const QRegularExpression comment(QStringLiteral("/\\*.*?\\*/"),
-                                            QRegularExpression::DotMatchesEverythingOption);
-    return sheet.remove(comment);
+    QString rest;
+    int begin = 0;
+    while (begin >= 0) {
+        const int comment = sheet.indexOf(QLatin1String("/*"), begin);
+        rest += sheet.midRef(begin, comment < 0 ? -1 : comment - begin);
+        const int end = comment < 0 ? -1 : sheet.indexOf(QLatin1String("*/"), comment + 2);
+        begin = end < 0 ? -1 : end + 2;
+    }
+    return rest;
 }
 
 // False when there is more than plain rules.
 bool takeApart(const QString &sheet, QVector<SRule> &rules)
 {
-    static const QRegularExpression rule(QStringLiteral("([^{}]*)\\{([^{}]*)\\}"));
-    int end = 0;
-    for (auto it = rule.globalMatch(sheet); it.hasNext();) {
-        const QRegularExpressionMatch match = it.next();
-        if (match.capturedStart() != end || match.captured(1).contains(QLatin1Char('@')))
+    int begin = 0;
+    for (int open = 0; (open = sheet.indexOf(QLatin1Char('{'), begin)) >= 0;) {
+        const int close = sheet.indexOf(QLatin1Char('}'), begin);
+        const QStringRef selectors = sheet.midRef(begin, open - begin);
+        const QStringRef declarations = sheet.midRef(open + 1, close - open - 1);
+        if (close < open || declarations.contains(QLatin1Char('{'))
+            || selectors.contains(QLatin1Char('@')))
             return false;
-        rules.push_back({match.captured(1), match.captured(2)});
-        end = match.capturedEnd();
+        rules.push_back({selectors, declarations});
+        begin = close + 1;
     }
-    return sheet.midRef(end).trimmed().isEmpty();
+    return sheet.midRef(begin).trimmed().isEmpty();
 }
 
-SSelector parsed(QString selector)
+bool isOfName(QChar character)
 {
-    static const QRegularExpression brackets(QStringLiteral("\\[[^\\]]*\\]?"));
-    static const QRegularExpression gap(QStringLiteral("[\\s>]+"));
-    static const QRegularExpression element(QStringLiteral("^\\.?([\\w-]*)"));
-    static const QRegularExpression name(QStringLiteral("#([\\w-]+)"));
+    return character.isLetterOrNumber() || character == QLatin1Char('_')
+        || character == QLatin1Char('-');
+}
+
+QStringRef nameAt(const QStringRef &text, int begin)
+{
+    int end = begin;
+    while (end < text.size() && isOfName(text.at(end)))
+        ++end;
+    return text.mid(begin, end - begin);
+}
+
+// Where the last part begins, which is the one for the selected widget itself.
+int lastPart(const QStringRef &selector)
+{
+    int begin = 0;
+    bool isInBrackets = false;
+    for (int i = 0; i < selector.size(); ++i) {
+        const QChar character = selector.at(i);
+        if (character == QLatin1Char('[') || character == QLatin1Char(']'))
+            isInBrackets = character == QLatin1Char('[');
+        else if (!isInBrackets && (character.isSpace() || character == QLatin1Char('>')))
+            begin = i + 1;
+    }
+    return begin;
+}
+
+SSelector parsed(const QStringRef &text)
+{
     SSelector result;
-    const bool hasProperty = selector.contains(QLatin1Char('['));
-    const QStringList parts = selector.remove(brackets).trimmed().split(gap);
-    result.looksAround = hasProperty || parts.size() > 1;
-    result.element = element.match(parts.last()).captured(1);
-    for (auto it = name.globalMatch(parts.last()); it.hasNext();)
-        result.names << it.next().captured(1);
+    const QStringRef selector = text.trimmed();
+    const int begin = lastPart(selector);
+    const QStringRef part = selector.mid(begin);
+    result.looksAround = begin > 0 || selector.contains(QLatin1Char('['));
+    result.element = nameAt(part, part.startsWith(QLatin1Char('.')) ? 1 : 0);
+    for (int i = 0; (i = part.indexOf(QLatin1Char('#'), i)) >= 0; ++i)
+        result.names << nameAt(part, i + 1).toString();
     return result;
 }
 
-bool isOfElement(const QMetaObject &ofClass, const QString &element)
+/// The names by which a sheet knows the class.
+QStringList elementsOf(const QMetaObject &ofClass)
 {
-    if (element.isEmpty())
-        return true;
-    for (const QMetaObject *level = &ofClass; level; level = level->superClass()) {
-        const QString name =
-            QString::fromLatin1(level->className()).replace(QLatin1Char(':'), QLatin1Char('-'));
-        if (name.compare(element, Qt::CaseInsensitive) == 0)
-            return true;
-    }
-    return false;
+    QStringList names;
+    for (const QMetaObject *level = &ofClass; level; level = level->superClass())
+        names
+            << QString::fromLatin1(level->className()).replace(QLatin1Char(':'), QLatin1Char('-'));
+    return names;
+}
+
+bool isOneOf(const QStringList &elements, const QStringRef &element)
+{
+    return element.isEmpty()
+        || std::any_of(elements.cbegin(), elements.cend(), [&element](const QString &name) {
+               return element.compare(name, Qt::CaseInsensitive) == 0;
+           });
 }
 
 void addSelector(SSheetScope &scope, const SSelector &selector, bool setsProperties)
@@ -122,13 +163,15 @@ SSheetScope scopeOfSheet(const QString &sheet, const QMetaObject &ofClass)
 {
     SSheetScope scope;
     QVector<SRule> rules;
-    scope.isCommon = takeApart(withoutComments(sheet), rules);
+    const QString text = withoutComments(sheet);
+    const QStringList elements = elementsOf(ofClass);
+    scope.isCommon = takeApart(text, rules);
     for (const SRule &rule : qAsConst(rules)) {
         const bool setsProperties =
             rule.declarations.contains(QLatin1String("qproperty-"), Qt::CaseInsensitive);
-        for (const QString &text : rule.selectors.split(QLatin1Char(','))) {
-            const SSelector selector = parsed(text);
-            if (isOfElement(ofClass, selector.element))
+        for (const QStringRef &part : rule.selectors.split(QLatin1Char(','))) {
+            const SSelector selector = parsed(part);
+            if (isOneOf(elements, selector.element))
                 addSelector(scope, selector, setsProperties);
         }
     }
