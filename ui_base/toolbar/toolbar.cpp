@@ -180,13 +180,25 @@ void ToolBarPrivate::initialize(QWidget *parent)
     autoPositionTimer->setSingleShot(true);
     autoPositionTimer->setInterval(autoPositionInterval);
     QObject::connect(autoPositionTimer, &QTimer::timeout, q, &ToolBar::OnAutoPosition);
-    const qreal ratio = Internal::devicePixelRatioFor(*q);
-    hSeparatorPixmap =
-        Internal::loadPixmap(QStringLiteral(":/resources/images/sys_hseparator.png"), ratio);
-    vSeparatorPixmap =
-        Internal::loadPixmap(QStringLiteral(":/resources/images/sys_vseparator.png"), ratio);
     q->InitializeStateMachine();
     q->InitializeResizeTimer();
+}
+
+const QPixmap &ToolBarPrivate::loaded(QPixmap &pixmap, const QString &file) const
+{
+    if (pixmap.isNull())
+        pixmap = Internal::loadPixmap(file, Internal::devicePixelRatioFor(*q_func()));
+    return pixmap;
+}
+
+const QPixmap &ToolBarPrivate::hSeparatorPixmap() const
+{
+    return loaded(hSeparator, QStringLiteral(":/resources/images/sys_hseparator.png"));
+}
+
+const QPixmap &ToolBarPrivate::vSeparatorPixmap() const
+{
+    return loaded(vSeparator, QStringLiteral(":/resources/images/sys_vseparator.png"));
 }
 
 void ToolBarPrivate::makeCentralWidget()

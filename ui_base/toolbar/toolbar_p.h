@@ -87,6 +87,11 @@ public:
         return found;
     }
 
+    /// Pictures of separators. The bar itself draws neither, so they are loaded when they are first
+    /// asked for.
+    const QPixmap &hSeparatorPixmap() const;
+    const QPixmap &vSeparatorPixmap() const;
+
     QWidget *centralWidget = nullptr;
     QPointer<QWidget> refParent; ///< by which the bar is placed
     Qt::ToolBarArea area = Qt::NoToolBarArea;
@@ -116,8 +121,6 @@ public:
     SPopupDefaults defaultTooltip;
     QTimer *autoPositionTimer = nullptr;
     int autoPositionInterval = 100;
-    QPixmap hSeparatorPixmap;
-    QPixmap vSeparatorPixmap;
     int reservedMargin = 15;
     bool autoPositionEnabled = false;
     bool hideOnButtonClick = false;
@@ -217,6 +220,10 @@ private:
 
     bool isSliding = false;
     bool isLockedBySlide = false;
+    const QPixmap &loaded(QPixmap &pixmap, const QString &file) const;
+
+    mutable QPixmap hSeparator;
+    mutable QPixmap vSeparator;
     QPointer<QWidget> coming; ///< a panel for the button that is being made
     bool mayHaveMenus = false;
     bool pathsAreStale = true;

@@ -257,8 +257,8 @@ void TestToolBar::newBarHasItsDefaults()
     QCOMPARE(d->cornerRadius, 4);
     QCOMPARE(d->autoPositionInterval, 100);
     QCOMPARE(d->reservedMargin, 15);
-    QVERIFY(!d->hSeparatorPixmap.isNull());
-    QVERIFY(!d->vSeparatorPixmap.isNull());
+    QVERIFY(!d->hSeparatorPixmap().isNull());
+    QVERIFY(!d->vSeparatorPixmap().isNull());
     QCOMPARE(d->defaultMenu.offset, 5);
     QCOMPARE(d->defaultTooltip.offset, 10);
     QCOMPARE(d->defaultTooltip.arrow.position, EArrowPosition::Bottom);
