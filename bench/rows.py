@@ -181,6 +181,20 @@ def tool_bar_rows():
                   "heapQt/2000", "heapLumo/2000", goal_value=7000, unit="B")
 
 
+def start_rows():
+    """Of what 30 commands add to a window of Qt alone, loading the library and what it needs is a
+    quarter, and the style sheet of the application, which Qt reads with the first widget, a sixth."""
+    def row(name, commands, clock, goal, peer=0, against="window of Qt alone", unit="ns"):
+        return compare("bench_start", clock, name, against, f"startQt/{peer}/manual_time",
+                       f"startLumo/{commands}/manual_time", goal=goal, unit=unit)
+    for commands, time, memory in ((30, 1.15, 1.09), (300, 1.8, 1.2)):
+        name = f"with {plural(commands, 'command')} on a bar"
+        yield row(f"process start to first frame, {name}", commands, WALL, time)
+        yield row(f"process start to first frame, {name}", commands, WALL, None, commands,
+                  f"{commands} actions on a QToolBar")
+        yield row(f"peak memory of a process {name}", commands, "peak", memory, unit="B")
+
+
 def resting_rows():
     yield compare("bench_idle", "per_second", "wake-ups of the idle workbench, per second",
                   "one plain widget", "idlePlain", "idleWorkbench", goal_value=0, unit="/s")
@@ -256,6 +270,7 @@ ROWS = [
     *view_rows(),
     *notification_rows(),
     *tool_bar_rows(),
+    *start_rows(),
     *resting_rows(),
     *dialog_rows(),
     *menu_rows(),
