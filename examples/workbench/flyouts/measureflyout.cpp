@@ -99,7 +99,8 @@ void MeasureFlyout::showSelection()
         return;
     const QVector<int> &faces = m_document->selection();
     const double area = areaOf(m_document->mesh(), faces);
-    m_selected->setText(tr("%n face(s), area %1", nullptr, faces.size()).arg(number(area)));
+    m_selected->setText(
+        tr("faces: %1, area: %2").arg(QLocale().toString(faces.size()), number(area)));
 }
 
 } // namespace Workbench

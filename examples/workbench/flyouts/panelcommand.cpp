@@ -3,7 +3,6 @@
 
 #include "flyouts/panelcommand.h"
 
-#include <ui_base/CmdsViewController>
 #include <ui_base/FlyoutBase>
 #include <ui_base/QtUiToolkit>
 
@@ -36,19 +35,9 @@ void PanelCommand::onBegin()
 {
     if (isActive())
         return;
-    endOther();
     setIsActive(true);
     FlyoutCommand::onBegin();
     Q_EMIT activeChanged(true);
-}
-
-/// Contexts nest, so the panel that is open goes before the next one comes.
-void PanelCommand::endOther()
-{
-    CmdsViewController *const controller = getViewController();
-    const auto running = controller ? controller->runningCommand() : nullptr;
-    if (auto *const other = qobject_cast<FlyoutCommand *>(running.get()))
-        other->onExitCommand();
 }
 
 void PanelCommand::onFinalize()

@@ -11,9 +11,10 @@ namespace Workbench {
 
 /// A command with a panel that opens beneath its button.
 ///
-/// Its begin and end come in pairs whatever opens or closes the panel, one panel is open at a time, and
-/// Escape closes it from the panel and from the view. The panel belongs to its button once there is
-/// one, and to the command as long as nobody has it.
+/// Its begin and end come in pairs whatever opens or closes the panel, and Escape closes it from the
+/// panel and from the view. The command stands in an exclusive group, since contexts nest and so one
+/// panel has to go before the next one comes. The panel belongs to its button once there is one, and
+/// to the command as long as nobody has it.
 class PanelCommand : public Vela::UiBase::FlyoutCommand
 {
     Q_OBJECT
@@ -43,8 +44,6 @@ protected:
     void onESCKeyReleased() override;
 
 private:
-    void endOther();
-
     const QPointer<QWidget> m_panel;
 };
 

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The lumo_ui_base authors
 // SPDX-License-Identifier: MIT
 
+#include "commands/displaymodecommand.h"
 #include "commands/flipnormalscommand.h"
 #include "commands/smoothcommand.h"
 #include "commands/subdividecommand.h"
@@ -218,13 +219,32 @@ private Q_SLOTS:
         QVERIFY(shows(QStringLiteral("2 × 2 × 0")));
         QVERIFY(shows(QStringLiteral("4")));
         scene.window.document().select({0, 1, 2});
-        QVERIFY(shows(QStringLiteral("3 face(s), area 1.5")));
+        QVERIFY(shows(QStringLiteral("faces: 3, area: 1.5")));
+    }
+
+    void otherButtonsCloseThePanel()
+    {
+        Scene scene;
+        SmoothFlyout &smooth = *scene.commands().smoothFlyout;
+        Scene::open(smooth);
+        QTest::mouseClick(scene.commands().modes[1]->toolButton(), Qt::LeftButton);
+        Scene::settle();
+        QVERIFY(!smooth.flyout()->isVisible());
+        QVERIFY(!smooth.isActive());
+        QVERIFY(!smooth.isChecked());
+        Scene::open(smooth);
     }
 
     void otherEditsWaitForThePanel()
     {
         Scene scene;
         const CommandSet &commands = scene.commands();
+        bool isInterrupted = false;
+        for (const MeshPanelCommand *command : commands.meshFlyouts()) {
+            connect(command, &QAction::changed, this, [command, &isInterrupted] {
+                isInterrupted = isInterrupted || !command->isEnabled();
+            });
+        }
         Scene::open(*commands.smoothFlyout);
         QVERIFY(!commands.smooth->isEnabled());
         QVERIFY(!commands.flipNormals->isEnabled());
@@ -237,6 +257,7 @@ private Q_SLOTS:
         QVERIFY(!commands.smooth->isEnabled());
         click(*commands.decimateFlyout, "close_button");
         Scene::settle();
+        QVERIFY(!isInterrupted);
         QVERIFY(commands.smooth->isEnabled());
         QVERIFY(commands.flipNormals->isEnabled());
     }
