@@ -242,7 +242,6 @@ void ToolButtonPrivate::polish(QEvent *event)
 {
     Q_Q(ToolButton);
     const auto asUsual = [q, event] { q->QToolButton::event(event); };
-    if (toolBar && isOneOfOurs(*q)
     // A subclass may ask the style, as for painting, without having it polish the button before.
     const bool isOfSubclass = typeid(*q) != typeid(ToolButton);
     if (toolBar && !isOfSubclass
