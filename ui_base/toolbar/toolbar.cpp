@@ -620,11 +620,7 @@ ToolBar::ToolBar(ToolBarPrivate &dd, QWidget *parent, Qt::ToolBarArea area, int 
 
 ToolBar::~ToolBar()
 {
-    Q_D(ToolBar);
-    // Those of menus tell this bar of their popups, and go with its buttons.
-    for (const ToolButton *const button : d->CollectButtons<ToolButton>(true))
-        disconnect(button, nullptr, this, nullptr);
-    // They go after the private part, which they would sign off from.
+    // They go after the private part, which they would sign off from, and may close their popups.
     for (ToolButton *const button : findChildren<ToolButton *>()) {
         disconnect(button, nullptr, this, nullptr);
         if (button->d_func()->toolBar == this)
