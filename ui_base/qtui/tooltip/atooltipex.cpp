@@ -128,10 +128,20 @@ void ATooltipExPrivate::TurnTo(int index) const
         page->resize(size);
 }
 
+// A page that was never given a width, and a text, which may be another one now.
+void ATooltipExPrivate::FitPage(QWidget &page) const
+{
+    const auto type = Internal::enumProperty<ATooltipEx::EWidgetType>(&page, WidgetTypeProperty);
+    const bool hasWidth = page.minimumWidth() == page.maximumWidth();
+    if (!hasWidth || type == ATooltipEx::EWidgetType::Text)
+        q_ptr->SetAdvancedWidgetWidth(&page);
+}
+
 void ATooltipExPrivate::ShowPart(QWidget *part, QLayout *room, bool visible) const
 {
     QWidget *const page = visible && advancedWidgets ? advancedWidgets->currentWidget() : nullptr;
-    q_ptr->SetAdvancedWidgetWidth(page);
+    if (page)
+        FitPage(*page);
     // Before the layouts come to life, which would squeeze the page into what room there is.
     QSize size = page ? page->size() : QSize();
     if (page)

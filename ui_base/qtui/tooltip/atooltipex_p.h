@@ -31,6 +31,7 @@ public:
     /// current page.
     /// @param room the layout of the form that holds the part
     void TurnTo(int index) const;
+    void FitPage(QWidget &page) const;
     void ShowPart(QWidget *part, QLayout *room, bool visible) const;
 
     ATooltipEx::EWidgetExVisibility visibility = ATooltipEx::EWidgetExVisibility::ExHidden;

@@ -166,6 +166,8 @@ private Q_SLOTS:
     void aCardAsTooltipShowsAllOfItsText_data();
     void aCardAsTooltipShowsAllOfItsText();
     void pagesOfAHostKeepTheirHeights();
+    void aWidthThatTheHostGivesAPageStays();
+    void anotherTextIsShownInFullAtTheNextOpening();
     void theCornersOfACardAreClear();
 };
 
@@ -886,6 +888,34 @@ void TooltipExTest::pagesOfAHostKeepTheirHeights()
         card->OnIndexChanged(1 - card->page());
         card->hide();
     }
+}
+
+void TooltipExTest::aWidthThatTheHostGivesAPageStays()
+{
+    const auto card = makeCard(EVisibility::ExHidden);
+    card->show();
+    QWidget *const page = card->AdvancedWidgets()->currentWidget();
+    page->setFixedWidth(150);
+    click(card.get());
+    QVERIFY(page->isVisible());
+    QCOMPARE(page->width(), 150);
+}
+
+void TooltipExTest::anotherTextIsShownInFullAtTheNextOpening()
+{
+    const auto card = makeCard(EVisibility::ExHidden);
+    int index = 0;
+    auto *const page = new QLabel(QStringLiteral("Short"));
+    page->setWordWrap(true);
+    QVERIFY(TooltipExFactory::GetInstance().AddStaticPage(card.get(), page, QString(), index,
+                                                          EWidgetType::Text));
+    card->OnIndexChanged(index);
+    page->setText(Text + Text);
+    card->OnIndexChanged(0);
+    card->show();
+    click(card.get());
+    QVERIFY(page->isVisible());
+    QVERIFY(page->height() >= ATooltipEx::FindTextLabelSize(page, PageWidth).height());
 }
 
 void TooltipExTest::theCornersOfACardAreClear()
