@@ -22,6 +22,8 @@ void visitDisplay(TourGuide &guide);
 void visitTools(TourGuide &guide);
 /// The commands that change the mesh, and how they hold each other.
 void visitEdits(TourGuide &guide);
+/// The commands with panels: opened, applied, reset, closed, and one in place of the other.
+void visitFlyouts(TourGuide &guide);
 /// The view that is presented over the view.
 void visitComparison(TourGuide &guide);
 /// The message over the view, while the window moves and is minimised.

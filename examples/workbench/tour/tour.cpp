@@ -57,6 +57,7 @@ int Tour::run()
         visitDisplay(m_guide);
         visitTools(m_guide);
         visitEdits(m_guide);
+        visitFlyouts(m_guide);
         visitComparison(m_guide);
         visitNotifications(m_guide);
         visitDialogs(m_guide);

@@ -1,0 +1,145 @@
+// SPDX-FileCopyrightText: 2026 The lumo_ui_base authors
+// SPDX-License-Identifier: MIT
+
+#include "commands/smoothcommand.h"
+#include "flyouts/decimateflyout.h"
+#include "flyouts/measureflyout.h"
+#include "flyouts/smoothflyout.h"
+#include "mainwindow.h"
+#include "tour/steps.h"
+#include "tour/tourguide.h"
+#include "view/meshview.h"
+
+#include <ui_base/FlyoutBase>
+#include <ui_base/ToolButton>
+
+#include <QAbstractButton>
+#include <QCoreApplication>
+#include <QMouseEvent>
+#include <QSlider>
+
+namespace Workbench {
+namespace {
+
+/// Clicks in the middle of @p widget.
+void clickOn(QWidget *widget)
+{
+    const QPoint middle = widget->rect().center();
+    for (const QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+        QMouseEvent event(type, middle, widget->mapToGlobal(middle), Qt::LeftButton,
+                          type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton,
+                          Qt::NoModifier);
+        QCoreApplication::sendEvent(widget, &event);
+    }
+}
+
+void clickPart(const PanelCommand &command, const char *name)
+{
+    clickOn(command.flyout()->findChild<QAbstractButton *>(QLatin1String(name)));
+}
+
+bool isOpen(const PanelCommand &command)
+{
+    return command.isActive() && command.flyout()->isVisible();
+}
+
+void applyAndWait(TourGuide &guide, MeshPanelCommand &command)
+{
+    const int before = guide.endsOf(command);
+    clickPart(command, "apply_button");
+    const auto hasEnded = [&] { return guide.endsOf(command) > before && !command.isRunning(); };
+    guide.check(TourGuide::tr("the work ends"), guide.waitUntil(hasEnded));
+    guide.check(TourGuide::tr("the panel is still open"), isOpen(command));
+}
+
+void openSmooth(TourGuide &guide, SmoothFlyout &smooth)
+{
+    guide.begin(TourGuide::tr("Panel of Smooth"));
+    clickOn(smooth.toolButton());
+    guide.check(TourGuide::tr("a click opens it"), guide.waitUntil([&] { return isOpen(smooth); }));
+    guide.check(TourGuide::tr("its button is checked"), smooth.toolButton()->isChecked());
+    const SmoothCommand &plain = *guide.window().commands().smooth;
+    guide.check(TourGuide::tr("edits without a panel wait"),
+                guide.waitUntil([&] { return !plain.isEnabled(); }));
+    guide.finishWithPicture();
+
+    guide.begin(TourGuide::tr("Advanced settings of Smooth"));
+    const int folded = smooth.flyout()->height();
+    clickPart(smooth, "advanced_button");
+    guide.check(TourGuide::tr("the panel grows"), smooth.flyout()->height() > folded);
+    guide.finishWithPicture();
+}
+
+void applySmooth(TourGuide &guide, SmoothFlyout &smooth)
+{
+    guide.begin(TourGuide::tr("Smooth with settings"));
+    const Mesh original = guide.mesh();
+    smooth.flyout()->MainPanel()->findChild<QSlider *>()->setValue(60);
+    applyAndWait(guide, smooth);
+    guide.check(TourGuide::tr("the vertices have moved and the faces are the same"),
+                guide.mesh().positions != original.positions
+                    && guide.mesh().faces == original.faces);
+    guide.finishWithPicture();
+
+    guide.begin(TourGuide::tr("Reset of Smooth"));
+    clickPart(smooth, "reset_button");
+    guide.check(TourGuide::tr("the mesh is as it was before"),
+                guide.mesh().positions == original.positions);
+    guide.finishWithPicture();
+}
+
+void takeOver(TourGuide &guide, const SmoothFlyout &smooth, DecimateFlyout &decimate)
+{
+    guide.begin(TourGuide::tr("Decimate takes over"));
+    clickOn(decimate.toolButton());
+    guide.check(TourGuide::tr("a click opens it"),
+                guide.waitUntil([&] { return isOpen(decimate); }));
+    guide.check(TourGuide::tr("the panel of Smooth has closed"),
+                !smooth.isActive() && !smooth.flyout()->isVisible());
+    const Mesh original = guide.mesh();
+    decimate.flyout()->MainPanel()->findChild<QSlider *>()->setValue(25);
+    applyAndWait(guide, decimate);
+    guide.check(TourGuide::tr("a quarter of the faces is left"),
+                guide.mesh().faces.size() * 4 <= original.faces.size() + 4);
+    guide.finishWithPicture();
+
+    guide.begin(TourGuide::tr("Decimate is closed"));
+    clickPart(decimate, "reset_button");
+    guide.check(TourGuide::tr("the mesh is as it was before"),
+                guide.mesh().faces == original.faces);
+    clickPart(decimate, "close_button");
+    const SmoothCommand &plain = *guide.window().commands().smooth;
+    guide.check(TourGuide::tr("edits without a panel go on"),
+                guide.waitUntil([&] { return plain.isEnabled(); }));
+    guide.check(TourGuide::tr("no button is checked"),
+                !decimate.toolButton()->isChecked() && !smooth.toolButton()->isChecked());
+    guide.finishWithPicture();
+}
+
+void measure(TourGuide &guide, MeasureFlyout &measure)
+{
+    guide.begin(TourGuide::tr("Measure"));
+    measure.trigger();
+    guide.check(TourGuide::tr("its key opens it"),
+                guide.waitUntil([&] { return isOpen(measure); }));
+    guide.finishWithPicture();
+
+    guide.begin(TourGuide::tr("Escape closes Measure"));
+    guide.pressKey(guide.view(), Qt::Key_Escape);
+    guide.check(TourGuide::tr("the panel has closed"),
+                guide.waitUntil([&] { return !isOpen(measure) && !measure.isChecked(); }));
+    guide.finishWithPicture();
+}
+
+} // namespace
+
+void visitFlyouts(TourGuide &guide)
+{
+    const CommandSet &commands = guide.window().commands();
+    openSmooth(guide, *commands.smoothFlyout);
+    applySmooth(guide, *commands.smoothFlyout);
+    takeOver(guide, *commands.smoothFlyout, *commands.decimateFlyout);
+    measure(guide, *commands.measureFlyout);
+}
+
+} // namespace Workbench
