@@ -13,6 +13,8 @@
 #include <ui_base/FlyoutBase>
 #include <ui_base/QtUiToolkit>
 
+#include <QLayout>
+
 #include <new>
 #include <utility>
 
@@ -37,9 +39,12 @@ FlyoutBase *makePanel(const QString &title, SettingsPanel *settings, SettingsPan
     FlyoutBase *const panel = QtUiToolkit::Instance().CreateFlyout(title, settings, details, true,
                                                                    false, true, true, nullptr);
     panel->SetToggleApplyButtonEnabled(true);
-    if (details)
+    if (details) {
+        // The flyout leaves this room around the main panel only.
+        details->layout()->setContentsMargins(7, 0, 7, 0);
         QObject::connect(settings, &SettingsPanel::ResetValues, details,
                          &SettingsPanel::ResetValues);
+    }
     return panel;
 }
 

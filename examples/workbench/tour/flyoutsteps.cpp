@@ -52,11 +52,18 @@ void applyAndWait(TourGuide &guide, MeshPanelCommand &command)
     guide.check(TourGuide::tr("the panel is still open"), isOpen(command));
 }
 
+void checkSeen(TourGuide &guide, const PanelCommand &command)
+{
+    guide.check(TourGuide::tr("all of the panel is on the screen"),
+                guide.waitUntil([&] { return guide.isSeen(*command.flyout()); }));
+}
+
 void openSmooth(TourGuide &guide, SmoothFlyout &smooth)
 {
     guide.begin(TourGuide::tr("Panel of Smooth"));
     clickOn(smooth.toolButton());
     guide.check(TourGuide::tr("a click opens it"), guide.waitUntil([&] { return isOpen(smooth); }));
+    checkSeen(guide, smooth);
     guide.check(TourGuide::tr("its button is checked"), smooth.toolButton()->isChecked());
     const SmoothCommand &plain = *guide.window().commands().smooth;
     guide.check(TourGuide::tr("edits without a panel wait"),
@@ -67,6 +74,7 @@ void openSmooth(TourGuide &guide, SmoothFlyout &smooth)
     const int folded = smooth.flyout()->height();
     clickPart(smooth, "advanced_button");
     guide.check(TourGuide::tr("the panel grows"), smooth.flyout()->height() > folded);
+    checkSeen(guide, smooth);
     guide.finishWithPicture();
 }
 
@@ -96,6 +104,7 @@ void takeOver(TourGuide &guide, const SmoothFlyout &smooth, DecimateFlyout &deci
                 guide.waitUntil([&] { return isOpen(decimate); }));
     guide.check(TourGuide::tr("the panel of Smooth has closed"),
                 !smooth.isActive() && !smooth.flyout()->isVisible());
+    checkSeen(guide, decimate);
     const Mesh original = guide.mesh();
     decimate.flyout()->MainPanel()->findChild<QSlider *>()->setValue(25);
     applyAndWait(guide, decimate);
@@ -122,6 +131,7 @@ void measure(TourGuide &guide, MeasureFlyout &measure)
     measure.trigger();
     guide.check(TourGuide::tr("its key opens it"),
                 guide.waitUntil([&] { return isOpen(measure); }));
+    checkSeen(guide, measure);
     guide.finishWithPicture();
 
     guide.begin(TourGuide::tr("Escape closes Measure"));
