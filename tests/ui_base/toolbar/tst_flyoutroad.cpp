@@ -267,6 +267,7 @@ void TestFlyoutRoad::informationHangsBeneathThePanel()
     FlyoutRoad road;
     QVERIFY(road.isReady());
     road.open(*road.smooth);
+    QVERIFY(road.smooth->panel->findChild<QWidget *>(QStringLiteral("ipanel"))->isVisible());
     clickPart(*road.smooth, "info_button");
     QVERIFY(road.info->isVisible());
     QTRY_VERIFY(onScreen(*road.info).top() >= onScreen(*road.smooth->panel).bottom());
