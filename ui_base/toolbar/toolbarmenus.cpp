@@ -497,14 +497,12 @@ void ToolBar::OnDismissWidgetMenu(ToolButtonWithButtonMenu *owner, ToolButtonWit
     if (!owner || !leaf)
         return;
     const QPointer<QWidget> menu = leaf->GetMenu();
-    QMetaObject::invokeMethod(
-        owner,
-        [owner, menu] {
-            if (menu)
-                QMetaObject::invokeMethod(owner, "OnCloseMenu", Qt::DirectConnection,
-                                          Q_ARG(QWidget *, menu.data()), Q_ARG(bool, false));
-        },
-        Qt::QueuedConnection);
+    const auto close = [owner, menu] {
+        if (menu)
+            QMetaObject::invokeMethod(owner, "OnCloseMenu", Qt::DirectConnection,
+                                      Q_ARG(QWidget *, menu.data()), Q_ARG(bool, false));
+    };
+    QMetaObject::invokeMethod(owner, close, Qt::QueuedConnection);
 }
 
 } // namespace Vela::UiBase

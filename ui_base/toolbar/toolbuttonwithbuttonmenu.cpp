@@ -84,6 +84,38 @@ QList<ToolButton *> ToolButtonWithButtonMenuPrivate::subButtons() const
     return bar ? partsOf(*bar).CollectButtons<ToolButton>() : QList<ToolButton *>();
 }
 
+// A bar that this button stands on, at whichever level, would be its own menu.
+bool ToolButtonWithButtonMenuPrivate::standsOn(const ToolBar *bar) const
+{
+    return toolBar && partsOf(*toolBar).standsOn(bar);
+}
+
+void ToolButtonWithButtonMenuPrivate::setMenu(ToolBar *next)
+{
+    Q_Q(ToolButtonWithButtonMenu);
+    if (!next || standsOn(next))
+        return;
+    const QPointer<ToolButtonWithButtonMenu> self(q);
+    const QPointer<ToolBar> bar(next);
+    auto *const other =
+        qobject_cast<ToolButtonWithButtonMenu *>(partsOf(*next).parentButton.data());
+    if (other && other != q)
+        other->d_func()->letMenuGo();
+    if (!self || !bar)
+        return;
+    if (menu != next) {
+        disconnectSubButtons();
+        deletePopup(menu);
+    }
+    menu = next;
+    next->SetEnableAutoPosition(false);
+    partsOf(*next).parentButton = q;
+    connectSubButtons();
+    adoptIcon();
+    next->hide();
+    q->ApplyBaseToolBarParamsToButtonMenu();
+}
+
 void ToolButtonWithButtonMenuPrivate::letMenuGo()
 {
     const QPointer<ToolButtonWithButtonMenu> self(q_func());
@@ -203,7 +235,7 @@ ToolButtonWithButtonMenu::ToolButtonWithButtonMenu(ToolButtonWithButtonMenuPriva
     : ToolButtonWithMenu(dd, icon, toolBar, tooltip, parent)
 {
     Q_D(ToolButtonWithButtonMenu);
-    SetMenu(menu);
+    d->setMenu(menu);
     d->updateArrow();
 }
 
@@ -224,29 +256,12 @@ ToolBar *ToolButtonWithButtonMenu::GetMenu() const
 void ToolButtonWithButtonMenu::SetMenu(ToolBar *menu)
 {
     Q_D(ToolButtonWithButtonMenu);
-    if (!menu || (d->toolBar && d->partsOf(*d->toolBar).standsOn(menu)))
-        return;
     const QPointer<ToolButtonWithButtonMenu> self(this);
     const QPointer<ToolBar> next(menu);
-    auto *const other =
-        qobject_cast<ToolButtonWithButtonMenu *>(d->partsOf(*menu).parentButton.data());
-    if (other && other != this)
-        other->d_func()->letMenuGo();
-    if (self && IsMenuShowing())
+    if (menu && IsMenuShowing() && !d->standsOn(menu))
         HideMenu();
-    if (!self || !next)
-        return;
-    if (d->menu != menu) {
-        d->disconnectSubButtons();
-        d->deletePopup(d->menu);
-    }
-    d->menu = menu;
-    menu->SetEnableAutoPosition(false);
-    d->partsOf(*menu).parentButton = this;
-    d->connectSubButtons();
-    d->adoptIcon();
-    menu->hide();
-    ApplyBaseToolBarParamsToButtonMenu();
+    if (self && next)
+        d->setMenu(next);
 }
 
 void ToolButtonWithButtonMenu::SetMenuParameters(EDirection direction, int baseOffset,

@@ -35,6 +35,8 @@ private:
     friend class ToolButtonWithButtonMenu;
 
     ToolBar *menuBar() const;
+    bool standsOn(const ToolBar *bar) const;
+    void setMenu(ToolBar *next);
     void letMenuGo();
     void connectSubButtons();
     void disconnectSubButtons();

@@ -81,6 +81,33 @@ bool ToolButtonWithWidgetMenuPrivate::isShownThroughController() const
     return owner && owner->IsStandingInFor(q_func());
 }
 
+// Whether the widget can be in a popup of this button.
+bool ToolButtonWithWidgetMenuPrivate::canOpen(const QWidget *widget) const
+{
+    return widget && widget != arrowedWindow && widget != q_func()
+        && !widget->isAncestorOf(q_func());
+}
+
+void ToolButtonWithWidgetMenuPrivate::setMenu(QWidget *widget, bool useArrowedWindow)
+{
+    Q_Q(ToolButtonWithWidgetMenu);
+    if (!canOpen(widget))
+        return;
+    const QPointer<ToolButtonWithWidgetMenu> self(q);
+    const QPointer<QWidget> next(widget);
+    takeFromOtherButton(widget);
+    if (self && next)
+        dropFormer(widget);
+    if (!self || !next)
+        return;
+    menuWidget = widget;
+    widget->setProperty(MenuButtonProperty, QVariant::fromValue<QWidget *>(q));
+    QObject::connect(widget, &QObject::destroyed, q, [this](QObject *dead) { closeEmpty(dead); });
+    if (FlyoutBase *const flyout = flyoutOf(widget))
+        connectFlyout(flyout);
+    placeWidget(widget, useArrowedWindow);
+}
+
 void ToolButtonWithWidgetMenuPrivate::takeFromOtherButton(QWidget *widget)
 {
     auto *const other = qobject_cast<ToolButtonWithWidgetMenu *>(
@@ -278,7 +305,7 @@ ToolButtonWithWidgetMenu::ToolButtonWithWidgetMenu(ToolButtonWithWidgetMenuPriva
     Q_D(ToolButtonWithWidgetMenu);
     d->makeArrowedWindow();
     connect(this, &ToolButtonWithWidgetMenu::CloseFlyout, this, [d] { d->closeFlyout(); });
-    SetMenu(menu, true);
+    d->setMenu(menu, true);
 }
 
 ToolButtonWithWidgetMenu::~ToolButtonWithWidgetMenu()
@@ -293,23 +320,12 @@ ToolButtonWithWidgetMenu::~ToolButtonWithWidgetMenu()
 void ToolButtonWithWidgetMenu::SetMenu(QWidget *widget, bool useArrowedWindow)
 {
     Q_D(ToolButtonWithWidgetMenu);
-    if (!widget || widget == d->arrowedWindow || widget == this || widget->isAncestorOf(this))
-        return;
     const QPointer<ToolButtonWithWidgetMenu> self(this);
     const QPointer<QWidget> next(widget);
-    d->takeFromOtherButton(widget);
-    if (self && IsMenuShowing())
+    if (IsMenuShowing() && d->canOpen(widget))
         HideMenu();
     if (self && next)
-        d->dropFormer(widget);
-    if (!self || !next)
-        return;
-    d->menuWidget = widget;
-    widget->setProperty(MenuButtonProperty, QVariant::fromValue<QWidget *>(this));
-    connect(widget, &QObject::destroyed, this, [d](QObject *dead) { d->closeEmpty(dead); });
-    if (FlyoutBase *const flyout = flyoutOf(widget))
-        d->connectFlyout(flyout);
-    d->placeWidget(widget, useArrowedWindow);
+        d->setMenu(next, useArrowedWindow);
 }
 
 void ToolButtonWithWidgetMenu::SetMenuParameters(bool shadow,

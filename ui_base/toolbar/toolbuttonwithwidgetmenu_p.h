@@ -25,6 +25,8 @@ private:
 
     void makeArrowedWindow();
     bool isWrapped() const;
+    bool canOpen(const QWidget *widget) const;
+    void setMenu(QWidget *widget, bool useArrowedWindow);
     void takeFromOtherButton(QWidget *widget);
     void dropFormer(const QWidget *next);
     void placeWidget(QWidget *widget, bool useArrowedWindow);

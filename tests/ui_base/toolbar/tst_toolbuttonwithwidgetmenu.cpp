@@ -15,6 +15,8 @@
 #include <QPushButton>
 #include <QStackedWidget>
 
+#include <algorithm>
+
 using Lumo::Test::MenuBar;
 using Lumo::Test::MenuScene;
 using Vela::UiBase::ArrowedWindow;
@@ -141,6 +143,7 @@ private Q_SLOTS:
     void escapeIsPassedOn();
     void bandIsPassedOn();
     void flyoutThatGrowsStaysAtTheButton();
+    void flyoutThatIsMeasuredDoesNotAskAgain();
     void sidePanelOpensAndStays();
     void sidePanelMakesRoom();
     void sidePanelIsPlacedWithThePopup();
@@ -320,6 +323,14 @@ void TestToolButtonWithWidgetMenu::widgetGoesBackToItsParent()
     delete button;
     QCOMPARE(mine->parentWidget(), owner);
     QVERIFY(!mine->isVisible());
+    // Whoever else had a widget here before does not matter.
+    auto *const earlier = new QWidget(scene.window.get());
+    ToolButtonWithWidgetMenu *const next =
+        scene.bar->AddAction(scene.action(), new QWidget(earlier));
+    next->SetMenu(mine, true);
+    delete earlier;
+    delete next;
+    QCOMPARE(mine->parentWidget(), owner);
     // And can be given to a button once more.
     scene.bar->AddAction(scene.action(), mine)->ShowMenu();
     QVERIFY(mine->isVisible());
@@ -351,7 +362,10 @@ void TestToolButtonWithWidgetMenu::widgetThatDiesClosesThePopup()
     scene.button->SetMenu(scene.widget, isWrapped);
     scene.button->setCheckable(true);
     scene.button->ShowMenu();
+    QSignalSpy told(scene.bar, &ToolBar::ButtonMenuVisibilityChange);
     delete scene.widget;
+    QCOMPARE(told.count(), 1);
+    QCOMPARE(told.first().at(1).toBool(), false);
     QCOMPARE(scene.button->GetMenu(), nullptr);
     QVERIFY(!scene.button->GetArrowedWindow()->isVisible());
     QVERIFY(!scene.button->isChecked());
@@ -578,6 +592,36 @@ void TestToolButtonWithWidgetMenu::flyoutThatGrowsStaysAtTheButton()
     QTRY_VERIFY((tipOf(window) - tip).manhattanLength() <= 1);
     // Its new size is taken up at both sides of the arrow.
     QVERIFY(qAbs(window.GetArrowPoint().y() - window.GetBounds().center().y()) <= 2);
+}
+
+// Working out the place gives the flyout the size that it prefers, which it tells.
+void TestToolButtonWithWidgetMenu::flyoutThatIsMeasuredDoesNotAskAgain()
+{
+    class Button : public ToolButtonWithWidgetMenu
+    {
+    public:
+        using ToolButtonWithWidgetMenu::ToolButtonWithWidgetMenu;
+        QPoint GetMenuPosition() override
+        {
+            ++depth;
+            deepest = std::max(deepest, depth);
+            const QPoint position = ToolButtonWithWidgetMenu::GetMenuPosition();
+            --depth;
+            return position;
+        }
+        int depth = 0;
+        int deepest = 0;
+    };
+    MenuScene scene;
+    FlyoutBase *const panel = scene.flyout();
+    auto *const button = new Button(scene.action(), scene.bar, panel, scene.bar);
+    scene.bar->OnButtonCreated(button, QString(), true, true, 0);
+    button->SetMenu(panel, false);
+    button->ShowMenu();
+    const QSize size = panel->size();
+    panel->resize(size + QSize(40, 40));
+    QCOMPARE(panel->size(), size);
+    QCOMPARE(button->deepest, 1);
 }
 
 // The panel at the side must not be closed by moving the popup for it.
