@@ -494,15 +494,9 @@ void ToolBarPrivate::dismissWidgetMenu(ToolButtonWithWidgetMenu *leaf)
 // an owner may have its own.
 void ToolBar::OnDismissWidgetMenu(ToolButtonWithButtonMenu *owner, ToolButtonWithWidgetMenu *leaf)
 {
-    if (!owner || !leaf)
-        return;
-    const QPointer<QWidget> menu = leaf->GetMenu();
-    const auto close = [owner, menu] {
-        if (menu)
-            QMetaObject::invokeMethod(owner, "OnCloseMenu", Qt::DirectConnection,
-                                      Q_ARG(QWidget *, menu.data()), Q_ARG(bool, false));
-    };
-    QMetaObject::invokeMethod(owner, close, Qt::QueuedConnection);
+    if (owner && leaf)
+        QMetaObject::invokeMethod(owner, "OnCloseMenu", Qt::QueuedConnection,
+                                  Q_ARG(QWidget *, leaf->GetMenu()), Q_ARG(bool, false));
 }
 
 } // namespace Vela::UiBase

@@ -298,7 +298,8 @@ void ToolButtonWithMenu::ActionTriggeredHandler(QAction *)
 
 void ToolButtonWithMenu::OnCloseMenu(QWidget *widget, bool isChecked)
 {
-    if (widget && widget->isVisible())
+    // Called later, as is usual, it may be given one that has died meanwhile.
+    if (QApplication::allWidgets().contains(widget) && widget->isVisible())
         OnClicked(isChecked);
 }
 

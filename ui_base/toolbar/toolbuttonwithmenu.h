@@ -65,7 +65,8 @@ public:
     virtual void ActionTriggeredHandler(QAction *action);
 
 public Q_SLOTS:
-    /// Closes the popup as a click would, if @p widget is visible.
+    /// Closes the popup as a click would, if @p widget is visible. It may have died: a queued call is
+    /// good.
     void OnCloseMenu(QWidget *widget, bool isChecked);
     /// Takes a trigger of the action that sends it.
     void OnActionTriggered(bool checked);
