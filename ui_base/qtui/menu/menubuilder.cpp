@@ -25,12 +25,11 @@
 
 namespace Vela::UiBase {
 
-/// Shares an object that a Qt parent owns too: whoever comes second deletes nothing.
+/// Shares an object that belongs to its Qt parent: no share deletes it.
 template<typename Object>
 static QSharedPointer<Object> Share(Object *object)
 {
-    return QSharedPointer<Object>(object,
-                                  [guard = QPointer<Object>(object)](Object *) { delete guard; });
+    return QSharedPointer<Object>(object, [](Object *) {});
 }
 
 /// The nearest length that a widget can be given. QWIDGETSIZE_MAX itself stands for no limit.
@@ -336,10 +335,13 @@ MenuBuilder::MenuBuilder(MenuBuilderPrivate &dd, QWidget *parent)
 
 MenuBuilder::~MenuBuilder()
 {
-    // A caller's share keeps the pointer, but as a child the button ends with its bar.
-    for (const QSharedPointer<QToolButton> &button : std::as_const(d_ptr->menuBarItems)) {
-        if (button)
+    const auto items = std::exchange(d_ptr->menuBarItems, {});
+    for (const QSharedPointer<QToolButton> &button : items) {
+        if (button) {
+            // A caller's share keeps the pointer, but the button ends with its bar, wherever it is.
             button->disconnect(this);
+            delete button.data();
+        }
     }
 }
 

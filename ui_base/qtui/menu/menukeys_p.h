@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <QEvent>
 #include <QObject>
 #include <QPointer>
 #include <QVector>

@@ -1042,8 +1042,12 @@ void TestMenuBuilder::itemsHeldByOthersEndWithTheBar()
     QVERIFY(bar->add(File));
     QSharedPointer<QToolButton> held = bar->GetMenuBarItem(File);
     const QPointer<QToolButton> button(held.data());
+    QVERIFY(bar->add(Edit));
+    const QPointer<QToolButton> elsewhere(bar->GetMenuBarItem(Edit).data());
+    elsewhere->setParent(&window);
     bar.reset();
     QVERIFY(!button);
+    QVERIFY(!elsewhere);
     held.clear();
 }
 
