@@ -10,9 +10,9 @@
 #include <QCoreApplication>
 #include <QGuiApplication>
 #include <QKeyEvent>
-#include <QMainWindow>
 #include <QMenu>
 #include <QStyle>
+#include <QWidget>
 
 #include <algorithm>
 #include <utility>
@@ -57,7 +57,7 @@ static bool InterruptsTap(const QEvent &event)
     }
 }
 
-MenuKeys::MenuKeys(LumoMenuManager &manager, QMainWindow *window, SManagerLinks links)
+MenuKeys::MenuKeys(LumoMenuManager &manager, QWidget *window, SManagerLinks links)
     : QObject(&manager)
     , m_manager(manager)
     , m_window(window)

@@ -13,8 +13,8 @@
 class QAbstractButton;
 class QAction;
 class QKeyEvent;
-class QMainWindow;
 class QMenu;
+class QWidget;
 
 namespace Vela::UiBase {
 
@@ -41,7 +41,7 @@ public:
         std::function<void()> stayOpen;              ///< forgets that menus are to hide soon
     };
 
-    MenuKeys(LumoMenuManager &manager, QMainWindow *window, SManagerLinks links);
+    MenuKeys(LumoMenuManager &manager, QWidget *window, SManagerLinks links);
 
     /// Hears what happens to the main window, to linked menus and to their sub menus.
     void OnEvent(QObject *watched, QEvent *event);
@@ -63,7 +63,7 @@ private:
     Buttons ButtonsFromTheLeft() const;
 
     LumoMenuManager &m_manager;
-    const QPointer<QMainWindow> m_window;
+    const QPointer<QWidget> m_window;
     const SManagerLinks m_links;
     QPointer<QMenu> m_menu; // that the keys opened
 };

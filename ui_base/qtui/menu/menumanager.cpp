@@ -61,7 +61,8 @@ public:
 
     LumoMenuManager *const q;
     QMap<QAbstractButton *, QMenu *> buttonMenus;
-    QPointer<QMainWindow> mainWindow;
+    /// A widget only: it is compared while it ends, when it is a QMainWindow no more.
+    QPointer<QWidget> mainWindow;
     int menuOffsetY;
     bool customHover;
     QTimer *menuHideTimer = nullptr;
