@@ -63,6 +63,7 @@ private:
     Buttons ButtonsFromTheLeft() const;
 
     LumoMenuManager &m_manager;
+    // Told of events until its very end, when it is a main window no more.
     const QPointer<QWidget> m_window;
     const SManagerLinks m_links;
     QPointer<QMenu> m_menu; // that the keys opened

@@ -706,6 +706,7 @@ void TestLumoMenuManager::dyingWindowIsSurvived()
     auto *button = new QToolButton(window.get());
     manager.AddButtonMenuLinkage(button, new QMenu(button));
     manager.Start();
+    window->show(); // one on the screen tells of its hiding, when it is a main window no more
     window.reset();
     manager.Stop();
     manager.OnMenuHideTimerTimeOut();
