@@ -13,6 +13,7 @@
 class QAbstractButton;
 class QAction;
 class QKeyEvent;
+class QWidget;
 class QMenu;
 class QWidget;
 
@@ -65,6 +66,7 @@ private:
     LumoMenuManager &m_manager;
     // Told of events until its very end, when it is a main window no more.
     const QPointer<QWidget> m_window;
+    const QPointer<QWidget> m_window; // also while it is being destroyed
     const SManagerLinks m_links;
     QPointer<QMenu> m_menu; // that the keys opened
 };
