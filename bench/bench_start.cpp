@@ -13,11 +13,10 @@
 #include <spawn.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
+#include <unistd.h>
 
 #include <array>
 #include <string>
-
-extern char **environ;
 
 namespace {
 

@@ -120,11 +120,10 @@ bool isOneOf(const QStringList &elements, const QStringRef &element)
 
 void addSelector(SSheetScope &scope, const SSelector &selector, bool setsProperties)
 {
-    if (selector.looksAround)
-        scope.isCommon = false;
-    else if (!selector.names.isEmpty())
+    const bool isForNames = !selector.looksAround && !selector.names.isEmpty();
+    if (isForNames)
         scope.names |= selector.names;
-    else if (setsProperties)
+    else if (selector.looksAround || setsProperties)
         scope.isCommon = false;
 }
 
