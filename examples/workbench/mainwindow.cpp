@@ -94,6 +94,9 @@ MainWindow::~MainWindow()
     disconnect(m_document.get(), nullptr, this, nullptr);
     disconnect(m_images.get(), nullptr, this, nullptr);
     disconnect(&preferences(), nullptr, this, nullptr);
+    // A panel that is open ends when the window is hidden.
+    for (MeshPanelCommand *command : commands().meshFlyouts())
+        disconnect(command, nullptr, this, nullptr);
 }
 
 Vela::UiToolkit::TaskDialog *MainWindow::problem() const
