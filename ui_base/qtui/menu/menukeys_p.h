@@ -13,7 +13,6 @@
 class QAbstractButton;
 class QAction;
 class QKeyEvent;
-class QWidget;
 class QMenu;
 class QWidget;
 
@@ -64,9 +63,7 @@ private:
     Buttons ButtonsFromTheLeft() const;
 
     LumoMenuManager &m_manager;
-    // Told of events until its very end, when it is a main window no more.
     const QPointer<QWidget> m_window;
-    const QPointer<QWidget> m_window; // also while it is being destroyed
     const SManagerLinks m_links;
     QPointer<QMenu> m_menu; // that the keys opened
 };

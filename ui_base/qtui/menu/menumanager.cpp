@@ -62,8 +62,6 @@ public:
     LumoMenuManager *const q;
     QMap<QAbstractButton *, QMenu *> buttonMenus;
     /// A widget only: it is compared while it ends, when it is a QMainWindow no more.
-    // Tells of events until its very end, when it is a main window no more.
-    // As a widget: it is asked for while it is being destroyed, when it is nothing more.
     QPointer<QWidget> mainWindow;
     int menuOffsetY;
     bool customHover;
