@@ -10,6 +10,7 @@
 #include "commands/opencommand.h"
 #include "commands/pickcommand.h"
 #include "commands/savecommand.h"
+#include "commands/selectioncommand.h"
 #include "commands/showallcommand.h"
 #include "commands/smoothcommand.h"
 #include "commands/subdividecommand.h"
@@ -89,6 +90,10 @@ void AppManager::makeCommands(const std::shared_ptr<MeshDocument> &document, Cho
     m_commands.smooth = std::make_shared<SmoothCommand>(document);
     m_commands.subdivide = std::make_shared<SubdivideCommand>(document);
     m_commands.flipNormals = std::make_shared<FlipNormalsCommand>(document);
+    for (const ESelectionChange change : {ESelectionChange::Grow, ESelectionChange::Invert,
+                                          ESelectionChange::Clear, ESelectionChange::Delete})
+        m_commands.selectionChanges.push_back(
+            std::make_shared<SelectionCommand>(change, document));
     m_commands.pick = std::make_shared<PickCommand>();
     m_commands.showAll = std::make_shared<ShowAllCommand>();
     m_commands.compare = std::make_shared<CompareCommand>();
@@ -146,6 +151,9 @@ void AppManager::makeGroups()
     addTo(*m_commands.flyouts, m_commands.subdivideFlyout);
     addTo(*m_commands.flyouts, m_commands.decimateFlyout);
     addTo(*m_commands.flyouts, m_commands.measureFlyout);
+    m_commands.selection = makeGroup(QStringLiteral("selection"));
+    for (const auto &change : m_commands.selectionChanges)
+        addTo(*m_commands.selection, change);
 
     m_commands.program = makeGroup(QStringLiteral("program"));
     m_commands.program->groupActionGroup()->setExclusive(false);

@@ -11,6 +11,7 @@
 namespace Vela::UiBase {
 class CommandBase;
 class CommandGroup;
+class CycleCheckableCommand;
 } // namespace Vela::UiBase
 
 namespace Workbench {
@@ -29,6 +30,7 @@ class OpenCommand;
 class PickCommand;
 class PreferencesCommand;
 class SaveCommand;
+class SelectionCommand;
 class ShowAllCommand;
 class SmoothCommand;
 class SmoothFlyout;
@@ -59,6 +61,9 @@ struct CommandSet
     std::vector<std::shared_ptr<DisplayModeCommand>> modes;
     std::vector<std::shared_ptr<AttributeCommand>> attributes;
     ImageCommandSet images;
+    std::vector<std::shared_ptr<SelectionCommand>> selectionChanges;
+    /// Goes on to the next display mode; it has a key and no button.
+    std::shared_ptr<Vela::UiBase::CycleCheckableCommand> nextMode;
 
     std::shared_ptr<Vela::UiBase::CommandGroup> files;
     std::shared_ptr<Vela::UiBase::CommandGroup> editing;
@@ -68,6 +73,8 @@ struct CommandSet
 
     std::shared_ptr<Vela::UiBase::CommandGroup>
         flyouts; ///< commands with panels, at the end of the strip
+    /// What can be done with selected faces; on the screen while there are some.
+    std::shared_ptr<Vela::UiBase::CommandGroup> selection;
     std::shared_ptr<Vela::UiBase::CommandGroup> program; ///< dialogs beside the work; menus only
 
     /// The groups that the strip has buttons for, in their order.

@@ -5,6 +5,7 @@
 #include "commands/flipnormalscommand.h"
 #include "commands/opencommand.h"
 #include "commands/savecommand.h"
+#include "commands/selectioncommand.h"
 #include "commands/smoothcommand.h"
 #include "commands/subdividecommand.h"
 #include "mesh/cancellation.h"
@@ -357,6 +358,47 @@ private Q_SLOTS:
         QCOMPARE(flip.commandId(), FlipNormalsCommand::className());
         QVERIFY(!smooth.icon().isNull());
         QVERIFY(!flip.icon().isNull());
+    }
+
+    void selectionGrowsTurnsRoundAndGoes()
+    {
+        const auto document = documentWith(TestMeshes::grid(3));
+        document->select({0});
+        SelectionCommand(ESelectionChange::Grow, document).trigger();
+        QCOMPARE(document->selection(), QVector<int>({0, 1, 2, 3, 4, 6, 7, 8, 9}));
+        SelectionCommand(ESelectionChange::Invert, document).trigger();
+        QCOMPARE(document->selection(), QVector<int>({5, 10, 11, 12, 13, 14, 15, 16, 17}));
+        SelectionCommand(ESelectionChange::Clear, document).trigger();
+        QCOMPARE(document->selection(), QVector<int>());
+        QVERIFY(!document->isModified());
+    }
+
+    void selectedFacesAreDeleted()
+    {
+        const auto document = documentWith(TestMeshes::grid(1));
+        document->select({1});
+        SelectionCommand(ESelectionChange::Delete, document).trigger();
+        QCOMPARE(document->mesh().faces.size(), 1);
+        QVERIFY(document->isModified());
+        QVERIFY(document->selection().isEmpty());
+    }
+
+    void theLastFacesAreNotDeleted()
+    {
+        const auto document = documentWith(TestMeshes::tetrahedron());
+        document->select({0, 1, 2, 3});
+        QSignalSpy problems(document.get(), &MeshDocument::problemReported);
+        SelectionCommand(ESelectionChange::Delete, document).trigger();
+        QCOMPARE(document->mesh().faces.size(), 4);
+        QCOMPARE(problems.count(), 1);
+    }
+
+    void selectionCommandsDoNothingWithoutASelection()
+    {
+        const auto document = documentWith(TestMeshes::tetrahedron());
+        SelectionCommand command(ESelectionChange::Invert, document);
+        QVERIFY(!command.onExecuteAsync(false));
+        QVERIFY(document->selection().isEmpty());
     }
 
     void theClockCountsWhatRuns()
