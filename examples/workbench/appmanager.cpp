@@ -4,6 +4,7 @@
 #include "appmanager.h"
 
 #include "commands/attributecommand.h"
+#include "commands/barscommand.h"
 #include "commands/comparecommand.h"
 #include "commands/displaymodecommand.h"
 #include "commands/flipnormalscommand.h"
@@ -30,6 +31,7 @@
 #include <lumo_app_service/ApplicationService>
 #include <ui_base/CommandBag>
 #include <ui_base/CommandGroup>
+#include <ui_base/CycleCheckableCommand>
 
 #include <QActionGroup>
 #include <QCoreApplication>
@@ -42,18 +44,35 @@ namespace Workbench {
 using Vela::Services::ApplicationService;
 using Vela::UiBase::CommandBase;
 using Vela::UiBase::CommandGroup;
+using Vela::UiBase::CycleCheckableCommand;
 
 namespace {
 
 template<typename Command>
 void addTo(CommandGroup &group, const std::shared_ptr<Command> &command)
 {
-    group.addCommand(command, int(group.groupActionGroup()->actions().size()));
+    group.addCommand(command, int(group.groupActionGroup()->actions().size()) + 1);
 }
 
 std::shared_ptr<CommandGroup> makeGroup(const QString &name)
 {
     return std::make_shared<CommandGroup>(QString(), QString(), name);
+}
+
+/// A group whose commands have their buttons side by side on a panel of the bar that it comes to.
+std::shared_ptr<CommandGroup> makePanelGroup(const QString &name)
+{
+    auto group = makeGroup(name);
+    group->setVirtualGroup(true);
+    group->groupActionGroup()->setExclusive(false);
+    return group;
+}
+
+template<typename Command>
+void addToPanel(CommandGroup &group, const std::shared_ptr<Command> &command)
+{
+    command->setBaseGroupName(group.objectName());
+    addTo(group, command);
 }
 
 } // namespace
@@ -92,8 +111,7 @@ void AppManager::makeCommands(const std::shared_ptr<MeshDocument> &document, Cho
     m_commands.flipNormals = std::make_shared<FlipNormalsCommand>(document);
     for (const ESelectionChange change : {ESelectionChange::Grow, ESelectionChange::Invert,
                                           ESelectionChange::Clear, ESelectionChange::Delete})
-        m_commands.selectionChanges.push_back(
-            std::make_shared<SelectionCommand>(change, document));
+        m_commands.selectionChanges.push_back(std::make_shared<SelectionCommand>(change, document));
     m_commands.pick = std::make_shared<PickCommand>();
     m_commands.showAll = std::make_shared<ShowAllCommand>();
     m_commands.compare = std::make_shared<CompareCommand>();
@@ -101,6 +119,7 @@ void AppManager::makeCommands(const std::shared_ptr<MeshDocument> &document, Cho
     m_commands.subdivideFlyout = std::make_shared<SubdivideFlyout>(document);
     m_commands.decimateFlyout = std::make_shared<DecimateFlyout>(document);
     m_commands.measureFlyout = std::make_shared<MeasureFlyout>(document);
+    m_commands.bars = std::make_shared<BarsCommand>();
     m_commands.preferences = std::make_shared<PreferencesCommand>(m_preferences);
     m_commands.log = std::make_shared<LogCommand>(m_log);
     m_commands.about = std::make_shared<AboutCommand>();
@@ -121,45 +140,65 @@ void AppManager::makeDisplayCommands()
 
 void AppManager::makeGroups()
 {
-    m_commands.files = makeGroup(QStringLiteral("files"));
-    addTo(*m_commands.files, m_commands.open);
-    addTo(*m_commands.files, m_commands.images.open);
-    addTo(*m_commands.files, m_commands.save);
+    m_commands.files = makePanelGroup(QStringLiteral("1 files"));
+    addToPanel(*m_commands.files, m_commands.open);
+    addToPanel(*m_commands.files, m_commands.images.open);
+    addToPanel(*m_commands.files, m_commands.save);
 
-    m_commands.editing = makeGroup(QStringLiteral("editing"));
-    addTo(*m_commands.editing, m_commands.smooth);
-    addTo(*m_commands.editing, m_commands.subdivide);
-    addTo(*m_commands.editing, m_commands.flipNormals);
+    m_commands.editing = makePanelGroup(QStringLiteral("3 editing"));
+    addToPanel(*m_commands.editing, m_commands.smooth);
+    addToPanel(*m_commands.editing, m_commands.subdivide);
+    addToPanel(*m_commands.editing, m_commands.flipNormals);
 
-    m_commands.display = makeGroup(QStringLiteral("display"));
-    for (const auto &mode : m_commands.modes)
-        addTo(*m_commands.display, mode);
+    m_commands.flyouts = makeGroup(QStringLiteral("2 flyouts"));
+    m_commands.flyouts->setVirtualGroup(true); // with its buttons side by side; one panel at a time
+    addToPanel(*m_commands.flyouts, m_commands.smoothFlyout);
+    addToPanel(*m_commands.flyouts, m_commands.subdivideFlyout);
+    addToPanel(*m_commands.flyouts, m_commands.decimateFlyout);
+    addToPanel(*m_commands.flyouts, m_commands.measureFlyout);
 
-    m_commands.drawn = makeGroup(QStringLiteral("drawn"));
-    m_commands.drawn->groupActionGroup()->setExclusive(false);
-    for (const auto &attribute : m_commands.attributes)
-        addTo(*m_commands.drawn, attribute);
-
-    m_commands.watching = makeGroup(QStringLiteral("watching"));
-    m_commands.watching->groupActionGroup()->setExclusive(false);
-    addTo(*m_commands.watching, m_commands.pick);
-    addTo(*m_commands.watching, m_commands.showAll);
-    addTo(*m_commands.watching, m_commands.compare);
-
-    m_commands.flyouts = makeGroup(QStringLiteral("flyouts"));
-    addTo(*m_commands.flyouts, m_commands.smoothFlyout);
-    addTo(*m_commands.flyouts, m_commands.subdivideFlyout);
-    addTo(*m_commands.flyouts, m_commands.decimateFlyout);
-    addTo(*m_commands.flyouts, m_commands.measureFlyout);
-    m_commands.selection = makeGroup(QStringLiteral("selection"));
+    m_commands.selection = makePanelGroup(QStringLiteral("selection"));
     for (const auto &change : m_commands.selectionChanges)
-        addTo(*m_commands.selection, change);
+        addToPanel(*m_commands.selection, change);
 
     m_commands.program = makeGroup(QStringLiteral("program"));
     m_commands.program->groupActionGroup()->setExclusive(false);
     addTo(*m_commands.program, m_commands.preferences);
     addTo(*m_commands.program, m_commands.log);
     addTo(*m_commands.program, m_commands.about);
+    makeViewingGroups();
+}
+
+void AppManager::makeViewingGroups()
+{
+    m_commands.display = std::make_shared<CommandGroup>(
+        QStringLiteral("cmd_shaded"),
+        QCoreApplication::translate("Workbench::AppManager", "How the surface is drawn"),
+        QStringLiteral("display"));
+    m_commands.display->setBaseGroupName(QStringLiteral("1 display"));
+    m_commands.display->setGrid(true);
+    m_commands.display->setGridSize(2);
+    for (const auto &mode : m_commands.modes)
+        addTo(*m_commands.display, mode);
+    m_commands.nextMode = std::make_shared<CycleCheckableCommand>(nullptr, QKeySequence(Qt::Key_M),
+                                                                  m_commands.display.get());
+    m_commands.nextMode->setText(
+        QCoreApplication::translate("Workbench::AppManager", "Ne&xt Display Mode"));
+
+    m_commands.drawn = makePanelGroup(QStringLiteral("2 drawn"));
+    for (const auto &attribute : m_commands.attributes)
+        addToPanel(*m_commands.drawn, attribute);
+
+    m_commands.watching = makePanelGroup(QStringLiteral("3 watching"));
+    addToPanel(*m_commands.watching, m_commands.pick);
+    addToPanel(*m_commands.watching, m_commands.showAll);
+    addToPanel(*m_commands.watching, m_commands.compare);
+
+    m_commands.viewing = makeGroup(QStringLiteral("viewing"));
+    m_commands.viewing->groupActionGroup()->setExclusive(false);
+    addTo(*m_commands.viewing, m_commands.display);
+    addTo(*m_commands.viewing, m_commands.drawn);
+    addTo(*m_commands.viewing, m_commands.watching);
 }
 
 QList<CommandBase *> AppManager::commands(Vela::UiBase::CmdsViewController *controller)
@@ -176,10 +215,17 @@ QList<CommandBase *> AppManager::commands(Vela::UiBase::CmdsViewController *cont
         groups.append(group);
     groups.append(m_commands.flyouts.get());
     groups.append(m_commands.program.get());
-    for (CommandBase *group : qAsConst(groups)) {
-        for (const auto &[id, command] : static_cast<CommandGroup *>(group)->commandBag())
+    groups.append(m_commands.nextMode.get());
+    groups.append(m_commands.bars.get());
+    for (CommandBase *command : m_commands.all())
+        command->setViewController(controller);
+    for (const CommandGroup *group : {m_commands.flyouts.get(), m_commands.program.get()}) {
+        for (const auto &[id, command] : group->commandBag())
             command->setViewController(controller);
     }
+    for (CommandBase *command :
+         std::initializer_list<CommandBase *> {m_commands.nextMode.get(), m_commands.bars.get()})
+        command->setViewController(controller);
     return groups;
 }
 

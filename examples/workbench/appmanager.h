@@ -52,6 +52,7 @@ private:
                       Chooser saveChooser);
     void makeDisplayCommands();
     void makeGroups();
+    void makeViewingGroups();
 
     const std::shared_ptr<MessageLog> m_log;
     const std::shared_ptr<Preferences> m_preferences;

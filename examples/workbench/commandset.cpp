@@ -15,23 +15,47 @@
 #include <ui_base/CommandBag>
 #include <ui_base/CommandGroup>
 
+#include <algorithm>
+
 namespace Workbench {
 
 using Vela::UiBase::CommandBase;
 using Vela::UiBase::CommandGroup;
 
+namespace {
+
+void collect(const CommandGroup &group, std::vector<CommandBase *> &commands)
+{
+    for (const auto &[id, command] : group.commandBag()) {
+        if (const auto *const child = qobject_cast<const CommandGroup *>(command.get()))
+            collect(*child, commands);
+        else
+            commands.push_back(command.get());
+    }
+}
+
+} // namespace
+
 std::vector<CommandGroup *> CommandSet::groups() const
 {
-    return {files.get(), editing.get(), display.get(), drawn.get(), watching.get()};
+    return {files.get(), editing.get(), viewing.get(), selection.get()};
 }
 
 std::vector<CommandBase *> CommandSet::all() const
 {
     std::vector<CommandBase *> commands;
-    for (const CommandGroup *group : groups()) {
-        for (const auto &[id, command] : group->commandBag())
-            commands.push_back(command.get());
-    }
+    for (const CommandGroup *group : groups())
+        collect(*group, commands);
+    return commands;
+}
+
+std::vector<CommandBase *> CommandSet::withButtons() const
+{
+    std::vector<CommandBase *> commands = all();
+    collect(*flyouts, commands);
+    commands.erase(std::remove_if(commands.begin(), commands.end(),
+                                  [](const auto *command) { return !command->toolButton(); }),
+                   commands.end());
     return commands;
 }
 

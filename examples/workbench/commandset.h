@@ -19,6 +19,7 @@ namespace Workbench {
 class AboutCommand;
 class AttributeCommand;
 class BackgroundCommand;
+class BarsCommand;
 class CompareCommand;
 class DecimateFlyout;
 class DisplayModeCommand;
@@ -55,6 +56,7 @@ struct CommandSet
     std::shared_ptr<SubdivideFlyout> subdivideFlyout;
     std::shared_ptr<DecimateFlyout> decimateFlyout;
     std::shared_ptr<MeasureFlyout> measureFlyout;
+    std::shared_ptr<BarsCommand> bars;
     std::shared_ptr<PreferencesCommand> preferences;
     std::shared_ptr<LogCommand> log;
     std::shared_ptr<AboutCommand> about;
@@ -70,9 +72,10 @@ struct CommandSet
     std::shared_ptr<Vela::UiBase::CommandGroup> display;  ///< the modes, of which one is checked
     std::shared_ptr<Vela::UiBase::CommandGroup> drawn;    ///< the attributes, any number checked
     std::shared_ptr<Vela::UiBase::CommandGroup> watching; ///< what changes the view of the mesh
+    std::shared_ptr<Vela::UiBase::CommandGroup> viewing;  ///< the three groups before
 
-    std::shared_ptr<Vela::UiBase::CommandGroup>
-        flyouts; ///< commands with panels, at the end of the strip
+    /// Commands with panels, which stand at the left of the view.
+    std::shared_ptr<Vela::UiBase::CommandGroup> flyouts;
     /// What can be done with selected faces; on the screen while there are some.
     std::shared_ptr<Vela::UiBase::CommandGroup> selection;
     std::shared_ptr<Vela::UiBase::CommandGroup> program; ///< dialogs beside the work; menus only
@@ -82,6 +85,9 @@ struct CommandSet
 
     /// All commands that stand in those groups.
     std::vector<Vela::UiBase::CommandBase *> all() const;
+
+    /// Those of them that have a button, and the ones with panels.
+    std::vector<Vela::UiBase::CommandBase *> withButtons() const;
 
     /// Those that change the mesh.
     std::vector<Vela::UiBase::CommandBase *> edits() const;

@@ -5,6 +5,7 @@
 
 #include "commandclock.h"
 #include "commands/attributecommand.h"
+#include "commands/barscommand.h"
 #include "commands/comparecommand.h"
 #include "commands/displaymodecommand.h"
 #include "commands/flipnormalscommand.h"
@@ -31,13 +32,15 @@
 #include "meshdocument.h"
 #include "preferences.h"
 #include "statusline.h"
-#include "toolbar/commandbar.h"
+#include "toolbar/commandbars.h"
+#include "toolbar/viewingbar.h"
 #include "view/meshview.h"
 #include "view/viewpane.h"
 
 #include <lumo_app_service/ApplicationService>
 #include <tessel/dispatch.h>
 #include <ui_base/CommandGroup>
+#include <ui_base/CycleCheckableCommand>
 
 #include <QActionGroup>
 #include <QCloseEvent>
@@ -68,7 +71,6 @@ MainWindow::MainWindow()
     , m_manager(std::make_unique<AppManager>(
           m_document, m_images, [this] { return chooseFile(); }, [this] { return chooseTarget(); },
           [this] { return chooseImage(); }))
-    , m_bar(new CommandBar(commands()))
     , m_pane(new ViewPane(m_document))
     , m_imagePage(new ImagePage(m_images, commands().images))
     , m_status(new StatusLine)
@@ -126,17 +128,18 @@ void MainWindow::buildLayout()
     auto *column = new QVBoxLayout(center);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
-    column->addWidget(m_bar);
     column->addWidget(m_pane, 1);
     column->addWidget(m_imagePage, 1);
     m_imagePage->hide();
     setCentralWidget(center);
+    // The panel floats over the pane, whose windows are made for that where they stand now.
+    m_bars = std::make_unique<CommandBars>(commands(), m_document, m_pane, this);
+    column->addWidget(&m_bars->strip());
     setStatusBar(m_status);
 }
 
 void MainWindow::connectMenu()
 {
-    m_menu->addPanel(*m_bar, tr("&Strip of Commands"));
     m_menu->addPanel(*m_status, tr("S&tatus Line"));
     connect(m_menu, &MainMenu::recentChosen, this, &MainWindow::openRecent);
 }
@@ -225,7 +228,7 @@ bool MainWindow::mayLoseChanges()
 void MainWindow::applyPreferences()
 {
     const SPreferences &values = preferences().values();
-    m_bar->setCardsEnabled(values.hasCards);
+    m_bars->setCardsEnabled(values.hasCards);
     commands().smooth->enableExecutionNotification(values.hasNotifications);
     commands().subdivide->enableExecutionNotification(values.hasNotifications);
     for (MeshPanelCommand *command : commands().meshFlyouts())
@@ -292,10 +295,12 @@ void MainWindow::showImage(bool show)
     if (show) {
         closePanels();
         m_pane->hide();
+        m_bars->strip().hide();
         m_imagePage->show();
     } else {
         m_imagePage->hide();
         m_pane->show();
+        m_bars->strip().setVisible(commands().bars->isChecked());
     }
     showTitle();
     showSizes();

@@ -13,7 +13,7 @@
 
 namespace Workbench {
 
-class CommandBar;
+class CommandBars;
 class CommandClock;
 class ImageDocument;
 class ImagePage;
@@ -23,7 +23,7 @@ class MeshViewController;
 class StatusLine;
 class ViewPane;
 
-/// The window: menus and a strip of commands, the view of the mesh or an image in its place, and the
+/// The window: menus, the view with the bars around it of the mesh or an image in its place, and the
 /// status line. A dialog tells of a problem until it is closed or a file is opened.
 ///
 /// Closing it asks about unsaved changes. During a run it then cancels the run, takes the window
@@ -46,7 +46,7 @@ public:
     CommandClock &clock() const { return *m_clock; }
     MeshDocument &document() const { return *m_document; }
     ImageDocument &images() const { return *m_images; }
-    CommandBar &bar() const { return *m_bar; }
+    CommandBars &bars() const { return *m_bars; }
     MainMenu &menu() const { return *m_menu; }
     RecentFiles &recentFiles() { return m_recent; }
     StatusLine &statusLine() const { return *m_status; }
@@ -88,8 +88,8 @@ private:
     const std::shared_ptr<ImageDocument> m_images;
     const std::shared_ptr<CommandClock> m_clock;
     const std::unique_ptr<AppManager> m_manager;
-    CommandBar *const m_bar;
     ViewPane *const m_pane;
+    std::unique_ptr<CommandBars> m_bars;
     ImagePage *const m_imagePage;
     StatusLine *const m_status;
     RecentFiles m_recent;

@@ -4,6 +4,7 @@
 #include "menu/mainmenu.h"
 
 #include "commands/attributecommand.h"
+#include "commands/barscommand.h"
 #include "commands/comparecommand.h"
 #include "commands/displaymodecommand.h"
 #include "commands/opencommand.h"
@@ -18,6 +19,7 @@
 #include "menu/recentfiles.h"
 
 #include <ui_base/CommandGroup>
+#include <ui_base/CycleCheckableCommand>
 
 #include <lumo_common_res/Styles>
 
@@ -115,7 +117,7 @@ void MainMenu::buildView(const CommandSet &commands)
 {
     const QString &view = m_names.at(2);
     AddDropDownMenu(view, actionsOf(commands.modes), nullptr);
-    AddDropDownMenu(view, {nullptr}, nullptr);
+    AddDropDownMenu(view, {commands.nextMode.get(), nullptr}, nullptr);
     AddDropDownMenu(view, actionsOf(commands.attributes), nullptr);
     AddDropDownMenu(view, {nullptr, commands.showAll.get()}, nullptr);
 }
@@ -125,7 +127,7 @@ void MainMenu::buildRest(const CommandSet &commands)
     const QString &tools = m_names.at(3);
     AddDropDownMenu(tools, {commands.pick.get(), commands.compare.get(), nullptr}, nullptr);
     AddDropDownMenu(tools, commands.flyouts->groupActionGroup()->actions().toVector(), nullptr);
-    AddDropDownMenu(m_names.at(4), {commands.log.get()}, nullptr);
+    AddDropDownMenu(m_names.at(4), {commands.bars.get(), commands.log.get()}, nullptr);
     AddDropDownMenu(m_names.at(5), {commands.about.get()}, nullptr);
 }
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The lumo_ui_base authors
 // SPDX-License-Identifier: MIT
 
-#include "toolbar/commandbar.h"
+#include "toolbar/commandbars.h"
 
 #include "commandclock.h"
 #include "commands/displaymodecommand.h"
@@ -36,18 +36,18 @@ private Q_SLOTS:
     {
         MainWindow window;
         std::set<ToolButton *> buttons;
-        for (const CommandBase *command : window.commands().all()) {
+        for (const CommandBase *command : window.commands().withButtons()) {
             QVERIFY2(command->toolButton(), qPrintable(command->commandId()));
             QCOMPARE(command->toolButton()->Action(), command);
             buttons.insert(command->toolButton());
         }
-        QCOMPARE(buttons.size(), window.commands().all().size());
+        QCOMPARE(buttons.size(), window.commands().withButtons().size());
     }
 
     void everyIconHasAPictureForThePointer()
     {
         MainWindow window;
-        for (const CommandBase *command : window.commands().all()) {
+        for (const CommandBase *command : window.commands().withButtons()) {
             const QIcon icon = command->icon();
             const QImage normal = icon.pixmap(24, QIcon::Normal, QIcon::On).toImage();
             const QImage active = icon.pixmap(24, QIcon::Active, QIcon::On).toImage();
@@ -61,7 +61,7 @@ private Q_SLOTS:
     {
         MainWindow window;
         window.show();
-        for (const CommandBase *command : window.commands().all()) {
+        for (const CommandBase *command : window.commands().withButtons()) {
             const ToolButton *button = command->toolButton();
             QCOMPARE(button->size(), QSize(36, 36));
             QCOMPARE(button->visibleRegion(), QRegion(button->rect()));
@@ -95,7 +95,7 @@ private Q_SLOTS:
     {
         MainWindow window;
         window.show();
-        for (CommandBase *command : window.commands().all()) {
+        for (CommandBase *command : window.commands().withButtons()) {
             command->setEnabled(true);
             const ATooltipEx *card = showCard(window, *command);
             QVERIFY2(card, qPrintable(command->commandId()));
@@ -118,7 +118,7 @@ private Q_SLOTS:
         QVERIFY(showCard(window, *window.commands().modes[0]));
         QVERIFY(showCard(window, *window.commands().modes[1]));
         QVERIFY(!one->GetTooltipObject()->IsVisible());
-        QCOMPARE(window.bar().explainedButton(), window.commands().modes[1]->toolButton());
+        QCOMPARE(window.bars().explainedButton(), window.commands().modes[1]->toolButton());
     }
 
     void f1OpensAndClosesTheCard()
@@ -131,7 +131,7 @@ private Q_SLOTS:
         QTRY_VERIFY(card->IsAdvancedWidgetVisible());
         QTest::keyClick(&window, Qt::Key_F1);
         QTRY_VERIFY(!card->IsAdvancedWidgetVisible());
-        QVERIFY(window.bar().explainedButton());
+        QVERIFY(window.bars().explainedButton());
     }
 
     void f1WithoutACardDoesNothing()
@@ -140,7 +140,7 @@ private Q_SLOTS:
         window.show();
         QVERIFY(QTest::qWaitForWindowActive(&window));
         QTest::keyClick(&window, Qt::Key_F1);
-        QVERIFY(!window.bar().explainedButton());
+        QVERIFY(!window.bars().explainedButton());
     }
 
     void aWindowGoesWhileACardIsUp()
@@ -156,7 +156,7 @@ private:
     {
         TooltipObject *tooltip = command.toolButton()->GetTooltipObject();
         tooltip->ShowTooltip();
-        return window.bar().explainedButton() == command.toolButton()
+        return window.bars().explainedButton() == command.toolButton()
             ? qobject_cast<ATooltipEx *>(tooltip->TooltipControl())
             : nullptr;
     }

@@ -16,7 +16,7 @@
 #include "support/mouse.h"
 #include "support/testcase.h"
 #include "support/testmain.h"
-#include "toolbar/commandbar.h"
+#include "toolbar/commandbars.h"
 #include "view/meshview.h"
 #include "view/viewpane.h"
 #include "waypoints.h"

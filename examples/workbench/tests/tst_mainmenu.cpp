@@ -15,7 +15,7 @@
 #include "statusline.h"
 #include "support/testcase.h"
 #include "support/testmain.h"
-#include "toolbar/commandbar.h"
+#include "toolbar/commandbars.h"
 
 #include <ui_base/TaskDialog>
 

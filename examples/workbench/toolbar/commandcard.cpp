@@ -8,6 +8,7 @@
 #include <ui_base/TooltipEx>
 #include <ui_base/TooltipExFactory>
 #include <ui_base/TooltipObject>
+#include <ui_base/WidgetPosCalculator>
 
 #include <QCoreApplication>
 #include <QPointer>
@@ -39,15 +40,16 @@ QWidget *makeCard(const CommandBase &command)
 
 } // namespace
 
-void explainByCard(ToolButton &button, const CommandBase &command)
+void explainByCard(ToolButton &button, const CommandBase &command, EDirection side)
 {
     button.GetTooltipObject()->SetPreparation(
-        [asked = QPointer<const CommandBase>(&command)](ATooltipObject &tooltip) {
+        [asked = QPointer<const CommandBase>(&command), side](ATooltipObject &tooltip) {
             if (!asked)
                 return;
             // The card has a frame of its own.
             tooltip.SetTooltipControl(makeCard(*asked), false);
             tooltip.SetTooltipType(ATooltipObject::ETooltipType::TooltipHoverBottom);
+            tooltip.GetPosCalculator()->SetDirection(side);
         });
 }
 

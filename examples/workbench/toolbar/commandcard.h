@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include <ui_base/EDirection>
+
 namespace Vela::UiBase {
 class CommandBase;
 class ToolButton;
@@ -12,6 +14,8 @@ namespace Workbench {
 
 /// Has @p button explain its command by a card instead of a line of text: what the command is
 /// called, what it does, and a picture of that. The card is made when it is first needed.
-void explainByCard(Vela::UiBase::ToolButton &button, const Vela::UiBase::CommandBase &command);
+/// @param side where it stands beside the button
+void explainByCard(Vela::UiBase::ToolButton &button, const Vela::UiBase::CommandBase &command,
+                   Vela::UiBase::EDirection side);
 
 } // namespace Workbench

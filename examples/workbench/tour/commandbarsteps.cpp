@@ -3,7 +3,7 @@
 
 #include "commands/smoothcommand.h"
 #include "mainwindow.h"
-#include "toolbar/commandbar.h"
+#include "toolbar/commandbars.h"
 #include "tour/steps.h"
 #include "tour/tourguide.h"
 #include "view/meshview.h"
@@ -32,10 +32,10 @@ ATooltipEx *cardOf(const ToolButton &button)
 void checkButtons(TourGuide &guide)
 {
     guide.begin(TourGuide::tr("Buttons"));
-    for (const CommandBase *command : guide.window().commands().all()) {
+    for (const CommandBase *command : guide.window().commands().withButtons()) {
         const ToolButton *button = command->toolButton();
         guide.check(TourGuide::tr("%1 has a button with a picture").arg(command->iconText()),
-                    button && button->isVisible() && !button->icon().isNull());
+                    button && !button->icon().isNull());
         guide.check(TourGuide::tr("it is enabled and checked as the command is"),
                     button && button->isEnabled() == command->isEnabled()
                         && button->isChecked() == command->isChecked());
@@ -48,7 +48,7 @@ void showCard(TourGuide &guide, const CommandBase &command)
     const ToolButton &button = *command.toolButton();
     guide.begin(TourGuide::tr("Card of %1").arg(command.iconText()));
     guide.pointAt(button, button.rect().center());
-    const auto isUp = [&] { return guide.window().bar().explainedButton() == &button; };
+    const auto isUp = [&] { return guide.window().bars().explainedButton() == &button; };
     guide.check(TourGuide::tr("a card comes up"), guide.waitUntil(isUp));
     ATooltipEx *card = cardOf(button);
     guide.check(TourGuide::tr("it is on the screen"),
@@ -79,7 +79,7 @@ void leaveCard(TourGuide &guide, const CommandBase &command, const QImage &befor
 {
     guide.begin(TourGuide::tr("Card of %1 goes").arg(command.iconText()));
     guide.pointAt(guide.window(), guide.window().rect().bottomLeft() + QPoint(20, -60));
-    const auto isGone = [&] { return !guide.window().bar().explainedButton(); };
+    const auto isGone = [&] { return !guide.window().bars().explainedButton(); };
     guide.check(TourGuide::tr("the card goes with the pointer"), guide.waitUntil(isGone));
     guide.checkViewChanged(TourGuide::tr("it is gone from the screen"), before, 0.0, 0.0);
     guide.finishWithPicture();

@@ -30,6 +30,8 @@ void visitComparison(TourGuide &guide);
 void visitNotifications(TourGuide &guide);
 /// The dialogs beside the work: preferences, log and about.
 void visitDialogs(TourGuide &guide);
+/// The bars around the view: menu, key, row for selected faces, and how they slide.
+void visitBars(TourGuide &guide);
 /// Files that can't be read, another file during a run, and saving.
 void visitFiles(TourGuide &guide);
 /// An image in place of the mesh, and the folder that it comes from.

@@ -1,0 +1,100 @@
+// SPDX-FileCopyrightText: 2026 The lumo_ui_base authors
+// SPDX-License-Identifier: MIT
+
+#include "toolbar/commandbars.h"
+
+#include "commands/barscommand.h"
+#include "commandset.h"
+#include "meshdocument.h"
+#include "toolbar/commandcards.h"
+#include "toolbar/editingpanel.h"
+#include "toolbar/viewingbar.h"
+#include "view/viewpane.h"
+
+#include <ui_base/CommandBag>
+#include <ui_base/CommandGroup>
+#include <ui_base/ToolbarManager>
+
+#include <QEvent>
+
+// The resources stand in a static library, from which the linker takes only what is asked for.
+static void initResources()
+{
+    Q_INIT_RESOURCE(toolbar);
+}
+
+namespace Workbench {
+
+using namespace Vela::UiBase;
+
+CommandBars::CommandBars(const CommandSet &commands, const std::shared_ptr<MeshDocument> &document,
+                         ViewPane *pane, QWidget *parent)
+    : QObject((initResources(), parent))
+    , m_document(document)
+    , m_panel(std::make_unique<EditingPanel>(commands, pane))
+    , m_strip(new ViewingBar(commands, parent))
+    , m_cards(new CommandCards(parent))
+    , m_commands(std::make_unique<const CommandSet>(commands))
+{
+    explainAll(commands);
+    m_groupStates.addObserver(&m_strip->rows());
+    pane->installEventFilter(this);
+    connect(document.get(), &MeshDocument::selectionChanged, this, &CommandBars::followSelection);
+    connect(commands.bars.get(), &QAction::toggled, this, &CommandBars::slide);
+}
+
+CommandBars::~CommandBars() = default;
+
+void CommandBars::explainAll(const CommandSet &commands)
+{
+    for (const CommandGroup *group :
+         {commands.files.get(), commands.flyouts.get(), commands.editing.get()}) {
+        for (const auto &[id, command] : group->commandBag())
+            m_cards->explain(*command, EDirection::Right);
+    }
+    for (const CommandGroup *group : {commands.display.get(), commands.drawn.get(),
+                                      commands.watching.get(), commands.selection.get()}) {
+        for (const auto &[id, command] : group->commandBag())
+            m_cards->explain(*command, EDirection::Top);
+    }
+}
+
+ToolButton *CommandBars::explainedButton() const
+{
+    return m_cards->explainedButton();
+}
+
+void CommandBars::setCardsEnabled(bool enabled)
+{
+    m_cards->setEnabled(enabled);
+}
+
+void CommandBars::followSelection()
+{
+    const bool hasSelection = !m_document->selection().isEmpty();
+    if (hasSelection == m_hasSelection)
+        return;
+    m_hasSelection = hasSelection;
+    m_groupStates.broadcast(hasSelection ? &DynamicCommandGroupStateProtocol::commandGroupBegan
+                                         : &DynamicCommandGroupStateProtocol::commandGroupEnded,
+                            m_commands->selection.get());
+}
+
+// What floats over a widget that is not shown yet does not come with it.
+bool CommandBars::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::Show && m_commands->bars->isChecked())
+        m_panel->ShowMe();
+    return QObject::eventFilter(watched, event);
+}
+
+void CommandBars::slide(bool in)
+{
+    m_strip->slide(in);
+    if (in)
+        m_panel->ShowAnimated();
+    else
+        m_panel->HideAnimated();
+}
+
+} // namespace Workbench
