@@ -39,6 +39,13 @@
 
 #include <utility>
 
+// The icons of commands and the pictures of their cards stand in a static library, from which the
+// linker takes only what is asked for.
+static void initResources()
+{
+    Q_INIT_RESOURCE(toolbar);
+}
+
 namespace Workbench {
 
 using Vela::Services::ApplicationService;
@@ -83,6 +90,7 @@ AppManager::AppManager(const std::shared_ptr<MeshDocument> &document,
     : m_log(MessageLog::make())
     , m_preferences(std::make_shared<Preferences>())
 {
+    initResources();
     m_commands.images = makeImageCommands(images, std::move(imageChooser));
     makeCommands(document, std::move(openChooser), std::move(saveChooser));
     makeDisplayCommands();

@@ -17,19 +17,13 @@
 
 #include <QEvent>
 
-// The resources stand in a static library, from which the linker takes only what is asked for.
-static void initResources()
-{
-    Q_INIT_RESOURCE(toolbar);
-}
-
 namespace Workbench {
 
 using namespace Vela::UiBase;
 
 CommandBars::CommandBars(const CommandSet &commands, const std::shared_ptr<MeshDocument> &document,
                          ViewPane *pane, QWidget *parent)
-    : QObject((initResources(), parent))
+    : QObject(parent)
     , m_document(document)
     , m_panel(std::make_unique<EditingPanel>(commands, pane))
     , m_strip(new ViewingBar(commands, parent))

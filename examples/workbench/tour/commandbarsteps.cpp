@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The lumo_ui_base authors
 // SPDX-License-Identifier: MIT
 
-#include "commands/smoothcommand.h"
+#include "flyouts/smoothflyout.h"
 #include "mainwindow.h"
 #include "toolbar/commandbars.h"
 #include "tour/steps.h"
@@ -96,7 +96,7 @@ void visitCommandBar(TourGuide &guide)
     const QImage before = guide.viewPicture();
     const QWidget *focus = QApplication::focusWidget();
     const QWidget *active = QApplication::activeWindow();
-    const CommandBase &command = *guide.window().commands().smooth;
+    const CommandBase &command = *guide.window().commands().smoothFlyout;
     showCard(guide, command);
     openDetails(guide, command);
     guide.check(TourGuide::tr("the focus has stayed where it was"),
