@@ -69,8 +69,10 @@ SelectionCommand::SelectionCommand(ESelectionChange change, std::shared_ptr<Mesh
     setWhatsThis(tr(description.whatsThis));
     setObjectName(QString::fromLatin1(description.name).toLower() + QLatin1String("_selection"));
     setShortcut(description.key);
+    // The library has no such icons: they are drawings of the program's own.
     setIcon(Vela::UiBase::QtUiToolkit::Instance().CreateIcon(
-        QLatin1String("cmd_selection_") + QString::fromLatin1(description.name).toLower()));
+        QLatin1String("cmd_selection_") + QString::fromLatin1(description.name).toLower(), this,
+        Vela::UiBase::EIconType::IconSvg, QSize(24, 24)));
 }
 
 const QString SelectionCommand::commandId() const

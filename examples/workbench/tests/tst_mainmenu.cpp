@@ -16,6 +16,8 @@
 #include "support/testcase.h"
 #include "support/testmain.h"
 #include "toolbar/commandbars.h"
+#include "toolbar/viewingbar.h"
+#include "view/viewpane.h"
 
 #include <ui_base/TaskDialog>
 
@@ -153,7 +155,7 @@ private Q_SLOTS:
         MainWindow window;
         window.show();
         QCOMPARE(placeOf(window.menu()).topLeft(), QPoint(0, 0));
-        QTRY_VERIFY(placeOf(window.bar()).top() >= placeOf(window.menu()).bottom());
+        QTRY_VERIFY(placeOf(window.pane()).top() >= placeOf(window.menu()).bottom());
         QVERIFY(window.menu().isVisible());
         for (const QString &name : window.menu().names()) {
             const auto item = window.menu().GetMenuBarItem(name);
@@ -263,13 +265,13 @@ private Q_SLOTS:
         window.show();
         const QList<QAction *> entries =
             window.menu().menuOf(window.menu().names().at(4))->actions();
-        const QList<QWidget *> panels {&window.bar(), &window.statusLine()};
+        const QList<QWidget *> panels {&window.bars().strip(), &window.statusLine()};
         for (int i = 0; i < panels.size(); ++i) {
             QVERIFY(entries.at(i)->isChecked() && panels.at(i)->isVisible());
             entries.at(i)->trigger();
-            QVERIFY(!panels.at(i)->isVisible());
+            QTRY_VERIFY(!panels.at(i)->isVisible());
             entries.at(i)->trigger();
-            QVERIFY(panels.at(i)->isVisible());
+            QTRY_VERIFY(panels.at(i)->isVisible());
         }
     }
 

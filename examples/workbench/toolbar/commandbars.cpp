@@ -74,11 +74,15 @@ void CommandBars::followSelection()
                             m_commands->selection.get());
 }
 
-// What floats over a widget that is not shown yet does not come with it.
+// What floats over a widget does not come with it, and only over a window that is on the screen.
 bool CommandBars::eventFilter(QObject *watched, QEvent *event)
 {
-    if (event->type() == QEvent::Show && m_commands->bars->isChecked())
-        m_panel->ShowMe();
+    const auto showPanel = [this] {
+        if (m_commands->bars->isChecked())
+            m_panel->ShowMe();
+    };
+    if (event->type() == QEvent::Show)
+        QMetaObject::invokeMethod(this, showPanel, Qt::QueuedConnection);
     return QObject::eventFilter(watched, event);
 }
 
