@@ -9,9 +9,11 @@
 #include "commands/comparecommand.h"
 #include "commands/displaymodecommand.h"
 #include "commands/flipnormalscommand.h"
+#include "commands/meshcommand.h"
 #include "commands/opencommand.h"
 #include "commands/pickcommand.h"
 #include "commands/savecommand.h"
+#include "commands/selectioncommand.h"
 #include "commands/showallcommand.h"
 #include "commands/smoothcommand.h"
 #include "commands/subdividecommand.h"
@@ -148,6 +150,7 @@ void MainWindow::connectDocument()
 {
     connect(m_document.get(), &MeshDocument::meshChanged, this, &MainWindow::showSizes);
     connect(m_document.get(), &MeshDocument::selectionChanged, this, &MainWindow::showSizes);
+    connect(m_document.get(), &MeshDocument::selectionChanged, this, &MainWindow::updateEnabled);
     connect(m_document.get(), &MeshDocument::opened, this, &MainWindow::handleOpened);
     connect(m_document.get(), &MeshDocument::saved, this, &MainWindow::showTitle);
     connect(m_document.get(), &MeshDocument::saved, this,
@@ -341,6 +344,11 @@ void MainWindow::updateEnabled()
         command->setEnabled(hasMesh && !isEditing && !hasPanel);
     for (MeshPanelCommand *command : all.meshFlyouts())
         command->setEnabled(hasMesh && (!isEditing || command->isRunning()));
+    for (const auto &change : all.selectionChanges) {
+        const bool isEdit = change->commandTags().contains(MeshCommand::editTag());
+        change->setEnabled(hasMesh && !m_document->selection().isEmpty()
+                           && !(isEdit && (isEditing || hasPanel)));
+    }
     all.measureFlyout->setEnabled(hasMesh);
     for (QAction *action : std::initializer_list<QAction *> {all.save.get(), all.pick.get(),
                                                              all.showAll.get(), all.compare.get()})

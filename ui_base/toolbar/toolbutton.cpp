@@ -445,6 +445,8 @@ void ToolButton::SetCallbackHandler(QAction *action, IToolButtonCallbackHandler 
 void ToolButton::SetLocked(bool locked)
 {
     Q_D(ToolButton);
+    if (d->locked != locked)
+        update(); // a locked menu button is without its arrow
     d->locked = locked;
     // The release that would lift a pressed button does not get to it.
     if (locked)

@@ -10,7 +10,7 @@ namespace Workbench {
 BarsCommand::BarsCommand()
     : CommandBase(nullptr)
 {
-    setText(tr("&Tool Bars"));
+    setText(tr("Tool &Bars"));
     setToolTip(tr("Show the bars around the view"));
     setShortcut(Qt::Key_F9);
     setCheckable(true);

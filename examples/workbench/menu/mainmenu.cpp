@@ -10,6 +10,7 @@
 #include "commands/opencommand.h"
 #include "commands/pickcommand.h"
 #include "commands/savecommand.h"
+#include "commands/selectioncommand.h"
 #include "commands/showallcommand.h"
 #include "commandset.h"
 #include "dialogs/aboutcommand.h"
@@ -110,6 +111,8 @@ void MainMenu::buildFile(const CommandSet &commands)
 void MainMenu::buildEdit(const CommandSet &commands)
 {
     AddDropDownMenu(m_names.at(1), actionsOf(commands.edits()), nullptr);
+    AddDropDownMenu(m_names.at(1), {nullptr}, nullptr);
+    AddDropDownMenu(m_names.at(1), actionsOf(commands.selectionChanges), nullptr);
     AddDropDownMenu(m_names.at(1), {nullptr, commands.preferences.get()}, nullptr);
 }
 

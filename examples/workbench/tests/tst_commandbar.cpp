@@ -4,14 +4,18 @@
 #include "toolbar/commandbars.h"
 
 #include "commandclock.h"
+#include "commands/attributecommand.h"
 #include "commands/displaymodecommand.h"
-#include "commands/smoothcommand.h"
+#include "commands/flipnormalscommand.h"
 #include "mainwindow.h"
 #include "meshdocument.h"
 #include "support/testcase.h"
 #include "support/testmain.h"
+#include "testmeshes.h"
+#include "toolbar/editingpanel.h"
 
 #include <ui_base/ATooltipEx>
+#include <ui_base/CommandGroup>
 #include <ui_base/ToolButton>
 #include <ui_base/TooltipObject>
 
@@ -61,9 +65,13 @@ private Q_SLOTS:
     {
         MainWindow window;
         window.show();
+        QTRY_VERIFY(window.bars().panel().isVisible());
         for (const CommandBase *command : window.commands().withButtons()) {
             const ToolButton *button = command->toolButton();
-            QCOMPARE(button->size(), QSize(36, 36));
+            if (!button->isVisible())
+                continue; // in a menu, or in the row for selected faces
+            const bool isOfPanel = window.bars().panel().isAncestorOf(button);
+            QCOMPARE(button->size(), isOfPanel ? QSize(50, 50) : QSize(36, 36));
             QCOMPARE(button->visibleRegion(), QRegion(button->rect()));
         }
     }
@@ -73,9 +81,9 @@ private Q_SLOTS:
         MainWindow window;
         window.show();
         const CommandSet &commands = window.commands();
-        QVERIFY(!commands.smooth->toolButton()->isEnabled());
-        commands.smooth->setEnabled(true);
-        QVERIFY(commands.smooth->toolButton()->isEnabled());
+        QVERIFY(!commands.flipNormals->toolButton()->isEnabled());
+        commands.flipNormals->setEnabled(true);
+        QVERIFY(commands.flipNormals->toolButton()->isEnabled());
         QVERIFY(commands.modes[0]->toolButton()->isChecked());
         commands.modes[2]->trigger();
         QVERIFY(commands.modes[2]->toolButton()->isChecked());
@@ -95,8 +103,13 @@ private Q_SLOTS:
     {
         MainWindow window;
         window.show();
+        QTRY_VERIFY(window.bars().panel().isVisible());
+        window.document().open(QStringLiteral("grid.obj"), TestMeshes::grid(1));
+        window.document().select({0}); // which brings a row of buttons
+        QTest::mouseClick(window.commands().display->toolButton(), Qt::LeftButton);
         for (CommandBase *command : window.commands().withButtons()) {
             command->setEnabled(true);
+            QTRY_VERIFY2(command->toolButton()->isVisible(), qPrintable(command->commandId()));
             const ATooltipEx *card = showCard(window, *command);
             QVERIFY2(card, qPrintable(command->commandId()));
             const auto *title = card->findChild<QLabel *>(QStringLiteral("title_label"));
@@ -107,6 +120,7 @@ private Q_SLOTS:
             QVERIFY2(card->AdvancedWidgets(), qPrintable(command->commandId()));
             QCOMPARE(card->AdvancedWidgets()->count(), 1);
             QVERIFY(!card->IsAdvancedWidgetVisible());
+            command->toolButton()->GetTooltipObject()->HideTooltip();
         }
     }
 
@@ -114,19 +128,19 @@ private Q_SLOTS:
     {
         MainWindow window;
         window.show();
-        const ToolButton *one = window.commands().modes[0]->toolButton();
-        QVERIFY(showCard(window, *window.commands().modes[0]));
-        QVERIFY(showCard(window, *window.commands().modes[1]));
+        const ToolButton *one = window.commands().attributes[0]->toolButton();
+        QVERIFY(showCard(window, *window.commands().attributes[0]));
+        QVERIFY(showCard(window, *window.commands().attributes[1]));
         QVERIFY(!one->GetTooltipObject()->IsVisible());
-        QCOMPARE(window.bars().explainedButton(), window.commands().modes[1]->toolButton());
+        QCOMPARE(window.bars().explainedButton(), window.commands().attributes[1]->toolButton());
     }
 
     void f1OpensAndClosesTheCard()
     {
         MainWindow window;
         window.show();
-        QVERIFY(QTest::qWaitForWindowActive(&window));
-        const ATooltipEx *card = showCard(window, *window.commands().modes[0]);
+        activate(window);
+        const ATooltipEx *card = showCard(window, *window.commands().attributes[0]);
         QTest::keyClick(&window, Qt::Key_F1);
         QTRY_VERIFY(card->IsAdvancedWidgetVisible());
         QTest::keyClick(&window, Qt::Key_F1);
@@ -138,7 +152,7 @@ private Q_SLOTS:
     {
         MainWindow window;
         window.show();
-        QVERIFY(QTest::qWaitForWindowActive(&window));
+        activate(window);
         QTest::keyClick(&window, Qt::Key_F1);
         QVERIFY(!window.bars().explainedButton());
     }
@@ -147,11 +161,20 @@ private Q_SLOTS:
     {
         auto window = std::make_unique<MainWindow>();
         window->show();
-        QVERIFY(showCard(*window, *window->commands().modes[0]));
+        QVERIFY(showCard(*window, *window->commands().attributes[0]));
         window.reset();
     }
 
 private:
+    // Here a window is activated by its show, even a floating one that asks not to be.
+    static void activate(MainWindow &window)
+    {
+        QTRY_VERIFY(window.bars().panel().isVisible());
+        QCoreApplication::processEvents();
+        window.activateWindow();
+        QTRY_COMPARE(QApplication::activeWindow(), &window);
+    }
+
     static ATooltipEx *showCard(const MainWindow &window, const CommandBase &command)
     {
         TooltipObject *tooltip = command.toolButton()->GetTooltipObject();

@@ -365,9 +365,9 @@ private Q_SLOTS:
         const auto document = documentWith(TestMeshes::grid(3));
         document->select({0});
         SelectionCommand(ESelectionChange::Grow, document).trigger();
-        QCOMPARE(document->selection(), QVector<int>({0, 1, 2, 3, 4, 6, 7, 8, 9}));
+        QCOMPARE(document->selection(), QVector<int>({0, 1, 2, 3, 6, 8, 9}));
         SelectionCommand(ESelectionChange::Invert, document).trigger();
-        QCOMPARE(document->selection(), QVector<int>({5, 10, 11, 12, 13, 14, 15, 16, 17}));
+        QCOMPARE(document->selection(), QVector<int>({4, 5, 7, 10, 11, 12, 13, 14, 15, 16, 17}));
         SelectionCommand(ESelectionChange::Clear, document).trigger();
         QCOMPARE(document->selection(), QVector<int>());
         QVERIFY(!document->isModified());

@@ -124,7 +124,7 @@ private Q_SLOTS:
             QCOMPARE(command->getViewController(), m_controller.data());
             QVERIFY(command->addedToCmdsVC());
         }
-        QCOMPARE(int(commands.all().size()), 17);
+        QCOMPARE(int(commands.all().size()), 21);
     }
 
     void oneDisplayModeIsOnAtATime()

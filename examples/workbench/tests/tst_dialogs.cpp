@@ -10,6 +10,7 @@
 #include "dialogs/logdialog.h"
 #include "dialogs/messagelog.h"
 #include "dialogs/preferencescommand.h"
+#include "flyouts/smoothflyout.h"
 #include "look.h"
 #include "mainwindow.h"
 #include "preferences.h"
@@ -200,7 +201,7 @@ private Q_SLOTS:
         QDialog *dialog = showPreferences(window);
         choose(dialog, EBackground::Dark);
         QVERIFY(window.pane().view()->appearance().background == EBackground::Dark);
-        const auto *tooltip = window.commands().smooth->toolButton()->GetTooltipObject();
+        const auto *tooltip = window.commands().smoothFlyout->toolButton()->GetTooltipObject();
         QVERIFY(tooltip->IsTooltipEnabled());
         click(dialog, "cards");
         QVERIFY(!tooltip->IsTooltipEnabled());

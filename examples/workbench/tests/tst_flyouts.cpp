@@ -227,7 +227,7 @@ private Q_SLOTS:
         Scene scene;
         SmoothFlyout &smooth = *scene.commands().smoothFlyout;
         Scene::open(smooth);
-        QTest::mouseClick(scene.commands().modes[1]->toolButton(), Qt::LeftButton);
+        QTest::mouseClick(scene.commands().measureFlyout->toolButton(), Qt::LeftButton);
         Scene::settle();
         QVERIFY(!smooth.flyout()->isVisible());
         QVERIFY(!smooth.isActive());

@@ -20,6 +20,8 @@
 #include "support/mouse.h"
 #include "support/testcase.h"
 #include "support/testmain.h"
+#include "toolbar/commandbars.h"
+#include "toolbar/editingpanel.h"
 #include "view/meshview.h"
 #include "view/viewpane.h"
 
@@ -112,6 +114,11 @@ private Q_SLOTS:
         m_window = std::make_unique<MainWindow>();
         m_window->resize(800, 600);
         m_window->show();
+        // Here a window is activated by its show, even one that asks not to be.
+        QTRY_VERIFY(m_window->bars().panel().isVisible());
+        QCoreApplication::processEvents();
+        m_window->activateWindow();
+        QTRY_COMPARE(QApplication::activeWindow(), m_window.get());
     }
 
     void cleanup()

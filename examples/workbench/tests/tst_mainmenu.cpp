@@ -16,6 +16,7 @@
 #include "support/testcase.h"
 #include "support/testmain.h"
 #include "toolbar/commandbars.h"
+#include "toolbar/editingpanel.h"
 #include "toolbar/viewingbar.h"
 #include "view/viewpane.h"
 
@@ -187,8 +188,11 @@ private Q_SLOTS:
     {
         MainWindow window;
         window.show();
+        // Here a window is activated by its show, even one that asks not to be.
+        QTRY_VERIFY(window.bars().panel().isVisible());
+        QCoreApplication::processEvents();
         window.activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(&window));
+        QTRY_COMPARE(QApplication::activeWindow(), &window);
         QTest::keyClick(&window, Qt::Key_L, Qt::ControlModifier);
         QTRY_VERIFY(window.commands().log->dialog());
         window.commands().log->dialog()->close();

@@ -7,6 +7,7 @@
 #include "commandset.h"
 #include "flyouts/panelcommand.h"
 
+#include <lumo_common_res/String>
 #include <ui_base/CommandBag>
 #include <ui_base/CommandGroup>
 #include <ui_base/FloatingLayer>
@@ -19,7 +20,7 @@ using namespace Vela::UiBase;
 EditingPanel::EditingPanel(const CommandSet &commands, QWidget *place)
     : ActionPanel(place)
 {
-    SetTooltipGroup(QStringLiteral("command cards"));
+    SetTooltipGroup(Vela::Resource::String::COMMAND_TOOLPANEL_GROUP_ID); // that of their menus
     SetOffset(QPoint(8, 0));
     for (CommandGroup *group : {commands.files.get(), commands.flyouts.get()})
         AddCommandGroup(group);

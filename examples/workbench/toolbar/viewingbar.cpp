@@ -5,6 +5,7 @@
 
 #include "commandset.h"
 
+#include <lumo_common_res/String>
 #include <ui_base/CommandGroup>
 #include <ui_base/ToolBar>
 #include <ui_base/ToolbarManager>
@@ -22,7 +23,8 @@ ViewingBar::ViewingBar(const CommandSet &commands, QWidget *parent)
     , m_bar(new ToolBar(this, Qt::BottomToolBarArea))
     , m_rows(std::make_unique<ToolbarManager>(m_bar))
 {
-    m_bar->SetTooltipGroup(QStringLiteral("command cards"));
+    m_bar->SetTooltipGroup(
+        Vela::Resource::String::COMMAND_TOOLPANEL_GROUP_ID); // that of their menus
     m_bar->SetBackColor(Qt::transparent);
     m_bar->SetEnableAutoPosition(true);
     m_bar->SetCentered(true);

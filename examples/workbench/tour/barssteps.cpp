@@ -4,14 +4,18 @@
 #include "commands/barscommand.h"
 #include "commands/displaymodecommand.h"
 #include "commands/selectioncommand.h"
+#include "controllers/meshviewcontroller.h"
 #include "mainwindow.h"
+#include "mesh/facetree.h"
 #include "meshdocument.h"
 #include "toolbar/commandbars.h"
 #include "toolbar/editingpanel.h"
 #include "toolbar/viewingbar.h"
 #include "tour/steps.h"
 #include "tour/tourguide.h"
+#include "view/camerarig.h"
 #include "view/meshview.h"
+#include "view/viewpane.h"
 
 #include <ui_base/CommandGroup>
 #include <ui_base/CycleCheckableCommand>
@@ -39,9 +43,21 @@ void clickButton(TourGuide &guide, ToolButton &button)
     guide.settle();
 }
 
+QPoint placeIn(const QWidget &window, const QWidget &widget)
+{
+    return window.mapFromGlobal(widget.mapToGlobal(QPoint()));
+}
+
 int selected(const TourGuide &guide)
 {
     return guide.window().document().selection().size();
+}
+
+/// The faces around the one in the middle of the view.
+void selectInTheMiddle(const TourGuide &guide)
+{
+    const Ray ray = guide.controller().rig().rayAt(guide.view().rect().center());
+    guide.window().document().select({FaceTree(guide.mesh()).firstHit(ray).face});
 }
 
 CommandBase &change(const TourGuide &guide, ESelectionChange what)
@@ -85,32 +101,43 @@ void useRowOfSelection(TourGuide &guide)
     guide.begin(TourGuide::tr("Row for selected faces"));
     ToolButton &grow = *change(guide, ESelectionChange::Grow).toolButton();
     guide.check(TourGuide::tr("it is not there without a selection"), !grow.isVisible());
-    guide.window().document().select({100, 101, 102});
+    selectInTheMiddle(guide);
     guide.check(TourGuide::tr("it comes with a selection"),
                 guide.waitUntil([&] { return grow.isVisible(); }));
     const int before = selected(guide);
-    clickButton(guide, grow);
+    for (int times = 0; times < 4; ++times)
+        clickButton(guide, grow);
     guide.check(TourGuide::tr("the selection has grown"), selected(guide) > before);
     guide.finishWithPicture();
     const int grown = selected(guide);
+
+    guide.begin(TourGuide::tr("Invert selection"));
     clickButton(guide, *change(guide, ESelectionChange::Invert).toolButton());
     guide.check(TourGuide::tr("the others are selected instead"),
                 selected(guide) == guide.mesh().faces.size() - grown);
+    guide.finishWithPicture();
+
+    guide.begin(TourGuide::tr("Row without a selection"));
     clickButton(guide, *change(guide, ESelectionChange::Clear).toolButton());
     guide.check(TourGuide::tr("nothing is selected"), selected(guide) == 0);
     guide.check(TourGuide::tr("the row goes with the selection"), !grow.isVisible());
+    guide.finishWithPicture();
 }
 
 void deleteFaces(TourGuide &guide)
 {
     guide.begin(TourGuide::tr("Delete faces"));
     const int before = guide.mesh().faces.size();
-    guide.window().document().select({0, 1, 2});
+    selectInTheMiddle(guide);
+    for (int times = 0; times < 4; ++times)
+        change(guide, ESelectionChange::Grow).trigger();
+    const int count = selected(guide);
     clickButton(guide, *change(guide, ESelectionChange::Delete).toolButton());
-    guide.check(TourGuide::tr("the mesh has lost them"), guide.mesh().faces.size() == before - 3);
+    guide.check(TourGuide::tr("the mesh has lost them"),
+                guide.mesh().faces.size() == before - count);
     guide.check(TourGuide::tr("nothing is selected any more"), selected(guide) == 0);
+    guide.finishWithPicture();
     guide.window().document().giveUpChanges();
-    guide.settle();
 }
 
 void hideBars(TourGuide &guide)
@@ -118,23 +145,27 @@ void hideBars(TourGuide &guide)
     guide.begin(TourGuide::tr("Bars slide out"));
     CommandBase &command = *guide.window().commands().bars;
     const CommandBars &bars = guide.window().bars();
-    const int height = guide.view().height();
+    const int height = guide.window().pane().height();
+    const QPoint panelPlace = placeIn(guide.window(), bars.panel());
+    const QPoint barPlace = placeIn(guide.window(), bars.strip().bar());
     command.trigger();
     guide.check(TourGuide::tr("the panel and the strip are gone"), guide.waitUntil([&] {
         return !bars.panel().isVisible() && !bars.strip().isVisible();
     }));
     guide.check(TourGuide::tr("the view has their room"),
-                guide.waitUntil([&] { return guide.view().height() > height; }));
+                guide.waitUntil([&] { return guide.window().pane().height() > height; }));
     guide.finishWithPicture();
 
     guide.begin(TourGuide::tr("Bars slide in"));
     command.trigger();
     guide.check(TourGuide::tr("they are back"), guide.waitUntil([&] {
         return bars.panel().isVisible() && bars.strip().isVisible()
-            && guide.view().height() == height;
+            && guide.window().pane().height() == height;
     }));
-    guide.check(TourGuide::tr("they can be used"),
-                guide.waitUntil([&] { return bars.panel().InShowMode(); }));
+    guide.check(TourGuide::tr("they come to rest where they were"), guide.waitUntil([&] {
+        return placeIn(guide.window(), bars.panel()) == panelPlace
+            && placeIn(guide.window(), bars.strip().bar()) == barPlace;
+    }));
     guide.finishWithPicture();
 }
 

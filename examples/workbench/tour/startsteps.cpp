@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The lumo_ui_base authors
 // SPDX-License-Identifier: MIT
 
+#include "commands/selectioncommand.h"
 #include "commandset.h"
 #include "mainwindow.h"
 #include "menu/mainmenu.h"
@@ -87,10 +88,14 @@ void openFirst(TourGuide &guide, const QImage &empty)
 void checkMenu(TourGuide &guide, const QMenu &menu)
 {
     for (Vela::UiBase::CommandBase *command : guide.window().commands().all()) {
-        if (menu.actions().contains(command)) {
+        if (!menu.actions().contains(command))
+            continue;
+        if (qobject_cast<const SelectionCommand *>(command))
+            guide.check(TourGuide::tr("%1 waits for a selection").arg(command->iconText()),
+                        !command->isEnabled());
+        else
             guide.check(TourGuide::tr("%1 can be chosen").arg(command->iconText()),
                         command->isEnabled());
-        }
     }
 }
 

@@ -3,6 +3,7 @@
 
 #include <ui_base/ToolBar>
 
+#include "support/paintcounter.h"
 #include "support/testcase.h"
 #include "support/testmain.h"
 #include "support/virtualorder.h"
@@ -25,6 +26,7 @@
 #include <array>
 #include <limits>
 
+using Lumo::Test::PaintCounter;
 using Vela::Resource::Styles;
 using Vela::UiBase::ArrowedWindow;
 using Vela::UiBase::EArrowPosition;
@@ -113,18 +115,6 @@ QImage paintedOf(OpenBar &bar)
     bar.render(&image, {}, {}, QWidget::RenderFlags());
     return image;
 }
-
-/// Counts the paintings of the widgets that it filters.
-class PaintCounter : public QObject
-{
-public:
-    bool eventFilter(QObject *, QEvent *event) override
-    {
-        paints += event->type() == QEvent::Paint ? 1 : 0;
-        return false;
-    }
-    int paints = 0;
-};
 
 ArrowedWindow::SArrowParam arrowAt(EArrowPosition position, int length)
 {

@@ -4,6 +4,7 @@
 #include <ui_base/ToolButtonWithButtonMenu>
 
 #include "support/mouse.h"
+#include "support/paintcounter.h"
 #include "support/testcase.h"
 #include "support/testmain.h"
 #include "ui_base/popup/widgetposcalculator.h"
@@ -20,6 +21,7 @@ using Lumo::Test::iconOf;
 using Lumo::Test::MenuBar;
 using Lumo::Test::MenuButton;
 using Lumo::Test::MenuScene;
+using Lumo::Test::PaintCounter;
 using Vela::UiBase::EDirection;
 using Vela::UiBase::EWidgetsAlign;
 using Vela::UiBase::FloatingLayer;
@@ -147,6 +149,7 @@ private Q_SLOTS:
     void arrowPointsToTheMenu();
     void arrowFollowsTheSize();
     void lockedButtonHasNoArrow();
+    void arrowComesBackWithTheLock();
     void builtInArrowIsNotDrawn();
     void laterButtonsLookLikeTheFirst();
 
@@ -733,6 +736,19 @@ void TestToolButtonWithButtonMenu::lockedButtonHasNoArrow()
     scene.bar->SetLocked(true);
     const QColor ground = scene.button->grab().toImage().pixelColor(inside);
     QVERIFY(arrow.lightness() < ground.lightness() - 50);
+}
+
+void TestToolButtonWithButtonMenu::arrowComesBackWithTheLock()
+{
+    Scene scene;
+    scene.bar->show();
+    QVERIFY(QTest::qWaitForWindowExposed(scene.bar));
+    scene.bar->SetLocked(true);
+    QCoreApplication::processEvents();
+    PaintCounter counter;
+    scene.button->installEventFilter(&counter);
+    scene.bar->SetLocked(false);
+    QTRY_VERIFY(counter.paints > 0);
 }
 
 void TestToolButtonWithButtonMenu::builtInArrowIsNotDrawn()
