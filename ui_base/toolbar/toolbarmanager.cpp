@@ -12,6 +12,8 @@
 #include "ui_base/toolbar/toolbar_p.h"
 #include "ui_base/toolbar/toolbutton.h"
 
+#include <tessel/dispatch.h>
+
 #include <QCoreApplication>
 #include <QEvent>
 #include <QLabel>
@@ -301,7 +303,22 @@ void ToolbarManagerPrivate::calcInnerToolbarPositions()
 
 void ToolbarManagerPrivate::remember(CommandGroup *group)
 {
+    const auto known = knownGroups.constFind(group);
+    const bool isWatched = known != knownGroups.constEnd() && known->group;
     knownGroups.insert(group, {group, group->commandId()});
+    if (!isWatched)
+        QObject::connect(group, &QObject::destroyed, q_ptr, [this, group] { forgetLater(group); });
+}
+
+// Behind the announcements that wait for delivery. After these another group may stand at the address,
+// which is not to be taken for the dead one.
+void ToolbarManagerPrivate::forgetLater(CommandGroup *dead)
+{
+    const auto forget = [self = QPointer<ToolbarManager>(q_ptr), this, dead] {
+        if (self && !knownGroups.value(dead).group)
+            knownGroups.remove(dead);
+    };
+    Tessel::dispatchAsync(forget, Tessel::EQualityOfService::Main);
 }
 
 QString ToolbarManagerPrivate::idOf(CommandGroup *group) const

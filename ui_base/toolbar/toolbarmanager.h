@@ -74,8 +74,8 @@ public:
 
     /// Shows the bar of the group at its place. Null, a group without a bar and one that has begun
     /// already are ignored.
-    /// @param group only the pointer is looked at once a group that was added here has died, as it may
-    ///              have between a broadcast and its delivery
+    /// @param group one that was added here may have died between a broadcast and its delivery; only
+    ///              the pointer is looked at then
     void commandGroupBegan(CommandGroup *group) override;
     /// Hides the bar of the group, and the separator with the last one; the bars behind it move up.
     /// @param group as for commandGroupBegan()

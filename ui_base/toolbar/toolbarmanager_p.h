@@ -78,6 +78,7 @@ private:
     void addCommand(CommandBase *command, CommandGroup *group);
     void removeCommand(CommandBase *command);
     void remember(CommandGroup *group);
+    void forgetLater(CommandGroup *dead);
     QString idOf(CommandGroup *group) const;
     void enableLikeMainToolBar();
     static void moveBar(ToolBar *bar, const QPoint &globalPosition);

@@ -20,7 +20,10 @@
 #include <QPointer>
 #include <QTest>
 
+#include <cstddef>
 #include <functional>
+#include <memory>
+#include <new>
 
 using Lumo::Test::TestCommand;
 using Vela::UiBase::CommandBase;
@@ -109,6 +112,32 @@ private:
 
     const QString m_id;
 };
+
+/// Room for one group after the other, all at the same address.
+class GroupPlace
+{
+public:
+    std::shared_ptr<CommandGroup> make(const QString &name, const QStringList &ids)
+    {
+        const auto end = [](CommandGroup *group) { group->~CommandGroup(); };
+        std::shared_ptr<CommandGroup> group(new (m_room) CommandGroup(QString(), QString(), name),
+                                            end);
+        for (const QString &id : ids)
+            group->addCommand(new TestCommand(id));
+        return group;
+    }
+
+private:
+    alignas(CommandGroup) std::byte m_room[sizeof(CommandGroup)];
+};
+
+/// Runs what was posted to the main queue.
+void runPosted()
+{
+    bool done = false;
+    Tessel::dispatchAsync([&done] { done = true; }, Tessel::EQualityOfService::Main);
+    QTRY_VERIFY(done);
+}
 
 /// Calls a function at each event of one type.
 class EventHook : public QObject
@@ -300,6 +329,8 @@ private Q_SLOTS:
 
     void broadcastReachesTheManager();
     void announcementOfADeadGroupIsHarmless();
+    void groupIsNotTakenForADeadOneAtItsAddress();
+    void groupAtTheAddressOfADeadOneCanBeAdded();
     void groupMayDieBeforeItIsRemoved();
     void managerTakesItsWidgetsAlong_data();
     void managerTakesItsWidgetsAlong();
@@ -1085,6 +1116,44 @@ void TestToolbarManager::announcementOfADeadGroupIsHarmless()
     QCoreApplication::processEvents();
     QVERIFY(!scene.barOf(paint));
     QVERIFY(!scene.separator()->isVisible());
+}
+
+void TestToolbarManager::groupIsNotTakenForADeadOneAtItsAddress()
+{
+    Scene scene;
+    scene.show();
+    GroupPlace place;
+    auto group = place.make(sculpt, {cut});
+    const std::shared_ptr<CommandBase> kept = group->commandBag().front().second;
+    scene.manager->addDynamicCommandGroup(group.get());
+    group.reset();
+    runPosted();
+    const auto ofAnotherManager = place.make(paint, {brush});
+    scene.manager->commandGroupBegan(ofAnotherManager.get());
+    QVERIFY(!scene.barOf(sculpt)->isVisible());
+    QVERIFY(!scene.separator()->isVisible());
+}
+
+void TestToolbarManager::groupAtTheAddressOfADeadOneCanBeAdded()
+{
+    Scene scene;
+    scene.show();
+    GroupStates states;
+    states.addObserver(scene.manager);
+    GroupPlace place;
+    auto group = place.make(sculpt, {cut});
+    scene.manager->addDynamicCommandGroup(group.get());
+    group.reset();
+    group = place.make(paint, {brush});
+    scene.manager->addDynamicCommandGroup(group.get());
+    scene.manager->commandGroupBegan(group.get());
+    // It is still known when the dead one is forgotten.
+    runPosted();
+    QVERIFY(scene.barOf(paint)->isVisible());
+    states.broadcast(&DynamicCommandGroupStateProtocol::commandGroupEnded, group.get());
+    group.reset();
+    runPosted();
+    QVERIFY(!scene.barOf(paint)->isVisible());
 }
 
 void TestToolbarManager::groupMayDieBeforeItIsRemoved()
