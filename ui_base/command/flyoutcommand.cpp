@@ -232,7 +232,8 @@ bool FlyoutCommand::onExecute(bool checked)
 {
     // What the derived class sets off can take the command out of its last bag.
     const auto owner = weak_from_this().lock();
-    return onBeforeExecute() && CommandBase::onExecute(checked);
+    const QPointer<FlyoutCommand> self(this);
+    return onBeforeExecute() && self && CommandBase::onExecute(checked);
 }
 
 bool FlyoutCommand::event(QEvent *e)
@@ -255,8 +256,10 @@ void FlyoutCommand::onTriggered(bool checked)
     if (isCheckable())
         return;
     const auto owner = weak_from_this().lock();
+    const QPointer<FlyoutCommand> self(this);
     Q_EMIT toBeTriggered(checked);
-    onBegin();
+    if (self)
+        onBegin();
 }
 
 void FlyoutCommand::onToggled(bool checked)
@@ -264,12 +267,14 @@ void FlyoutCommand::onToggled(bool checked)
     if (!isCheckable())
         return;
     const auto owner = weak_from_this().lock();
+    const QPointer<FlyoutCommand> self(this);
     Q_EMIT toBeToggled(checked);
+    if (!self)
+        return;
     if (checked) {
         onBegin();
         return;
     }
-    const QPointer<FlyoutCommand> self(this);
     onFinalize();
     if (self)
         turnPanelLater(false);

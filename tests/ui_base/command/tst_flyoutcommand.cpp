@@ -301,6 +301,8 @@ private Q_SLOTS:
     void simpleFlyoutHasNoConnections();
 
     void contextHoldsWhileTheFlyoutIsOpen();
+    void contextIsPushedBeforeTheBeginIsTold();
+    void contextIsPoppedBeforeTheEndIsTold();
     void emptyContextIsPushedToo();
     void simpleFlyoutPushesNoContext();
     void commandWithoutControllerBeginsAndEnds();
@@ -313,6 +315,7 @@ private Q_SLOTS:
     void keptCommandEndsOnceHoweverItIsClosed();
 
     void shortcutHasTheButtonShowThePanel();
+    void shortcutWorksInThePanel();
     void clickOfTheMouseShowsThePanelOnce();
     void clickOfTheMouseIsNotRepeated();
     void clickFromCodeShowsThePanelOnce();
@@ -333,6 +336,8 @@ private Q_SLOTS:
     void buttonMayDieBeforeItsClick();
     void controllerMayDieWhileThePanelIsOpen();
     void listenerMayRemoveTheCommandThatIsTriggered();
+    void listenerMayDeleteTheCommandThatIsTriggered();
+    void commandMayEndBeforeItsRun();
     void observerMayRemoveTheCommandThatBegins();
     void observerMayDeleteTheCommandThatBegins();
     void observerMayDeleteTheCommandThatEnds();
@@ -582,6 +587,40 @@ void TestFlyoutCommand::contextHoldsWhileTheFlyoutIsOpen()
     QVERIFY(save->isEnabled());
 }
 
+void TestFlyoutCommand::contextIsPushedBeforeTheBeginIsTold()
+{
+    const Flyout flyout = makeFlyout();
+    ControllerFixture fixture;
+    TestCommand *const save = fixture.add(QStringLiteral("save"));
+    Smooth *const command = addTo(fixture.controller(), flyout.get());
+    command->beginContext = disabling(QStringLiteral("save"));
+    const auto observer = std::make_shared<Reaction>();
+    // What an observer holds from now on stands above the command's own.
+    CommandContext enabling;
+    enabling.overwrite(QStringLiteral("save"), {State::On, State::Keep});
+    observer->began = [&] { fixture.controller()->pushContext(enabling); };
+    command->addObserver(observer, false);
+    command->onBegin();
+    runPosted();
+    QVERIFY(save->isEnabled());
+}
+
+void TestFlyoutCommand::contextIsPoppedBeforeTheEndIsTold()
+{
+    const Flyout flyout = makeFlyout();
+    ControllerFixture fixture;
+    TestCommand *const save = fixture.add(QStringLiteral("save"));
+    Smooth *const command = addTo(fixture.controller(), flyout.get());
+    const auto observer = std::make_shared<Reaction>();
+    observer->ended = [&] { fixture.controller()->pushContext(disabling(QStringLiteral("save"))); };
+    command->addObserver(observer, false);
+    command->onBegin();
+    runPosted();
+    command->onFinalize();
+    runPosted();
+    QVERIFY(!save->isEnabled());
+}
+
 void TestFlyoutCommand::emptyContextIsPushedToo()
 {
     const Flyout flyout = makeFlyout();
@@ -791,6 +830,22 @@ void TestFlyoutCommand::shortcutHasTheButtonShowThePanel()
     QTRY_COMPARE(clicked.count(), 1);
     QVERIFY(flyout->isVisible());
     flyout->hide();
+}
+
+void TestFlyoutCommand::shortcutWorksInThePanel()
+{
+    const Flyout flyout = makeFlyout();
+    Smooth command(flyout.get());
+    command.setCheckable(true);
+    command.setShortcut(QKeySequence(Qt::CTRL + Qt::Key_M));
+    const auto recorder = record(command);
+    command.setChecked(true);
+    flyout->show();
+    QVERIFY(QTest::qWaitForWindowActive(flyout.get()));
+    QTest::keyClick(flyout.get(), Qt::Key_M, Qt::ControlModifier);
+    QVERIFY(!command.isChecked());
+    QCOMPARE(command.log.take(),
+             QStringList({QStringLiteral("opened(smooth)"), QStringLiteral("closed(smooth)")}));
 }
 
 void TestFlyoutCommand::clickOfTheMouseShowsThePanelOnce()
@@ -1087,6 +1142,38 @@ void TestFlyoutCommand::listenerMayRemoveTheCommandThatIsTriggered()
         QVERIFY(!command);
         QCOMPARE(log.events(), QStringList(QStringLiteral("opened(smooth)")));
     }
+}
+
+void TestFlyoutCommand::listenerMayDeleteTheCommandThatIsTriggered()
+{
+    for (const bool checkable : {false, true}) {
+        QPointer<Smooth> command = new Smooth(nullptr);
+        command->setCheckable(checkable);
+        const auto recorder = record(*command);
+        const EventLog log = command->log;
+        const auto end = [&] { delete command; };
+        connect(command, &CommandBase::toBeTriggered, this, end);
+        connect(command, &CommandBase::toBeToggled, this, end);
+        command->trigger();
+        QVERIFY(!command);
+        QCOMPARE(log.events(), QStringList());
+    }
+}
+
+void TestFlyoutCommand::commandMayEndBeforeItsRun()
+{
+    class Leaving : public Smooth
+    {
+    public:
+        using Smooth::Smooth;
+        bool onBeforeExecute() override
+        {
+            delete this;
+            return true;
+        }
+    };
+    CommandBase *const command = new Leaving(nullptr);
+    QVERIFY(!command->onExecute(true));
 }
 
 void TestFlyoutCommand::observerMayRemoveTheCommandThatBegins()
