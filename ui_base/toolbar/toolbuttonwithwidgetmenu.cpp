@@ -451,6 +451,8 @@ void ToolButtonWithWidgetMenu::OnFlyoutClosed()
     if (!self)
         return;
     d->isClosing = false;
+    // Closed while its bar was hidden it is not to open again with that.
+    d->savedMenuOwner = nullptr;
     if (!IsMenuShowing())
         d->enableTooltip(true);
     Q_EMIT ButtonMenuVisibilityChange(this, false);

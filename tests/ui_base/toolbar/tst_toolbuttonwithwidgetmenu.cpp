@@ -139,6 +139,7 @@ private Q_SLOTS:
     void flyoutThatClosesItselfIsNoticed();
     void closingTheButtonsFlyoutIsToldOnce();
     void hiddenFlyoutIsStillToldToClose();
+    void flyoutClosedWhileHiddenStaysClosed();
     void plainWidgetIsHiddenByCloseMenu();
     void escapeIsPassedOn();
     void bandIsPassedOn();
@@ -544,6 +545,17 @@ void TestToolButtonWithWidgetMenu::hiddenFlyoutIsStillToldToClose()
     QSignalSpy closed(scene.panel, &FlyoutBase::CloseFlyout);
     Q_EMIT scene.button->CloseFlyout();
     QCOMPARE(closed.count(), 1);
+}
+
+void TestToolButtonWithWidgetMenu::flyoutClosedWhileHiddenStaysClosed()
+{
+    FlyoutScene scene;
+    scene.button->ShowMenu();
+    scene.bar->hide();
+    scene.button->CloseMenu();
+    scene.bar->show();
+    QVERIFY(!scene.panel->isVisible());
+    QVERIFY(!scene.button->isChecked());
 }
 
 void TestToolButtonWithWidgetMenu::plainWidgetIsHiddenByCloseMenu()
