@@ -39,6 +39,15 @@ QPoint placeFor(QWidget &menu, const QPoint &global)
     return origin ? origin->mapFromGlobal(global) : global;
 }
 
+// The window that a widget is shown in; for one in a layer that floats the window below.
+const QWidget &windowOf(const QWidget &widget)
+{
+    const QWidget *window = widget.window();
+    while (qobject_cast<const FloatingLayer *>(window) && window->parentWidget())
+        window = window->parentWidget()->window();
+    return *window;
+}
+
 QRect onScreen(const QWidget &widget)
 {
     return {widget.mapToGlobal(QPoint(0, 0)), widget.size()};
@@ -116,7 +125,7 @@ QRect ToolButtonWithMenuPrivate::availableArea() const
     const QWidget *const parent = FloatingLayer::getWidgetOriginalParent(toolBar);
     if (parent)
         return onScreen(*parent);
-    return QApplication::activeWindow() ? onScreen(*q_func()->window()) : QRect();
+    return QApplication::activeWindow() ? onScreen(windowOf(*q_func())) : QRect();
 }
 
 // A popup that floats stands at the corner of its layer, so a place of the same coordinates would be

@@ -124,6 +124,7 @@ private Q_SLOTS:
     void placeIsThatOnTheScreen();
     void menuStaysInsideOfTheWindow();
     void menuOfAFloatingBarStaysInsideOfItsParent();
+    void menuOfABarOnAFloatingPanelHasRoom();
     void openMenuFollowsItsButton();
     void visibilityIsToldByTheBar();
     void subMenuVisibilityIsToldByTheBar();
@@ -426,6 +427,25 @@ void TestToolButtonWithButtonMenu::menuOfAFloatingBarStaysInsideOfItsParent()
     button->SetMenuParameters(EDirection::Right, 5, EWidgetsAlign::AlignStart, QPoint(0, 0));
     button->ShowMenu();
     QVERIFY(placeOf(*menu).x() < placeOf(*button).x());
+}
+
+// And not only that of the panel.
+void TestToolButtonWithButtonMenu::menuOfABarOnAFloatingPanelHasRoom()
+{
+    MenuScene scene;
+    QWidget panel(scene.window.get());
+    panel.setGeometry(300, 200, 60, 60);
+    MenuBar bar(&panel, Qt::LeftToolBarArea);
+    MenuBar *const menu = scene.menu();
+    menu->AddAction(scene.action());
+    menu->AddAction(scene.action());
+    ToolButtonWithButtonMenu *const button = bar.AddAction(nullptr, iconOf(Qt::gray), menu, true);
+    QVERIFY(FloatingLayer::makeWidgetFloating(&panel, QMargins()));
+    panel.show();
+    QCoreApplication::processEvents();
+    button->SetMenuParameters(EDirection::Right, 5, EWidgetsAlign::AlignStart, QPoint(0, 0));
+    button->ShowMenu();
+    QCOMPARE(placeOf(*menu) - placeOf(*button), QPoint(40, 0));
 }
 
 void TestToolButtonWithButtonMenu::openMenuFollowsItsButton()
