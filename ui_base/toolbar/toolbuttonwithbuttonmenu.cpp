@@ -509,6 +509,7 @@ void ToolButtonWithButtonMenu::ActionTriggeredHandler(QAction *action)
 {
     Q_D(ToolButtonWithButtonMenu);
     if (!d->extendMode) {
+        InitIcons(); // out of the choice otherwise
         const bool isAnyChecked = d->isAnyCheckableChecked();
         if (!isCheckable() || (d->menuBar() && !isAnyChecked))
             setIcon(d->defaultIcon);

@@ -138,6 +138,7 @@ private Q_SLOTS:
     void removedActionIsHeardNoMore();
     void closedButtonStaysCheckedWhileAChildIs();
     void closingClearsTheSelection();
+    void clearedChoiceIsNotShownAnyMore();
     void hideWithoutMenuDoesNothing();
 
     void handlersOfTheMenuEnableTheButton();
@@ -608,6 +609,21 @@ void TestToolButtonWithButtonMenu::closingClearsTheSelection()
     QCOMPARE(colourOf(*scene.button), QColor(Qt::white));
     scene.button->HideMenu();
     QCOMPARE(cleared.count(), 2);
+}
+
+// Chosen by a key, say, before the pointer was ever over the button.
+void TestToolButtonWithButtonMenu::clearedChoiceIsNotShownAnyMore()
+{
+    Scene scene;
+    scene.button->setCheckable(true);
+    scene.button->SetClearSelectionOnHide(true);
+    scene.a->Action()->setChecked(true);
+    scene.button->IconState(true);
+    QCOMPARE(colourOf(*scene.button), QColor(Qt::green));
+    scene.button->HideMenu();
+    QCOMPARE(colourOf(*scene.button), QColor(Qt::gray));
+    scene.button->IconState(true);
+    QCOMPARE(colourOf(*scene.button), QColor(Qt::gray));
 }
 
 void TestToolButtonWithButtonMenu::hideWithoutMenuDoesNothing()
