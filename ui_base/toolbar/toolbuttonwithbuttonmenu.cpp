@@ -107,7 +107,9 @@ void ToolButtonWithButtonMenuPrivate::setMenu(ToolBar *next)
         disconnectSubButtons();
         deletePopup(menu);
     }
-    menu = next;
+    if (!self || !bar)
+        return;
+    takeMenu(next);
     next->SetEnableAutoPosition(false);
     partsOf(*next).parentButton = q;
     connectSubButtons();
@@ -116,12 +118,29 @@ void ToolButtonWithButtonMenuPrivate::setMenu(ToolBar *next)
     q->ApplyBaseToolBarParamsToButtonMenu();
 }
 
+// It is forgotten before its buttons end, one of which may have this one deleted.
+void ToolButtonWithButtonMenuPrivate::takeMenu(ToolBar *next)
+{
+    if (menu == next)
+        return;
+    menu = next;
+    QObject::connect(next, &QObject::destroyed, q_func(), [this](const QObject *dead) {
+        if (menu == dead)
+            menu = nullptr;
+    });
+}
+
 void ToolButtonWithButtonMenuPrivate::letMenuGo()
 {
-    const QPointer<ToolButtonWithButtonMenu> self(q_func());
-    q_func()->HideMenu();
+    Q_Q(ToolButtonWithButtonMenu);
+    const QPointer<ToolButtonWithButtonMenu> self(q);
+    if (inExtendMode)
+        q->OnExitExtendMode();
+    if (self)
+        q->HideMenu();
     if (!self || !menuBar())
         return;
+    q->SetExtendMode(false);
     disconnectSubButtons();
     partsOf(*menuBar()).parentButton = nullptr;
     menu = nullptr;

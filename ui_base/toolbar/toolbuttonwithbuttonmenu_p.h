@@ -37,6 +37,7 @@ private:
     ToolBar *menuBar() const;
     bool standsOn(const ToolBar *bar) const;
     void setMenu(ToolBar *next);
+    void takeMenu(ToolBar *next);
     void letMenuGo();
     void connectSubButtons();
     void disconnectSubButtons();

@@ -112,6 +112,7 @@ private Q_SLOTS:
     void nullMenuChangesNothing();
     void sameMenuAgainStays();
     void menuOfAnotherButtonIsTakenOver();
+    void menuIsTakenOverInExtendMode();
     void barCannotBeItsOwnMenu();
     void buttonWithoutIconAdoptsOne_data();
     void buttonWithoutIconAdoptsOne();
@@ -169,6 +170,7 @@ private Q_SLOTS:
     void hidingWithoutStateEndsExtendMode();
     void hidingWithStateKeepsExtendMode();
     void childThatDiesEndsExtendMode();
+    void endOfTheMenuMayDeleteTheButton();
 
     void endsWithItsMenuOpen_data();
     void endsWithItsMenuOpen();
@@ -266,6 +268,23 @@ void TestToolButtonWithButtonMenu::menuOfAnotherButtonIsTakenOver()
     QVERIFY(scene.menuBar);
     other->click();
     QVERIFY(scene.menuBar->isVisible());
+}
+
+void TestToolButtonWithButtonMenu::menuIsTakenOverInExtendMode()
+{
+    ExtendScene scene;
+    scene.child->click();
+    scene.bar->hide(); // which remembers the popup
+    ToolButtonWithButtonMenu *const other = scene.addMenu(scene.menuBar);
+    QVERIFY(!scene.button->IsInExtendMode());
+    QCOMPARE(colourOf(*scene.button), QColor(Qt::gray));
+    other->SetExtendMode(true);
+    scene.bar->show();
+    QVERIFY(!scene.widget->isVisible());
+    scene.child->ShowMenu();
+    QSignalSpy told(scene.button, &ToolButtonWithMenu::ButtonMenuVisibilityChange);
+    scene.child->GetMenu()->hide();
+    QCOMPARE(told.count(), 0);
 }
 
 void TestToolButtonWithButtonMenu::barCannotBeItsOwnMenu()
@@ -1026,6 +1045,27 @@ void TestToolButtonWithButtonMenu::childThatDiesEndsExtendMode()
     QCOMPARE(colourOf(*scene.button), QColor(Qt::gray));
     QVERIFY(scene.widget);
     QVERIFY(!scene.widget->isVisible());
+}
+
+void TestToolButtonWithButtonMenu::endOfTheMenuMayDeleteTheButton()
+{
+    for (const bool isReplaced : {true, false}) {
+        Scene scene;
+        Vela::UiBase::FlyoutBase *const panel = scene.flyout();
+        ToolButtonWithWidgetMenu *const child = scene.menuBar->AddAction(scene.action(), panel);
+        scene.button->SetExtendMode(true);
+        child->click();
+        QVERIFY(panel->isVisible());
+        connect(panel, &Vela::UiBase::FlyoutBase::CloseFlyout, this,
+                [&scene] { delete scene.button; });
+        const std::unique_ptr<MenuBar> next(scene.menu());
+        if (isReplaced)
+            scene.button->SetMenu(next.get());
+        else
+            delete scene.menuBar;
+        QVERIFY(!scene.button);
+        QCOMPARE(next->GetBaseToolBar(), next.get());
+    }
 }
 
 void TestToolButtonWithButtonMenu::endsWithItsMenuOpen_data()
