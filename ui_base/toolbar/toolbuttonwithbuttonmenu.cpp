@@ -143,6 +143,7 @@ void ToolButtonWithButtonMenuPrivate::letMenuGo()
     q->SetExtendMode(false);
     disconnectSubButtons();
     partsOf(*menuBar()).parentButton = nullptr;
+    QObject::disconnect(menu, &QObject::destroyed, q, nullptr);
     menu = nullptr;
 }
 
