@@ -293,6 +293,7 @@ private Q_SLOTS:
 
     void barsStandInALineBehindTheMainBar_data();
     void barsStandInALineBehindTheMainBar();
+    void lineTakesItsGapsFromTheMainBar_data();
     void lineTakesItsGapsFromTheMainBar();
     void groupsStandInTheOrderOfAdding();
     void barIsAtItsPlaceWhenItIsShown();
@@ -308,12 +309,14 @@ private Q_SLOTS:
 
     void hiddenMainBarLeavesTheLine();
     void shownMainBarBringsTheActiveBars();
+    void otherWidgetsAreNotFollowed();
     void allAreHiddenAndTheActiveOnesShownAgain();
     void barsAreEnabledAsTheMainBar();
     void barAddedToADisabledMainBarIsDisabled();
 
     void removedCommandLeavesItsBar();
     void lastCommandTakesTheBarAndItsLayer();
+    void commandOnTwoBarsLeavesOneAtATime();
     void removalLetsTheLineCloseUp();
     void removalShowsNothingThatIsHidden();
     void groupIsRemovedAtAnyDepth();
@@ -623,16 +626,30 @@ void TestToolbarManager::barsStandInALineBehindTheMainBar()
     verifyLine(scene, {sculpt, paint, QStringLiteral("third")});
 }
 
+void TestToolbarManager::lineTakesItsGapsFromTheMainBar_data()
+{
+    QTest::addColumn<Qt::ToolBarArea>("area");
+    QTest::addColumn<QPoint>("step");
+
+    QTest::newRow("horizontal") << Qt::TopToolBarArea << QPoint(21, 0);
+    QTest::newRow("vertical") << Qt::LeftToolBarArea << QPoint(0, 23);
+}
+
 void TestToolbarManager::lineTakesItsGapsFromTheMainBar()
 {
-    Scene scene;
+    QFETCH(const Qt::ToolBarArea, area);
+    QFETCH(const QPoint, step);
+
+    Scene scene(area);
     scene.mainBar->SetButtonGroupSpacing(17);
-    scene.mainBar->SetGroupContentMargins({4, 0, 0, 0});
+    scene.mainBar->SetGroupContentMargins({4, 6, 0, 0});
     scene.mainBar->AdjustToolBarSize(false);
     scene.show();
     const auto first = scene.begin(sculpt, {cut});
     const auto second = scene.begin(paint, {brush});
-    QCOMPARE(onScreen(scene.barOf(paint)).left(), onScreen(scene.barOf(sculpt)).right() + 21);
+    const QRect before = onScreen(scene.barOf(sculpt));
+    const QPoint end = step.x() > 0 ? before.topRight() : before.bottomLeft();
+    QCOMPARE(onScreen(scene.barOf(paint)).topLeft(), end + step);
     verifyLine(scene, {sculpt, paint});
 }
 
@@ -812,6 +829,22 @@ void TestToolbarManager::shownMainBarBringsTheActiveBars()
     QVERIFY(!scene.barOf(paint)->isVisible());
 }
 
+void TestToolbarManager::otherWidgetsAreNotFollowed()
+{
+    Scene scene;
+    scene.show();
+    const auto group = scene.begin(sculpt, {cut});
+    scene.manager->setVisible(false);
+    scene.barOf(sculpt)->setEnabled(false);
+    // A subclass of a host may watch more.
+    QWidget other(scene.window.get());
+    other.installEventFilter(scene.manager);
+    other.show();
+    QVERIFY(!scene.barOf(sculpt)->isVisible());
+    other.setEnabled(false);
+    QVERIFY(!scene.barOf(sculpt)->isEnabled());
+}
+
 void TestToolbarManager::allAreHiddenAndTheActiveOnesShownAgain()
 {
     Scene scene;
@@ -890,6 +923,21 @@ void TestToolbarManager::lastCommandTakesTheBarAndItsLayer()
     QVERIFY(!scene.separator()->isVisible());
     QTRY_COMPARE(scene.countOfLayers(), layers - 1);
     QVERIFY(!group->getCommand(cut)->toolButton());
+}
+
+void TestToolbarManager::commandOnTwoBarsLeavesOneAtATime()
+{
+    Scene scene;
+    scene.show();
+    const auto first = scene.begin(sculpt, {cut, smooth});
+    const auto second = makeGroup(paint, {brush});
+    second->addCommand(first->getCommand(cut));
+    scene.manager->addDynamicCommandGroup(second.get());
+    scene.manager->removeDynamicCommand(first->getCommand(cut));
+    QCOMPARE(scene.idsOn(sculpt), QStringList({smooth}));
+    QCOMPARE(scene.idsOn(paint), QStringList({brush, cut}));
+    scene.manager->removeDynamicCommand(first->getCommand(cut));
+    QCOMPARE(scene.idsOn(paint), QStringList({brush}));
 }
 
 void TestToolbarManager::removalLetsTheLineCloseUp()
