@@ -311,6 +311,7 @@ private Q_SLOTS:
     void shownMainBarBringsTheActiveBars();
     void otherWidgetsAreNotFollowed();
     void allAreHiddenAndTheActiveOnesShownAgain();
+    void barsAreOnlyShownTogether();
     void barsAreEnabledAsTheMainBar();
     void barAddedToADisabledMainBarIsDisabled();
 
@@ -865,6 +866,23 @@ void TestToolbarManager::allAreHiddenAndTheActiveOnesShownAgain()
     scene.manager->setVisible(true);
     QVERIFY(!scene.separator()->isVisible());
     QVERIFY(!scene.barOf(sculpt)->isVisible());
+}
+
+void TestToolbarManager::barsAreOnlyShownTogether()
+{
+    Scene scene;
+    scene.show();
+    bool isGone = false;
+    HostManager manager(scene.mainBar, isGone);
+    const auto group = makeGroup(sculpt, {cut});
+    manager.addDynamicCommandGroup(group.get());
+    manager.commandGroupBegan(group.get());
+    manager.setVisible(false);
+    manager.opened().setToolbarsVisible(false);
+    QVERIFY(!scene.barOf(sculpt)->isVisible());
+    manager.opened().setToolbarsVisible(true);
+    manager.opened().setToolbarsVisible(false);
+    QVERIFY(scene.barOf(sculpt)->isVisible());
 }
 
 void TestToolbarManager::barsAreEnabledAsTheMainBar()
