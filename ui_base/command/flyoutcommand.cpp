@@ -287,6 +287,10 @@ CycleCheckableCommand::CycleCheckableCommand(CmdsViewController *controller,
 {
     setCheckable(false);
     setShortcut(shortcut);
+    // Those who hold the command know it by its id.
+    if (group)
+        connect(group, &QObject::destroyed, this,
+                [this](const QObject *dead) { m_nameOfDeadGroup = dead->objectName(); });
 }
 
 QString CycleCheckableCommand::className()
@@ -297,7 +301,7 @@ QString CycleCheckableCommand::className()
 
 const QString CycleCheckableCommand::commandId() const
 {
-    return m_cycleGroup ? className() + m_cycleGroup->objectName() : className();
+    return className() + (m_cycleGroup ? m_cycleGroup->objectName() : m_nameOfDeadGroup);
 }
 
 bool CycleCheckableCommand::onExecuteAsync(bool)

@@ -180,7 +180,7 @@ public:
     /// The name of the class, with which the ids of its objects begin.
     static QString className();
     /// className() and the object name of the group, with nothing between them; className() alone
-    /// without a group.
+    /// without a group. It stays as it is when the group dies.
     const QString commandId() const override;
 
     /// Toggles the first enabled member from the one behind the first checked member on, in a
@@ -191,6 +191,7 @@ public:
 
 private:
     const QPointer<CommandGroup> m_cycleGroup;
+    QString m_nameOfDeadGroup;
     Q_DISABLE_COPY(CycleCheckableCommand)
 };
 

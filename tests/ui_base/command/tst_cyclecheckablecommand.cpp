@@ -10,6 +10,7 @@
 #include "ui_base/command/testcommand.h"
 
 #include <QKeySequence>
+#include <QPointer>
 #include <QTest>
 
 #include <memory>
@@ -63,6 +64,7 @@ private Q_SLOTS:
     void emptyGroupRefuses();
     void missingMembersArePassedOver();
     void groupMayDieFirst();
+    void idOutlivesTheGroup();
     void toggledMemberMayLeaveTheGroup();
 };
 
@@ -185,8 +187,22 @@ void TestCycleCheckableCommand::groupMayDieFirst()
     auto group = makeGroup(QStringLiteral("A"));
     CycleCheckableCommand command(nullptr, {}, group.get());
     group.reset();
-    QCOMPARE(command.commandId(), className);
     QVERIFY(!command.onExecute());
+}
+
+void TestCycleCheckableCommand::idOutlivesTheGroup()
+{
+    ControllerFixture fixture;
+    auto group = makeGroup(QStringLiteral("A"));
+    group->setObjectName(QStringLiteral("Shadings"));
+    QPointer<CycleCheckableCommand> command =
+        new CycleCheckableCommand(fixture.controller(), {}, group.get());
+    group->setObjectName(QStringLiteral("Looks"));
+    fixture.controller()->addCommand(command);
+    group.reset();
+    QCOMPARE(command->commandId(), className + QStringLiteral("Looks"));
+    fixture.controller()->removeCommand(className + QStringLiteral("Looks"));
+    QVERIFY(!command);
 }
 
 void TestCycleCheckableCommand::toggledMemberMayLeaveTheGroup()
