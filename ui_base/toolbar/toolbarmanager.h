@@ -35,9 +35,9 @@ class ToolbarManagerPrivate;
 /// horizontal line, also beside a vertical main bar.
 ///
 /// The manager belongs to the parent of the main bar and can go earlier or later than the bar. It takes
-/// its bars and its separator with it; none of them holds a command or a group alive. Once the main bar
-/// has died, no bar is made or moved any more; those there are still come and go with their groups. Main
-/// thread only, broadcasts included.
+/// its bars and its separator with it; none of them holds a command or a group alive. Once the main
+/// bar has died, no bar is made or moved any more; those there are still come and go with their
+/// groups. Main thread only, broadcasts included.
 class LUMO_UI_BASE_EXPORT ToolbarManager : public QObject, public DynamicCommandGroupStateProtocol
 {
     Q_OBJECT
