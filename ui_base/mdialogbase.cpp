@@ -4,6 +4,7 @@
 #include "ui_base/mdialogbase.h"
 
 #include "ui_base/qtui/panel/flyoutbase.h"
+#include "ui_base/qtui/panel/panelloan_p.h"
 #include "ui_base/qtui/qtuitoolkit.h"
 
 #include <lumo_common_res/Styles>
@@ -33,8 +34,10 @@ MDialogBase::MDialogBase(const QString &title, QWidget *mainPanel, QWidget *adva
     : QDialog(parent, Qt::FramelessWindowHint)
     , d(std::make_unique<MDialogBasePrivate>())
 {
+    Internal::PanelLoan loan {mainPanel, advancedPanel};
     Initialize(QtUiToolkit::Instance().CreateFlyout(title, mainPanel, advancedPanel, close, cancel,
                                                     apply, reset, parent));
+    loan.keep();
 }
 
 MDialogBase::MDialogBase(QWidget *parent, const QString &title, QWidget *mainPanel,
@@ -43,9 +46,11 @@ MDialogBase::MDialogBase(QWidget *parent, const QString &title, QWidget *mainPan
     : QDialog(parent, Qt::FramelessWindowHint)
     , d(std::make_unique<MDialogBasePrivate>())
 {
+    Internal::PanelLoan loan {mainPanel, advancedPanel};
     Initialize(QtUiToolkit::Instance().CreateFlyout(parent, title, mainPanel, infoText, close,
                                                     cancel, apply, reset, advancedPanel));
     setAccessibleDescription(infoText);
+    loan.keep();
 }
 
 MDialogBase::~MDialogBase() = default;

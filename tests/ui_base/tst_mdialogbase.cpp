@@ -27,6 +27,7 @@
 #include <QVBoxLayout>
 
 #include <memory>
+#include <new>
 #include <stdexcept>
 #include <type_traits>
 
@@ -110,6 +111,32 @@ QPoint movedBy(const Dialog &dialog, const QPoint &from, const QPoint &way)
     release(flyoutOf(dialog), from);
     return dialog->pos() - before;
 }
+
+/// A panel for which there is no memory, in a flyout already or only in a dialog.
+class GreedyPanel : public QWidget
+{
+public:
+    explicit GreedyPanel(bool fitsIntoAFlyout)
+        : m_fitsIntoAFlyout(fitsIntoAFlyout)
+    { }
+    QSize sizeHint() const override
+    {
+        if (!m_fitsIntoAFlyout)
+            throw std::bad_alloc();
+        return {240, 60};
+    }
+
+protected:
+    bool event(QEvent *event) override
+    {
+        if (event->type() == QEvent::StyleChange && qobject_cast<QDialog *>(window()))
+            throw std::bad_alloc();
+        return QWidget::event(event);
+    }
+
+private:
+    const bool m_fitsIntoAFlyout;
+};
 
 class SlotCounter : public QObject
 {
@@ -239,6 +266,42 @@ private Q_SLOTS:
             QVERIFY(fault.happened());
             QVERIFY(!dialog);
             QVERIFY(!panel->parent());
+        }
+    }
+
+    void panelsAreGivenBackWhenThereIsNoMemory_data()
+    {
+        QTest::addColumn<bool>("fitsIntoAFlyout");
+        QTest::addColumn<bool>("hasInfo");
+        QTest::newRow("for the flyout") << false << false;
+        QTest::newRow("for the flyout with information") << false << true;
+        QTest::newRow("for the dialog") << true << false;
+        QTest::newRow("for the dialog with information") << true << true;
+    }
+
+    void panelsAreGivenBackWhenThereIsNoMemory()
+    {
+        QFETCH(const bool, fitsIntoAFlyout);
+        QFETCH(const bool, hasInfo);
+        QWidget owner;
+        const QPointer<QWidget> panel = new GreedyPanel(fitsIntoAFlyout);
+        panel->setParent(&owner);
+        const QPointer<QWidget> advanced = makePanel();
+        const auto &toolkit = QtUiToolkit::Instance();
+        const Dialog dialog(hasInfo ? toolkit.CreateFlyoutDialog(nullptr, {}, panel, {}, true, true,
+                                                                 true, true, advanced)
+                                    : toolkit.CreateFlyoutDialog(nullptr, {}, panel, advanced, true,
+                                                                 true, true, true));
+        const std::unique_ptr<QWidget> owned(advanced);
+        QVERIFY(panel && advanced);
+        QCOMPARE(panel->parentWidget(), &owner);
+        QVERIFY(!advanced->parent());
+        QCOMPARE(bool(dialog), !fitsIntoAFlyout);
+        if (dialog) {
+            QVERIFY(!flyoutOf(dialog) && !dialog->MainPanel());
+            dialog->SetTitle(QStringLiteral("Other"));
+            QCOMPARE(dialog->Title(), QString());
+            dialog->show();
         }
     }
 

@@ -107,7 +107,8 @@ public:
     ///               is
     /// @param mainPanel taken over; null throws std::runtime_error("main panel cannot be null.")
     ///                  and leaves everything as it was
-    /// @return null when there is no memory for it
+    /// @return null when there is no memory for it; a dialog without a flyout when there is none for
+    ///         that. The panels are then where they were
     MDialogBase *CreateFlyoutDialog(QWidget *parent, const QString &title, QWidget *mainPanel,
                                     QWidget *advancedPanel, bool closeButton, bool cancelButton,
                                     bool applyButton, bool resetButton) const;

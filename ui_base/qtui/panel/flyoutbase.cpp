@@ -6,6 +6,7 @@
 #include "ui_base/qtui/panel/flyoutbase_p.h"
 
 #include "ui_base/qtui/devicepixmap_p.h"
+#include "ui_base/qtui/panel/panelloan_p.h"
 #include "ui_base/qtui/tooltip/infodialog.h"
 #include "ui_flyoutbase.h"
 
@@ -23,7 +24,6 @@
 #include <initializer_list>
 #include <stdexcept>
 #include <utility>
-#include <vector>
 
 namespace Vela::UiBase {
 namespace {
@@ -73,32 +73,6 @@ bool lists(const QVariantList &list, const QWidget *widget)
         return entry.value<QWidget *>() == widget;
     });
 }
-
-// Gives panels back to their parents unless it is told that the flyout that took them was made.
-class PanelLoan
-{
-public:
-    explicit PanelLoan(std::initializer_list<QWidget *> panels)
-    {
-        for (QWidget *const panel : panels) {
-            if (panel)
-                m_panels.push_back({panel, panel->parentWidget()});
-        }
-    }
-    ~PanelLoan()
-    {
-        for (const auto &[panel, parent] : m_panels) {
-            if (panel && panel->parentWidget() != parent)
-                panel->setParent(parent);
-        }
-    }
-    void keep() { m_panels.clear(); }
-
-    Q_DISABLE_COPY(PanelLoan)
-
-private:
-    std::vector<std::pair<QPointer<QWidget>, QPointer<QWidget>>> m_panels;
-};
 
 // What else has lost its type is on its way out as well.
 void dropSubWidget(QObject *flyout, const QWidget *dead)
@@ -311,7 +285,7 @@ FlyoutBase::FlyoutBase(const QString &title, QWidget *mainPanel, QWidget *advanc
     : QWidget(parent)
     , d(std::make_unique<FlyoutBasePrivate>(this))
 {
-    PanelLoan loan {mainPanel, advancedPanel};
+    Internal::PanelLoan loan {mainPanel, advancedPanel};
     d->Build(title, mainPanel, advancedPanel,
              {closeButton, cancelButton, applyButton, resetButton});
     setFocusPolicy(Qt::WheelFocus);
@@ -332,7 +306,7 @@ FlyoutBase::FlyoutBase(QWidget *parent, const QString &title, QWidget *mainPanel
     : QWidget(parent)
     , d(std::make_unique<FlyoutBasePrivate>(this))
 {
-    PanelLoan loan {mainPanel, advancedPanel};
+    Internal::PanelLoan loan {mainPanel, advancedPanel};
     d->Build(title, mainPanel, advancedPanel,
              {closeButton, cancelButton, applyButton, resetButton});
     d->ui->ipanel->setVisible(!infoText.isEmpty());
