@@ -3,6 +3,7 @@
 
 #include "ui_base/toolbar/imageviewertoolbar.h"
 
+#include "ui_base/qtui/formtexts_p.h"
 #include "ui_imageviewertoolbar.h"
 
 #include <QEvent>
@@ -15,6 +16,7 @@ class ImageViewerToolBarPrivate
 {
 public:
     Ui::ImageViewerToolBar ui;
+    UiBase::Internal::FormTexts texts;
 };
 
 ImageViewerToolBar::ImageViewerToolBar(QWidget *parent)
@@ -24,6 +26,7 @@ ImageViewerToolBar::ImageViewerToolBar(QWidget *parent)
     // Links by signature and spies know the argument of KeyReleased() by its name only.
     qRegisterMetaType<Qt::Key>();
     d->ui.setupUi(this);
+    d->texts.take(*this);
 }
 
 ImageViewerToolBar::~ImageViewerToolBar() = default;
@@ -72,7 +75,7 @@ void ImageViewerToolBar::changeEvent(QEvent *event)
 {
     QFrame::changeEvent(event);
     if (event->type() == QEvent::LanguageChange)
-        d->ui.retranslateUi(this);
+        d->texts.translate([this] { d->ui.retranslateUi(this); });
 }
 
 void ImageViewerToolBar::keyReleaseEvent(QKeyEvent *event)

@@ -64,7 +64,8 @@ Q_SIGNALS:
     void KeyReleased(Qt::Key key);
 
 protected:
-    /// Puts the texts into the language of the translators of now, after they changed.
+    /// Puts the texts into the language of the translators of now, after they changed. A text that a
+    /// host has replaced stays.
     void changeEvent(QEvent *event) override;
     /// Tells the key and goes no further with it.
     void keyReleaseEvent(QKeyEvent *event) override;

@@ -96,6 +96,7 @@ private Q_SLOTS:
     void aButtonUnderThePointerIsLit();
     void everyTextIsTranslated();
     void anotherLanguageIsTakenWhileItStands();
+    void aTextOfTheHostStaysInAnotherLanguage();
     void aButtonHasANameForAssistiveTools();
     void aClickEmitsOneSignal_data();
     void aClickEmitsOneSignal();
@@ -239,6 +240,19 @@ void ImageViewerToolBarTest::anotherLanguageIsTakenWhileItStands()
         QTRY_COMPARE(find(strip, "zoom_in_button")->text(), QStringLiteral("*+*"));
     }
     QTRY_COMPARE(find(strip, "zoom_in_button")->text(), QStringLiteral("+"));
+}
+
+void ImageViewerToolBarTest::aTextOfTheHostStaysInAnotherLanguage()
+{
+    ImageViewerToolBar strip(nullptr);
+    strip.setWindowTitle(QStringLiteral("Textures"));
+    find(strip, "next_button")->setToolTip(QStringLiteral("Next texture"));
+    MarkTranslator translator;
+    QCoreApplication::installTranslator(&translator);
+    QTRY_COMPARE(find(strip, "zoom_in_button")->text(), QStringLiteral("*+*"));
+    QCOMPARE(strip.windowTitle(), QStringLiteral("Textures"));
+    QCOMPARE(find(strip, "next_button")->toolTip(), QStringLiteral("Next texture"));
+    QCOMPARE(find(strip, "next_button")->text(), QStringLiteral("*>*"));
 }
 
 void ImageViewerToolBarTest::aButtonHasANameForAssistiveTools()
