@@ -59,7 +59,7 @@ ToolBar *ToolBarUtil::CreateMainToolBarButtonMenu(QWidget *parent, QWidget *base
                               : new ToolBar(parent, Qt::LeftToolBarArea);
     takeLooks(*menu, *base);
     placeTooltips(*menu, EArrowPosition::Left, isGrid ? 7 : 5, EDirection::Right);
-    return finish(menu, *base, buttonSize == QSize() ? base->ButtonSize() : buttonSize);
+    return finish(menu, *base, buttonSize.isValid() ? buttonSize : base->ButtonSize());
 }
 
 ArrowedWindow::SArrowParam ToolBarUtil::DefaultArrow()

@@ -170,6 +170,9 @@ void ToolBarUtilTest::aMenuOfAMainBarTakesTheSizeOfTheBaseElse()
         scene.window.get(), scene.base, QSize(11, 11), QSize(), true, 3));
     QCOMPARE(menu->ButtonSize(), QSize(50, 50));
     QCOMPARE(menu->IconSize(), scene.base->IconSize());
+    const std::unique_ptr<ToolBar> other(ToolBarUtil::CreateMainToolBarButtonMenu(
+        scene.window.get(), scene.base, QSize(), QSize(-1, 30), false, 0));
+    QCOMPARE(other->ButtonSize(), QSize(50, 50));
 }
 
 void ToolBarUtilTest::aGridOfNoCellsIsALineAtTheTop()
