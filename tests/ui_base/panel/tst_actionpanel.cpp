@@ -414,6 +414,7 @@ void ActionPanelTest::theButtonOfAGroupIsThatOfTheGroup()
     Scene scene;
     scene.makeGroup(QStringLiteral("tools"), 2);
     scene.group->setBaseGroupName(QStringLiteral("plate"));
+    scene.group->setIcon(iconOf(Qt::darkCyan));
     scene.outer->setCommandRank(scene.group->commandId(), 7);
     scene.panel->AddCommandGroup(scene.outer.get());
     ToolButtonWithButtonMenu *const button = scene.groupButton();
@@ -423,10 +424,13 @@ void ActionPanelTest::theButtonOfAGroupIsThatOfTheGroup()
     QCOMPARE(button->objectName(), QStringLiteral("tools"));
     QVERIFY(button->isCheckable() && !button->isChecked());
     QCOMPARE(button->size(), QSize(50, 50));
-    // A command that is checked shows on the button.
-    auto &command = *scene.group->commandBag().begin()->second;
-    command.setCheckable(true);
+    QCOMPARE(button->toolTip(), QStringLiteral("tip"));
+    QCOMPARE(colourOf(*button), QColor(Qt::darkCyan));
+    // A change of the group leaves the button as it was made.
+    scene.group->setText(QStringLiteral("other"));
+    QVERIFY(button->isCheckable());
     scene.panel->AddCommandGroup(scene.outer.get());
+    QCOMPARE(scene.panel->buttons(), QList<ToolButton *> {button});
     QVERIFY(!button->GetMenu()->isVisible());
     scene.window.reset();
 }
