@@ -112,30 +112,24 @@ QPoint movedBy(const Dialog &dialog, const QPoint &from, const QPoint &way)
     return dialog->pos() - before;
 }
 
-/// A panel for which there is no memory, in a flyout already or only in a dialog.
+/// A panel for which there is no memory in a flyout.
 class GreedyPanel : public QWidget
 {
 public:
-    explicit GreedyPanel(bool fitsIntoAFlyout)
-        : m_fitsIntoAFlyout(fitsIntoAFlyout)
-    { }
-    QSize sizeHint() const override
-    {
-        if (!m_fitsIntoAFlyout)
-            throw std::bad_alloc();
-        return {240, 60};
-    }
+    QSize sizeHint() const override { throw std::bad_alloc(); }
+};
 
-protected:
-    bool event(QEvent *event) override
+/// While alive, there is no memory for the window title of a dialog.
+class DialogShortage : public QObject
+{
+public:
+    DialogShortage() { qApp->installEventFilter(this); }
+    bool eventFilter(QObject *watched, QEvent *event) override
     {
-        if (event->type() == QEvent::StyleChange && qobject_cast<QDialog *>(window()))
+        if (event->type() == QEvent::WindowTitleChange && qobject_cast<QDialog *>(watched))
             throw std::bad_alloc();
-        return QWidget::event(event);
+        return QObject::eventFilter(watched, event);
     }
-
-private:
-    const bool m_fitsIntoAFlyout;
 };
 
 class SlotCounter : public QObject
@@ -271,7 +265,7 @@ private Q_SLOTS:
 
     void panelsAreGivenBackWhenThereIsNoMemory_data()
     {
-        QTest::addColumn<bool>("fitsIntoAFlyout");
+        QTest::addColumn<bool>("hasFlyout");
         QTest::addColumn<bool>("hasInfo");
         QTest::newRow("for the flyout") << false << false;
         QTest::newRow("for the flyout with information") << false << true;
@@ -281,28 +275,35 @@ private Q_SLOTS:
 
     void panelsAreGivenBackWhenThereIsNoMemory()
     {
-        QFETCH(const bool, fitsIntoAFlyout);
+        QFETCH(const bool, hasFlyout);
         QFETCH(const bool, hasInfo);
         QWidget owner;
-        const QPointer<QWidget> panel = new GreedyPanel(fitsIntoAFlyout);
+        const QPointer<QWidget> panel = hasFlyout ? makePanel() : new GreedyPanel;
         panel->setParent(&owner);
         const QPointer<QWidget> advanced = makePanel();
         const auto &toolkit = QtUiToolkit::Instance();
+        const auto shortage = hasFlyout ? std::make_unique<DialogShortage>() : nullptr;
         const Dialog dialog(hasInfo ? toolkit.CreateFlyoutDialog(nullptr, {}, panel, {}, true, true,
                                                                  true, true, advanced)
                                     : toolkit.CreateFlyoutDialog(nullptr, {}, panel, advanced, true,
                                                                  true, true, true));
-        const std::unique_ptr<QWidget> owned(advanced);
         QVERIFY(panel && advanced);
+        const std::unique_ptr<QWidget> owned(advanced);
         QCOMPARE(panel->parentWidget(), &owner);
         QVERIFY(!advanced->parent());
-        QCOMPARE(bool(dialog), !fitsIntoAFlyout);
-        if (dialog) {
-            QVERIFY(!flyoutOf(dialog) && !dialog->MainPanel());
-            dialog->SetTitle(QStringLiteral("Other"));
-            QCOMPARE(dialog->Title(), QString());
-            dialog->show();
-        }
+        QCOMPARE(bool(dialog), !hasFlyout);
+    }
+
+    void dialogWhoseFlyoutCannotBeMadeIsInert()
+    {
+        const std::unique_ptr<QWidget> panel(new GreedyPanel);
+        const Dialog dialog =
+            makeDialog({}, nullptr, nullptr, QStringLiteral("Smooth"), panel.get());
+        QVERIFY(!flyoutOf(dialog) && !dialog->MainPanel());
+        dialog->SetTitle(QStringLiteral("Other"));
+        QCOMPARE(dialog->Title(), QString());
+        dialog->show();
+        QVERIFY(dialog->isVisible());
     }
 
     // A press on a label that is not watched goes on to the flyout.
