@@ -11,6 +11,7 @@
 #include "ui_base/command/testcommand.h"
 #include "ui_base/panel/actionpanel_p.h"
 #include "ui_base/popup/widgetposcalculator.h"
+#include "ui_base/qtui/tooltip/tooltipobject.h"
 #include "ui_base/toolbar/menuscene.h"
 #include "ui_base/toolbar/toolbuttonwithbuttonmenu_p.h"
 #include "ui_base/toolbar/toolbuttonwithwidgetmenu_p.h"
@@ -483,6 +484,7 @@ void ActionPanelTest::aGridMakesTheButtonCheckableAndExtended()
     QCOMPARE(child->ExtendController(), button);
     QCOMPARE(button->GetMenu(), menu);
     QCOMPARE(colourOf(*button), QColor(Qt::gray));
+    QCOMPARE(button->GetTooltipObject()->objectName(), QStringLiteral("tip"));
     QCOMPARE(scene.panel->opened()->buttonRanks.value(button), 3);
     QCOMPARE(scene.panel->opened()->buttonsByGroup.firstKey(), QStringLiteral("menus"));
 }
