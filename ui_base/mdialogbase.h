@@ -95,7 +95,9 @@ public:
     void SetBounds(const QRect &bounds, const QRect &frame);
 
     /// Has each showing move the dialog to the lower right of a point, within the parent of the
-    /// dialog; along each axis on which it would not fit, to the other side of the point.
+    /// dialog; along each axis on which it would not fit, to the other side of the point. For a
+    /// dialog with a parent: that of one without is kept relative to the dialog itself, so that each
+    /// showing would move it on.
     /// @param global the point on the screen
     /// @param offset distance from the point along both axes
     /// \sa FlyoutBase::SetReferencePoint()

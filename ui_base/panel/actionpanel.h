@@ -46,7 +46,8 @@ public:
     /// @param icon shown where the action has none
     /// @param tooltip text of the tooltip
     /// @param objectName object name of a button with a grid
-    /// @return the button, owned by the bar; null when @p parent, @p toolBar or @p menu is null
+    /// @return the button, owned by the bar; null when @p parent, @p toolBar or @p menu is null, and
+    ///         when @p toolBar is @p menu or stands below it
     static ToolButtonWithButtonMenu *CreateToolButton(QWidget *parent, QAction *action,
                                                       ToolBar *toolBar, ToolBar *menu,
                                                       const QString &groupName, const QIcon &icon,
@@ -63,7 +64,8 @@ public:
     /// that is open, see ToolButtonWithMenu::SetNoHideMenuOnClick().
     void PrepareActionPanel();
     /// Enables or disables every button of the panel. Those of menus are left alone, and so are the
-    /// actions of the buttons.
+    /// actions of the buttons: a button of a disabled action is enabled, too, but its click does
+    /// nothing, and one whose action changes takes the state of that again.
     void SetEnabled(bool enable);
 
     /// Repeats what the constructor does, for subclasses that override InitializeToolBar(): to be
@@ -90,6 +92,7 @@ protected:
 
     /// Makes a grid of four columns, whatever the group says.
     ToolBar *CreateSubToolBar(CommandGroup *group) override;
+    /// Adds the button of a group by CreateToolButton().
     ToolButton *AddButton(ToolBar *menu, CommandGroup *group, int rank) override;
     /// Has the flyout of @p leaf treat Escape itself.
     void OnDismissWidgetMenu(ToolButtonWithButtonMenu *owner,

@@ -60,7 +60,8 @@ Q_SIGNALS:
     void PrevImage();
     /// The image after the present one is to be shown.
     void NextImage();
-    /// A key was released over the strip, whichever.
+    /// A key was released while the strip or one of its buttons had the focus, whichever the strip
+    /// got: a button keeps those for itself that it clicks with.
     void KeyReleased(Qt::Key key);
 
 protected:
