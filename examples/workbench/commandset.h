@@ -80,7 +80,7 @@ struct CommandSet
     std::shared_ptr<Vela::UiBase::CommandGroup> selection;
     std::shared_ptr<Vela::UiBase::CommandGroup> program; ///< dialogs beside the work; menus only
 
-    /// The groups that the strip has buttons for, in their order.
+    /// The groups of files, edits, what changes the view, and what selected faces can do.
     std::vector<Vela::UiBase::CommandGroup *> groups() const;
 
     /// All commands that stand in those groups.

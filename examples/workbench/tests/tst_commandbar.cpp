@@ -5,17 +5,21 @@
 
 #include "commandclock.h"
 #include "commands/attributecommand.h"
+#include "commands/barscommand.h"
 #include "commands/displaymodecommand.h"
 #include "commands/flipnormalscommand.h"
+#include "commands/selectioncommand.h"
 #include "mainwindow.h"
 #include "meshdocument.h"
 #include "support/testcase.h"
 #include "support/testmain.h"
 #include "testmeshes.h"
 #include "toolbar/editingpanel.h"
+#include "toolbar/viewingbar.h"
 
 #include <ui_base/ATooltipEx>
 #include <ui_base/CommandGroup>
+#include <ui_base/ToolBar>
 #include <ui_base/ToolButton>
 #include <ui_base/TooltipObject>
 
@@ -163,6 +167,34 @@ private Q_SLOTS:
         window->show();
         QVERIFY(showCard(*window, *window->commands().attributes[0]));
         window.reset();
+    }
+
+    void barsThatAreCalledBackAtOnceStay()
+    {
+        MainWindow window;
+        window.show();
+        const CommandBars &bars = window.bars();
+        QTRY_VERIFY(bars.panel().isVisible());
+        QSignalSpy in(&bars.panel(), &ToolBar::ShowAnimationFinished);
+        window.commands().bars->trigger();
+        window.commands().bars->trigger();
+        QTRY_COMPARE(in.count(), 1);
+        QTRY_VERIFY(bars.panel().isVisible() && bars.strip().bar().isVisible());
+    }
+
+    void rowForSelectedFacesWaitsForTheBars()
+    {
+        MainWindow window;
+        window.show();
+        window.document().open(QStringLiteral("grid.obj"), TestMeshes::grid(1));
+        window.commands().bars->trigger();
+        QTRY_VERIFY(!window.bars().strip().isVisible());
+        window.document().select({0});
+        const ToolButton *grow = window.commands().selectionChanges[0]->toolButton();
+        QCoreApplication::processEvents();
+        QVERIFY(!grow->isVisible());
+        window.commands().bars->trigger();
+        QTRY_VERIFY(grow->isVisible());
     }
 
 private:

@@ -65,12 +65,12 @@ void CommandBars::setCardsEnabled(bool enabled)
 
 void CommandBars::followSelection()
 {
-    const bool hasSelection = !m_document->selection().isEmpty();
-    if (hasSelection == m_hasSelection)
+    const bool isActive = !m_document->selection().isEmpty() && m_commands->bars->isChecked();
+    if (isActive == m_isRowActive)
         return;
-    m_hasSelection = hasSelection;
-    m_groupStates.broadcast(hasSelection ? &DynamicCommandGroupStateProtocol::commandGroupBegan
-                                         : &DynamicCommandGroupStateProtocol::commandGroupEnded,
+    m_isRowActive = isActive;
+    m_groupStates.broadcast(isActive ? &DynamicCommandGroupStateProtocol::commandGroupBegan
+                                     : &DynamicCommandGroupStateProtocol::commandGroupEnded,
                             m_commands->selection.get());
 }
 
@@ -88,6 +88,7 @@ bool CommandBars::eventFilter(QObject *watched, QEvent *event)
 
 void CommandBars::slide(bool in)
 {
+    followSelection();
     m_strip->slide(in);
     if (in)
         m_panel->ShowAnimated();

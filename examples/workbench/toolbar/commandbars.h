@@ -24,7 +24,7 @@ class ViewPane;
 struct CommandSet;
 
 /// The bars around a view: the panel of files and edits at its left and the strip below it. The row
-/// for selected faces is active as long as there are some.
+/// for selected faces is active as long as there are some and the bars are shown.
 class CommandBars : public QObject
 {
     Q_OBJECT
@@ -56,7 +56,7 @@ private:
     CommandCards *const m_cards;
     const std::unique_ptr<const CommandSet> m_commands;
     Tessel::Broadcaster<Vela::UiBase::DynamicCommandGroupStateProtocol> m_groupStates;
-    bool m_hasSelection = false;
+    bool m_isRowActive = false;
 };
 
 } // namespace Workbench

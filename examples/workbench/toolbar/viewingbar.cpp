@@ -41,7 +41,6 @@ ViewingBar::~ViewingBar() = default;
 
 void ViewingBar::slide(bool in)
 {
-    m_rows->setVisible(in);
     if (!in) {
         m_bar->HideAnimated();
         return;
