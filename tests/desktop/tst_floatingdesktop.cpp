@@ -166,6 +166,24 @@ private Q_SLOTS:
         }
     }
 
+    void layerHiddenWhileMinimisedComesBackWithItsWidget()
+    {
+        Scene scene;
+        QVERIFY(scene.isActive());
+        const QWidget *const layer = scene.floatPatch();
+        QTRY_COMPARE(colourInside(*scene.patch), QColor(Qt::green));
+        scene.window.showMinimized();
+        QTRY_VERIFY(layer->isMinimized());
+        scene.patch->hide();
+        QTRY_VERIFY(!scene.window.windowHandle()->isExposed());
+        scene.window.showNormal();
+        QTRY_VERIFY(scene.window.windowHandle()->isExposed());
+        scene.patch->show();
+        QTRY_COMPARE(colourInside(*scene.patch), QColor(Qt::green));
+        QVERIFY(!layer->isMinimized());
+        QVERIFY(scene.window.windowHandle()->isExposed());
+    }
+
     void layerFollowsADockThatIsPulledOut()
     {
         QMainWindow window;

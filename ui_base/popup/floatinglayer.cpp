@@ -83,6 +83,7 @@ public:
     void takePendingMove();
     void followIntoOtherWindow();
     void letGo();
+    void forgetMinimised();
 
     FloatingLayer *const q;
     QPointer<QWidget> attachedWidget;
@@ -211,6 +212,15 @@ void FloatingLayerPrivate::followIntoOtherWindow()
     q->setVisible(wasVisible);
 }
 
+// A window system minimises the layer with the window below it. Hidden before that window came back,
+// the layer would ask to be shown minimised, and some managers minimise the window below with it.
+void FloatingLayerPrivate::forgetMinimised()
+{
+    const QWidget *const parent = q->parentWidget();
+    if (q->isMinimized() && !(parent && parent->window()->isMinimized()))
+        q->setWindowState(q->windowState() & ~Qt::WindowMinimized);
+}
+
 void FloatingLayerPrivate::letGo()
 {
     q->setEventFilterForAttachedWidget(false);
@@ -333,6 +343,8 @@ void FloatingLayer::setEventFilterForParentWidget(bool on)
 
 void FloatingLayer::setVisible(bool visible)
 {
+    if (visible && !isVisible())
+        d->forgetMinimised();
     QDialog::setVisible(visible);
     if (visible)
         raise();

@@ -55,18 +55,14 @@ void minimise(TourGuide &guide)
 {
     guide.begin(TourGuide::tr("Notification comes back"));
     const QPoint offset = offsetOf(guide);
-    int looks = 0;
     guide.window().showMinimized();
     guide.check(TourGuide::tr("the message goes with the window"), guide.waitUntil([&] {
         return !guide.window().windowHandle()->isExposed() && !guide.bar()->isVisible();
     }));
     guide.check(TourGuide::tr("the message comes back with the window"), guide.waitUntil([&] {
-        // The window manager may not be done yet with putting it away. When it is slow it does so
-        // after it was asked for the window, and nobody says so.
+        // The window manager may not be done yet with putting it away.
         if (guide.window().isMinimized())
             guide.window().showNormal();
-        else if (!guide.window().windowHandle()->isExposed() && ++looks % 50 == 0)
-            guide.window().showMinimized();
         return guide.window().windowHandle()->isExposed() && guide.bar()->isVisible()
             && guide.isSettled() && offsetOf(guide) == offset
             && (!guide.hasGraphics() || guide.isBarSeen());
