@@ -6,6 +6,9 @@
 //
 //     actionpanel [--dark] [--open menu|flyout] [--shot FILE.png]
 
+#include "shared/look.h"
+#include "shared/picture.h"
+
 #include <ui_base/ActionPanel>
 #include <ui_base/ArrowedWindow>
 #include <ui_base/CommandBag>
@@ -14,11 +17,8 @@
 #include <ui_base/FlyoutBase>
 #include <ui_base/FlyoutCommand>
 #include <ui_base/QtUiToolkit>
-#include <ui_base/StartUp>
 #include <ui_base/ToolButtonWithButtonMenu>
 #include <ui_base/ToolButtonWithWidgetMenu>
-
-#include <lumo_common_res/Styles>
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -136,29 +136,6 @@ protected:
     }
 };
 
-void chooseLook(QApplication &application, bool dark)
-{
-    auto &styles = Vela::Resource::Styles::Instance();
-    if (dark)
-        styles.SetPalette(Vela::Resource::EPalette::Dark);
-    application.setPalette(styles.ApplicationPalette());
-    application.setStyleSheet(styles.ApplicationStyleSheet());
-    StartUp();
-}
-
-// Menus and flyouts are windows of their own, so the picture is put together.
-QPixmap pictureOf(QWidget &window)
-{
-    QPixmap picture = window.grab();
-    QPainter painter(&picture);
-    const QWidgetList windows = QApplication::topLevelWidgets();
-    for (QWidget *other : windows) {
-        if (other != &window && other->isVisible())
-            painter.drawPixmap(window.mapFromGlobal(other->pos()), other->grab());
-    }
-    return picture;
-}
-
 void openPopup(const QString &which, const CommandGroup &all, const CommandBase &smooth)
 {
     if (which == QLatin1String("menu"))
@@ -197,7 +174,7 @@ int main(int argc, char *argv[])
     const QString file = parser.value(QStringLiteral("shot"));
     if (!file.isEmpty()) {
         QTimer::singleShot(300, &window, [&window, file] {
-            QCoreApplication::exit(pictureOf(window).save(file) ? 0 : 1);
+            QCoreApplication::exit(savePicture(window, file) ? 0 : 1);
         });
     }
     return QApplication::exec();

@@ -7,14 +7,13 @@
 //
 //     dialogs [--dark] [--rtl] [--shot FILE.png]
 
+#include "shared/look.h"
+
 #include <ui_base/DialogEx>
 #include <ui_base/FlyoutBase>
 #include <ui_base/MDialogBase>
 #include <ui_base/QtUiToolkit>
-#include <ui_base/StartUp>
 #include <ui_base/TaskDialog>
-
-#include <lumo_common_res/Styles>
 
 #include <QApplication>
 #include <QCheckBox>
@@ -34,17 +33,6 @@ using namespace Vela::UiToolkit;
 namespace {
 
 using Dialogs = std::vector<std::unique_ptr<QDialog>>;
-
-// 1. The palette is chosen before the first widget.
-void chooseLook(QApplication &application, bool dark)
-{
-    auto &styles = Vela::Resource::Styles::Instance();
-    if (dark)
-        styles.SetPalette(Vela::Resource::EPalette::Dark);
-    application.setPalette(styles.ApplicationPalette());
-    application.setStyleSheet(styles.ApplicationStyleSheet());
-    Vela::UiBase::StartUp();
-}
 
 // 2. Most hosts need only the helpers, which wait for the answer.
 EDialogResult ask(QWidget *parent)
@@ -171,6 +159,7 @@ int main(int argc, char *argv[])
     parser.process(application);
     if (parser.isSet(QStringLiteral("rtl")))
         QApplication::setLayoutDirection(Qt::RightToLeft);
+    // 1. The palette is chosen before the first widget.
     chooseLook(application, parser.isSet(QStringLiteral("dark")));
 
     const QString file = parser.value(QStringLiteral("shot"));

@@ -8,21 +8,20 @@
 
 #include "relief.h"
 #include "reliefview.h"
+#include "shared/look.h"
+#include "shared/picture.h"
 #include "smoothcommand.h"
 
 #include <ui_base/BaseView>
 #include <ui_base/CmdsViewController>
 #include <ui_base/FlyoutBase>
-#include <ui_base/StartUp>
 #include <ui_base/ToolBar>
 #include <ui_base/ToolButtonWithWidgetMenu>
 
 #include <lumo_app_service/ApplicationService>
-#include <lumo_common_res/Styles>
 
 #include <QApplication>
 #include <QCommandLineParser>
-#include <QPainter>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -58,16 +57,6 @@ private:
     quint32 m_seed = 7;
 };
 
-void chooseLook(QApplication &application, bool dark)
-{
-    auto &styles = Vela::Resource::Styles::Instance();
-    if (dark)
-        styles.SetPalette(Vela::Resource::EPalette::Dark);
-    application.setPalette(styles.ApplicationPalette());
-    application.setStyleSheet(styles.ApplicationStyleSheet());
-    StartUp();
-}
-
 // Panels open beneath their buttons, in a window with an arrow.
 ToolBar *makeBar(QWidget *window)
 {
@@ -88,20 +77,6 @@ void openAll(ToolButton *button, FlyoutBase *panel)
     button->click();
     for (const char *const name : {"advanced_button", "info_button"})
         panel->findChild<QToolButton *>(QLatin1String(name))->click();
-}
-
-// Panels stand in windows of their own, which a picture of the window lacks.
-bool saveShot(QWidget &window, const QString &file)
-{
-    QPixmap picture = window.grab();
-    QPainter painter(&picture);
-    const QList<QWidget *> windows = QApplication::topLevelWidgets();
-    for (QWidget *const other : windows) {
-        if (other != &window && other->isVisible())
-            painter.drawPixmap(other->pos() - window.pos(), other->grab());
-    }
-    painter.end();
-    return picture.save(file);
 }
 
 } // namespace
@@ -157,7 +132,7 @@ int main(int argc, char *argv[])
     if (!file.isEmpty()) {
         QTimer::singleShot(0, &window, [button, panel] { openAll(button, panel); });
         QTimer::singleShot(300, &window, [&window, file] {
-            QCoreApplication::exit(saveShot(window, file) ? 0 : 1);
+            QCoreApplication::exit(savePicture(window, file) ? 0 : 1);
         });
     }
     return QApplication::exec();

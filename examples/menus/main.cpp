@@ -7,9 +7,11 @@
 //
 //     menus [--dark] [--rtl] [--shot FILE.png]
 
+#include "shared/look.h"
+#include "shared/picture.h"
+
 #include <ui_base/LumoMenuManager>
 #include <ui_base/MenuBuilder>
-#include <ui_base/StartUp>
 
 #include <lumo_common_res/Styles>
 
@@ -20,7 +22,6 @@
 #include <QLabel>
 #include <QMainWindow>
 #include <QMenu>
-#include <QPainter>
 #include <QPushButton>
 #include <QTimer>
 #include <QToolButton>
@@ -32,17 +33,6 @@ namespace {
 const QString fileItem = QStringLiteral("&File");
 const QString viewItem = QStringLiteral("&View");
 const QString homeItem = QStringLiteral("&Home");
-
-// 1. The palette is chosen before the first widget.
-void chooseLook(QApplication &application, bool dark)
-{
-    auto &styles = Vela::Resource::Styles::Instance();
-    if (dark)
-        styles.SetPalette(Vela::Resource::EPalette::Dark);
-    application.setPalette(styles.ApplicationPalette());
-    application.setStyleSheet(styles.ApplicationStyleSheet());
-    StartUp();
-}
 
 // 2. Items first: they are addressed by their text. The second style sheet is that of an item while
 // its menu is open.
@@ -130,18 +120,6 @@ QWidget *makeButtons(QMainWindow &window)
     return row;
 }
 
-// The menus are windows of their own, so the picture is put together.
-QPixmap pictureOf(const QMainWindow &window, const QList<QMenu *> &menus)
-{
-    QPixmap picture = const_cast<QMainWindow &>(window).grab();
-    QPainter painter(&picture);
-    for (QMenu *menu : menus) {
-        const QPixmap grabbed = menu->grab();
-        painter.drawPixmap(window.mapFromGlobal(menu->pos()), grabbed);
-    }
-    return picture;
-}
-
 QMenu *menuOf(const MenuBuilder &bar, const QString &item)
 {
     return bar.GetMenuBarItem(item)->findChild<QMenu *>(QString(), Qt::FindDirectChildrenOnly);
@@ -163,6 +141,7 @@ int main(int argc, char *argv[])
     parser.process(application);
     if (parser.isSet(QStringLiteral("rtl")))
         QApplication::setLayoutDirection(Qt::RightToLeft);
+    // 1. The palette is chosen before the first widget.
     chooseLook(application, parser.isSet(QStringLiteral("dark")));
 
     QMainWindow window;
@@ -179,9 +158,8 @@ int main(int argc, char *argv[])
         QMenu *const menu = menuOf(*bar, fileItem);
         QMenu *const recent = menu->findChild<QMenu *>();
         menu->setActiveAction(recent->menuAction());
-        QTimer::singleShot(300, &window, [&window, menu, recent, file] {
-            const QPixmap picture = pictureOf(window, {menu, recent});
-            QCoreApplication::exit(menu->isVisible() && picture.save(file) ? 0 : 1);
+        QTimer::singleShot(300, &window, [&window, menu, file] {
+            QCoreApplication::exit(menu->isVisible() && savePicture(window, file) ? 0 : 1);
         });
     }
     return QApplication::exec();

@@ -6,10 +6,9 @@
 //
 //     notifications [--dark] [--shot FILE.png]
 
-#include <ui_base/NotificationBar>
-#include <ui_base/StartUp>
+#include "shared/look.h"
 
-#include <lumo_common_res/Styles>
+#include <ui_base/NotificationBar>
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -22,17 +21,6 @@ using namespace Vela::UiBase;
 namespace {
 
 constexpr int Minute = 60'000;
-
-// 1. The palette is chosen before the first widget.
-void chooseLook(QApplication &application, bool dark)
-{
-    auto &styles = Vela::Resource::Styles::Instance();
-    if (dark)
-        styles.SetPalette(Vela::Resource::EPalette::Dark);
-    application.setPalette(styles.ApplicationPalette());
-    application.setStyleSheet(styles.ApplicationStyleSheet());
-    StartUp();
-}
 
 // 2. A bar belongs to the view that it floats over. Over a native view, such as one of OpenGL, it
 // also needs FloatingLayer::makeWidgetFloating(bar, QMargins()).
@@ -80,6 +68,7 @@ int main(int argc, char *argv[])
     parser.addOption({QStringLiteral("shot"), QStringLiteral("Save a picture and leave."),
                       QStringLiteral("file")});
     parser.process(application);
+    // 1. The palette is chosen before the first widget.
     chooseLook(application, parser.isSet(QStringLiteral("dark")));
 
     QWidget window;

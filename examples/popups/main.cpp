@@ -6,11 +6,10 @@
 //
 //     popups [--dark] [--shot FILE.png]
 
-#include <ui_base/ArrowedWindow>
-#include <ui_base/StartUp>
-#include <ui_base/WidgetPosCalculator>
+#include "shared/look.h"
 
-#include <lumo_common_res/Styles>
+#include <ui_base/ArrowedWindow>
+#include <ui_base/WidgetPosCalculator>
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -22,17 +21,6 @@
 using namespace Vela::UiBase;
 
 namespace {
-
-// 1. The palette is chosen before the first widget.
-void chooseLook(QApplication &application, bool dark)
-{
-    auto &styles = Vela::Resource::Styles::Instance();
-    if (dark)
-        styles.SetPalette(Vela::Resource::EPalette::Dark);
-    application.setPalette(styles.ApplicationPalette());
-    application.setStyleSheet(styles.ApplicationStyleSheet());
-    StartUp();
-}
 
 // A place with a button in its centre, with room for a popup around it.
 QToolButton *addButton(QWidget &window, int row, int column)
@@ -174,6 +162,7 @@ int main(int argc, char *argv[])
     parser.addOption({QStringLiteral("shot"), QStringLiteral("Save a picture and leave."),
                       QStringLiteral("file")});
     parser.process(application);
+    // 1. The palette is chosen before the first widget.
     chooseLook(application, parser.isSet(QStringLiteral("dark")));
 
     QWidget window;

@@ -6,22 +6,21 @@
 //
 //     tooltips [--dark] [--shot FILE.png]
 
+#include "shared/look.h"
+#include "shared/picture.h"
+
 #include <ui_base/ATooltipObject>
 #include <ui_base/BaseView>
 #include <ui_base/DefaultTooltip>
 #include <ui_base/InfoDialog>
-#include <ui_base/StartUp>
 #include <ui_base/TooltipEx>
 #include <ui_base/TooltipExFactory>
 #include <ui_base/TooltipObject>
 #include <ui_base/TooltipWrapper>
 
-#include <lumo_common_res/Styles>
-
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QLabel>
-#include <QPainter>
 #include <QTimer>
 
 using namespace Vela::UiBase;
@@ -29,17 +28,6 @@ using ETooltipType = ATooltipObject::ETooltipType;
 using EVisibility = ATooltipEx::EWidgetExVisibility;
 
 namespace {
-
-// 1. The palette is chosen before the first widget.
-void chooseLook(QApplication &application, bool dark)
-{
-    auto &styles = Vela::Resource::Styles::Instance();
-    if (dark)
-        styles.SetPalette(Vela::Resource::EPalette::Dark);
-    application.setPalette(styles.ApplicationPalette());
-    application.setStyleSheet(styles.ApplicationStyleSheet());
-    StartUp();
-}
 
 QLabel *addHost(QWidget &view, const QString &text, const QPoint &place)
 {
@@ -156,20 +144,6 @@ void showRemark(ATooltipObject *remark, const QWidget &view)
         TooltipWrapper::ETooltipShowUpType::ShowUpManualDismiss);
 }
 
-// Tooltips are windows of their own; a picture of the window lacks them.
-bool saveShot(QWidget &window, const QString &file)
-{
-    QPixmap picture = window.grab();
-    QPainter painter(&picture);
-    const QList<QWidget *> windows = QApplication::topLevelWidgets();
-    for (QWidget *other : windows) {
-        if (other != &window && other->isVisible())
-            painter.drawPixmap(window.mapFromGlobal(other->pos()), other->grab());
-    }
-    painter.end();
-    return picture.save(file);
-}
-
 } // namespace
 
 int main(int argc, char *argv[])
@@ -181,6 +155,7 @@ int main(int argc, char *argv[])
     parser.addOption({QStringLiteral("shot"), QStringLiteral("Save a picture and leave."),
                       QStringLiteral("file")});
     parser.process(application);
+    // 1. The palette is chosen before the first widget.
     chooseLook(application, parser.isSet(QStringLiteral("dark")));
 
     // 7. Tooltips stay inside the view that their host is in.
@@ -201,7 +176,7 @@ int main(int argc, char *argv[])
         for (ATooltipObject *tooltip : qAsConst(tooltips))
             tooltip->ShowTooltip();
         QTimer::singleShot(300, &window, [&window, file] {
-            QCoreApplication::exit(saveShot(window, file) ? 0 : 1);
+            QCoreApplication::exit(savePicture(window, file) ? 0 : 1);
         });
     }
     return QApplication::exec();

@@ -6,22 +6,21 @@
 //
 //     toolbars [--dark] [--shot FILE.png]
 
+#include "shared/look.h"
+#include "shared/picture.h"
+
 #include <core/Broadcaster>
 #include <ui_base/CommandBase>
 #include <ui_base/CommandGroup>
 #include <ui_base/DynamicCommandGroupStateProtocol>
 #include <ui_base/QtUiToolkit>
-#include <ui_base/StartUp>
 #include <ui_base/ToolBar>
 #include <ui_base/ToolbarManager>
 #include <ui_base/ToolButton>
 
-#include <lumo_common_res/Styles>
-
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QLabel>
-#include <QPainter>
 #include <QTimer>
 
 #include <functional>
@@ -225,30 +224,6 @@ void Host::showAll()
     }
 }
 
-void chooseLook(QApplication &application, bool dark)
-{
-    auto &styles = Vela::Resource::Styles::Instance();
-    if (dark)
-        styles.SetPalette(Vela::Resource::EPalette::Dark);
-    application.setPalette(styles.ApplicationPalette());
-    application.setStyleSheet(styles.ApplicationStyleSheet());
-    StartUp();
-}
-
-// Menus and dynamic bars are windows of their own; a picture of the window lacks them.
-bool saveShot(QWidget &window, const QString &file)
-{
-    QPixmap picture = window.grab();
-    QPainter painter(&picture);
-    const QList<QWidget *> windows = QApplication::topLevelWidgets();
-    for (QWidget *other : windows) {
-        if (other != &window && other->isVisible())
-            painter.drawPixmap(window.mapFromGlobal(other->pos()), other->grab());
-    }
-    painter.end();
-    return picture.save(file);
-}
-
 } // namespace
 
 int main(int argc, char *argv[])
@@ -267,8 +242,8 @@ int main(int argc, char *argv[])
     const QString file = parser.value(QStringLiteral("shot"));
     if (!file.isEmpty()) {
         host.showAll();
-        QTimer::singleShot(500, &host,
-                           [&host, file] { QCoreApplication::exit(saveShot(host, file) ? 0 : 1); });
+        QTimer::singleShot(
+            500, &host, [&host, file] { QCoreApplication::exit(savePicture(host, file) ? 0 : 1); });
     }
     return QApplication::exec();
 }
