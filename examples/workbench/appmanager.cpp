@@ -82,6 +82,13 @@ void addToPanel(CommandGroup &group, const std::shared_ptr<Command> &command)
     addTo(group, command);
 }
 
+/// Panels float over the view in windows of their own, in which its keys count as well.
+void handOver(CommandBase &command, Vela::UiBase::CmdsViewController *controller)
+{
+    command.setViewController(controller);
+    command.setShortcutContext(Qt::ApplicationShortcut);
+}
+
 } // namespace
 
 AppManager::AppManager(const std::shared_ptr<MeshDocument> &document,
@@ -213,7 +220,7 @@ QList<CommandBase *> AppManager::commands(Vela::UiBase::CmdsViewController *cont
 {
     if (qobject_cast<ImageViewController *>(controller)) {
         for (CommandBase *command : m_commands.images.ofTheView())
-            command->setViewController(controller);
+            handOver(*command, controller);
         return {m_commands.images.viewing.get()};
     }
     if (!qobject_cast<MeshViewController *>(controller))
@@ -226,14 +233,14 @@ QList<CommandBase *> AppManager::commands(Vela::UiBase::CmdsViewController *cont
     groups.append(m_commands.nextMode.get());
     groups.append(m_commands.bars.get());
     for (CommandBase *command : m_commands.all())
-        command->setViewController(controller);
+        handOver(*command, controller);
     for (const CommandGroup *group : {m_commands.flyouts.get(), m_commands.program.get()}) {
         for (const auto &[id, command] : group->commandBag())
-            command->setViewController(controller);
+            handOver(*command, controller);
     }
     for (CommandBase *command :
          std::initializer_list<CommandBase *> {m_commands.nextMode.get(), m_commands.bars.get()})
-        command->setViewController(controller);
+        handOver(*command, controller);
     return groups;
 }
 

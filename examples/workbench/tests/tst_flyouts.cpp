@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The lumo_ui_base authors
 // SPDX-License-Identifier: MIT
 
+#include "commands/attributecommand.h"
 #include "commands/displaymodecommand.h"
 #include "commands/flipnormalscommand.h"
 #include "commands/smoothcommand.h"
@@ -260,6 +261,22 @@ private Q_SLOTS:
         QVERIFY(!isInterrupted);
         QVERIFY(commands.smooth->isEnabled());
         QVERIFY(commands.flipNormals->isEnabled());
+    }
+
+    void keysOfTheWindowCountInAPanel()
+    {
+        Scene scene;
+        SmoothFlyout &smooth = *scene.commands().smoothFlyout;
+        Scene::open(smooth);
+        QWidget *const window = smooth.flyout()->window();
+        QVERIFY(window != &scene.window);
+        window->activateWindow();
+        QTRY_COMPARE(QApplication::activeWindow(), window);
+        firstSlider(smooth)->setFocus();
+        QVERIFY(!scene.commands().attributes.front()->isChecked());
+        QTest::keySequence(firstSlider(smooth), scene.commands().attributes.front()->shortcut());
+        QVERIFY(scene.commands().attributes.front()->isChecked());
+        QVERIFY(smooth.flyout()->isVisible());
     }
 
     void escapeClosesFromTheView()
