@@ -852,6 +852,9 @@ private Q_SLOTS:
         auto *const button = part<QAbstractButton>(dialog, name.toLatin1());
         QVERIFY(button->isVisible());
         QVERIFY(!button->accessibleName().isEmpty() || !button->text().isEmpty());
+        if (button->hasFocus()) // as the first one has
+            QTest::keyClick(button, Qt::Key_Tab);
+        QVERIFY(!button->hasFocus());
         const QImage before = button->grab().toImage();
         const QSize hint = button->sizeHint();
         for (int i = 0; i < 20 && !button->hasFocus(); ++i)

@@ -15,6 +15,7 @@
 
 #include <QDebug>
 #include <QDialog>
+#include <QFocusEvent>
 #include <QGraphicsDropShadowEffect>
 #include <QKeyEvent>
 #include <QPalette>
@@ -277,6 +278,39 @@ void FlyoutBasePrivate::WriteSubWidgets(const QVariantList &list)
             QObject::connect(widget, &QObject::destroyed, q,
                              [flyout = q, widget] { dropSubWidget(flyout, widget); }));
     }
+}
+
+QVector<QWidget *> FlyoutBasePrivate::TabStopsIn(const QWidget *part) const
+{
+    QVector<QWidget *> stops;
+    for (QWidget *next = q->nextInFocusChain(); part && next != q;
+         next = next->nextInFocusChain()) {
+        const bool isStop = next->focusPolicy() != Qt::NoFocus && !next->focusProxy();
+        if (isStop && (next == part || part->isAncestorOf(next)))
+            stops << next;
+    }
+    return stops;
+}
+
+// Qt puts the panels behind the buttons of the form, and what their owner adds later at the very end.
+// From the flyout itself, which has the focus at first, Tab goes down and ends in the title row.
+void FlyoutBasePrivate::OrderTabStops()
+{
+    const QVector<QWidget *> parts {mainPanel,         ui->advanced_button, advancedPanel,
+                                    ui->cancel_button, ui->apply_button,    ui->ibutton,
+                                    ui->info_button,   ui->reset_button,    ui->close_button};
+    // Qt leaves the order alone behind a widget that takes no focus, as the second form does.
+    const Qt::FocusPolicy policy = q->focusPolicy();
+    q->setFocusPolicy(Qt::WheelFocus);
+    QWidget *last = q;
+    for (const QWidget *part : parts) {
+        const QVector<QWidget *> stops = TabStopsIn(part);
+        for (QWidget *stop : stops) {
+            QWidget::setTabOrder(last, stop);
+            last = stop;
+        }
+    }
+    q->setFocusPolicy(policy);
 }
 
 FlyoutBase::FlyoutBase(const QString &title, QWidget *mainPanel, QWidget *advancedPanel,
@@ -611,6 +645,7 @@ void FlyoutBase::SetAdvancedPanel(bool wasVisible)
         d->advancedPanel->setVisible(opens);
     d->SetSpacerVirtualVisibility(d->ui->spacerAfterAdvancedLine, opens);
     d->SetSpacerVirtualVisibility(d->ui->spacerBeforeButtonLine, opens && hasButtons);
+    d->OrderTabStops();
     d->FitSize();
 }
 
@@ -632,6 +667,7 @@ void FlyoutBase::showEvent(QShowEvent *event)
     if (!d->mainPanel)
         return;
     d->mainPanel->show();
+    d->OrderTabStops();
     d->FitSize();
     QPoint place;
     if (d->hasReferencePoint && GetPositionOnReferencePoint(place)) {
@@ -649,6 +685,16 @@ void FlyoutBase::hideEvent(QHideEvent *event)
     if (d->infoWidget && d->infoWidget->isVisible())
         d->infoWidget->hide();
     QWidget::hideEvent(event);
+}
+
+// Nothing tells that the flyout itself has the focus, so Tab goes on to what is next.
+void FlyoutBase::focusInEvent(QFocusEvent *event)
+{
+    QWidget::focusInEvent(event);
+    if (event->reason() == Qt::TabFocusReason)
+        focusNextChild();
+    else if (event->reason() == Qt::BacktabFocusReason)
+        focusPreviousChild();
 }
 
 void FlyoutBase::changeEvent(QEvent *event)

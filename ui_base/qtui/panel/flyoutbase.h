@@ -188,11 +188,14 @@ protected:
     void keyReleaseEvent(QKeyEvent *event) override;
     /// Emits FlyoutResized().
     void resizeEvent(QResizeEvent *event) override;
-    /// Shows the main panel, fits the size and moves to the reference point. Without a main panel
-    /// nothing happens.
+    /// Shows the main panel, fits the size, moves to the reference point and takes the focus, from
+    /// where Tab goes through the panels to the buttons below them, and then to the title row.
+    /// Without a main panel nothing happens.
     void showEvent(QShowEvent *event) override;
     /// Hides the information widget too.
     void hideEvent(QHideEvent *event) override;
+    /// Tab doesn't stop at the flyout itself, only at what is in it.
+    void focusInEvent(QFocusEvent *event) override;
     /// On a change of language the form's own texts follow; those the host has set stay.
     void changeEvent(QEvent *event) override;
 

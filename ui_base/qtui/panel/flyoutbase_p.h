@@ -48,6 +48,7 @@ public:
     void TellSize();
     void Retranslate();
     void WriteSubWidgets(const QVariantList &list);
+    void OrderTabStops();
 
     const std::unique_ptr<Ui::FlyoutBase> ui;
     QPointer<QWidget> mainPanel;
@@ -80,6 +81,7 @@ private:
     void TakePreferredSize();
     void TakeMainPanel(QWidget *panel);
     void TakeAdvancedPanel(QWidget *panel);
+    QVector<QWidget *> TabStopsIn(const QWidget *part) const;
 
     FlyoutBase *const q;
     bool isFitting = false;

@@ -7,6 +7,7 @@
 
 #include "flyoutparts.h"
 #include "support/failingnew.h"
+#include "support/keyboard.h"
 #include "support/testcase.h"
 #include "support/testmain.h"
 
@@ -14,12 +15,14 @@
 
 #include <QGraphicsDropShadowEffect>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QSignalSpy>
 #include <QToolButton>
 
+#include <initializer_list>
 #include <memory>
 #include <new>
 #include <stdexcept>
@@ -41,6 +44,22 @@ public:
 bool isMarked(const QObject *object)
 {
     return object->property(String::WIDGET_PROPERTY_ISFLYOUT.latin1()).toBool();
+}
+
+QLineEdit *makeField(const char *name)
+{
+    auto *const field = new QLineEdit;
+    field->setObjectName(QLatin1String(name));
+    return field;
+}
+
+QWidget *makeForm(std::initializer_list<const char *> names)
+{
+    auto *const form = new QWidget;
+    auto *const rows = new QVBoxLayout(form);
+    for (const char *name : names)
+        rows->addWidget(makeField(name));
+    return form;
 }
 
 /// A panel for which there is no memory left once it is to be laid out.
@@ -70,6 +89,10 @@ private Q_SLOTS:
     void panelsThatDieAreForgotten();
     void withoutAMainPanelShowingDoesNothing();
     void showingTakesTheFocus();
+    void tabGoesDownThePanelAndEndsInTheTitleRow_data();
+    void tabGoesDownThePanelAndEndsInTheTitleRow();
+    void tabReachesWhatIsAddedLater();
+    void tabIsHarmlessWithoutAnythingToGoTo();
     void showingFitsWhatChangedMeanwhile();
     void theSamePanelTwiceIsTheMainPanel();
     void onlyTheFirstFormMarksItselfAlone();
@@ -231,6 +254,49 @@ void FlyoutBaseTest::showingTakesTheFocus()
     other.setFocus();
     flyout->show();
     QCOMPARE(window.focusWidget(), flyout.get());
+}
+
+void FlyoutBaseTest::tabGoesDownThePanelAndEndsInTheTitleRow_data()
+{
+    QTest::addColumn<Qt::LayoutDirection>("direction");
+    QTest::newRow("left to right") << Qt::LeftToRight;
+    QTest::newRow("right to left") << Qt::RightToLeft;
+}
+
+void FlyoutBaseTest::tabGoesDownThePanelAndEndsInTheTitleRow()
+{
+    QFETCH(const Qt::LayoutDirection, direction);
+    QWidget *const main = makeForm({"one", "two"});
+    const Flyout flyout = makeInfoFlyout(QStringLiteral("?"), main, makeForm({"three", "four"}));
+    QWidget info;
+    flyout->EnableInfoButton(true, &info);
+    flyout->setLayoutDirection(direction);
+    flyout->show();
+    click(flyout, "advanced_button");
+    QCOMPARE(
+        namesOf(tabStops(*flyout)),
+        (QStringList {"one", "two", "advanced_button", "three", "four", "cancel_button",
+                      "apply_button", "ibutton", "info_button", "reset_button", "close_button"}));
+}
+
+void FlyoutBaseTest::tabReachesWhatIsAddedLater()
+{
+    const Flyout flyout(QtUiToolkit::Instance().CreateFlyout(
+        QStringLiteral("Smooth"), makeForm({"one"}), nullptr, true, true, true, true, nullptr));
+    flyout->MainPanel()->layout()->addWidget(makeField("two"));
+    flyout->show();
+    QCOMPARE(namesOf(tabStops(*flyout)),
+             (QStringList {"one", "two", "cancel_button", "apply_button", "reset_button",
+                           "close_button"}));
+}
+
+void FlyoutBaseTest::tabIsHarmlessWithoutAnythingToGoTo()
+{
+    const Flyout flyout = makeFlyout({false, false, false, false});
+    flyout->show();
+    QCOMPARE(tabStops(*flyout), QVector<QWidget *> {flyout.get()});
+    QTest::keyClick(flyout.get(), Qt::Key_Backtab);
+    QCOMPARE(flyout->focusWidget(), flyout.get());
 }
 
 void FlyoutBaseTest::showingFitsWhatChangedMeanwhile()
