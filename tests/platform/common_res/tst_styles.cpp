@@ -8,18 +8,21 @@
 #include <lumo_common_res/Styles>
 
 #include <QCheckBox>
+#include <QComboBox>
 #include <QDialog>
 #include <QFile>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QRegularExpression>
 #include <QScrollBar>
 #include <QSlider>
+#include <QSpinBox>
 #include <QTabBar>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -125,6 +128,41 @@ QString withoutColors(QString sheet)
     return sheet.replace("dark palette", "light palette");
 }
 
+/// What Tab gets to in dialogs and panels.
+QWidget *makeControl(const QByteArray &name)
+{
+    if (name == "push button")
+        return new QPushButton("text");
+    if (name == "check box")
+        return new QCheckBox("text");
+    if (name == "radio button")
+        return new QRadioButton("text");
+    if (name == "slider")
+        return new QSlider(Qt::Horizontal);
+    if (name == "vertical slider")
+        return new QSlider(Qt::Vertical);
+    if (name == "combo box")
+        return new QComboBox;
+    if (name == "spin box")
+        return new QSpinBox;
+    if (name == "text")
+        return new QPlainTextEdit;
+    auto *tabs = new QTabBar;
+    tabs->addTab("text");
+    return tabs;
+}
+
+/// How many pixels differ with the contrast that WCAG 2 asks of the parts of a control.
+int changedPixels(const QImage &before, const QImage &after)
+{
+    int count = 0;
+    for (int y = 0; y < before.height(); ++y) {
+        for (int x = 0; x < before.width(); ++x)
+            count += contrast(before.pixelColor(x, y), after.pixelColor(x, y)) >= 3.0;
+    }
+    return count;
+}
+
 } // namespace
 
 class tst_Styles : public Lumo::Test::TestCase
@@ -164,6 +202,8 @@ private Q_SLOTS:
     void applicationSheetIsTheFileOfTheLightPalette();
     void applicationSheetKeepsTheHeightThatAFormGivesItsButtons();
     void applicationSheetNamesNoPlainWidget();
+    void focusIsSeen_data();
+    void focusIsSeen();
 };
 
 namespace {
@@ -364,6 +404,7 @@ void tst_Styles::sheetsUsePropertiesThatQtKnows()
                                     "max-height",
                                     "min-height",
                                     "min-width",
+                                    "outline",
                                     "padding",
                                     "padding-top",
                                     "right",
@@ -536,6 +577,55 @@ void tst_Styles::applicationSheetNamesNoPlainWidget()
                      qPrintable(rule.selector));
         }
     }
+}
+
+void tst_Styles::focusIsSeen_data()
+{
+    QTest::addColumn<EPalette>("palette");
+    QTest::addColumn<QByteArray>("control");
+    QTest::addColumn<int>("least");
+    const QMap<QByteArray, int> controls {
+        {"push button", 16},
+        {"check box", 16},
+        {"radio button", 16},
+        {"slider", 16},
+        {"vertical slider", 16},
+        // Painted by the style below the sheet, or told by a cursor too.
+        {"combo box", 0},
+        {"spin box", 0},
+        {"text", 0},
+        {"tab bar", 0}};
+    for (const EPalette palette : {EPalette::Light, EPalette::Dark}) {
+        for (auto it = controls.begin(); it != controls.end(); ++it)
+            QTest::addRow("%s/%d", it.key().constData(), int(palette))
+                << palette << it.key() << it.value();
+    }
+}
+
+void tst_Styles::focusIsSeen()
+{
+    QFETCH(const EPalette, palette);
+    QFETCH(const QByteArray, control);
+    QFETCH(const int, least);
+    Styles::Instance().SetPalette(palette);
+    qApp->setStyleSheet(Styles::Instance().ApplicationStyleSheet());
+    QWidget window;
+    window.setPalette(Styles::Instance().ApplicationPalette());
+    auto *layout = new QVBoxLayout(&window);
+    auto *first = new QLineEdit;
+    QWidget *tested = makeControl(control);
+    layout->addWidget(first);
+    layout->addWidget(tested);
+    window.show();
+    window.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    first->setFocus();
+    const QImage before = window.grab(tested->geometry()).toImage();
+    QTest::keyClick(first, Qt::Key_Tab);
+    QVERIFY(tested->hasFocus());
+    const QImage after = window.grab(tested->geometry()).toImage();
+    QVERIFY(before != after);
+    QVERIFY(changedPixels(before, after) >= least);
 }
 
 LUMO_TEST_MAIN(tst_Styles)
