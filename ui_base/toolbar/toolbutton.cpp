@@ -8,10 +8,12 @@
 
 #include "ui_base/command/commandbase.h"
 #include "ui_base/popup/widgetposcalculator.h"
+#include "ui_base/qtui/accessibleopener_p.h"
 #include "ui_base/qtui/devicepixmap_p.h"
 #include "ui_base/qtui/mouseeventclone_p.h"
 #include "ui_base/toolbar/sharedsheet_p.h"
 #include "ui_base/toolbar/sheetscope_p.h"
+#include "ui_base/toolbar/toolbuttonwithmenu.h"
 
 #include <lumo_common_res/Fonts>
 #include <lumo_common_res/Styles>
@@ -60,6 +62,23 @@ QString nameOf(const QAction &action)
         return tooltip;
     const auto *const command = qobject_cast<const CommandBase *>(&action);
     return command ? command->commandId() : QString();
+}
+
+// Qt asks while the button is still being made, when it has no menu yet and is of no subclass, and
+// keeps the answer.
+QAccessibleInterface *makeAccessible(const QString &className, QObject *object)
+{
+    using Internal::AccessibleOpener;
+    if (className != QLatin1String(ToolButton::staticMetaObject.className()))
+        return nullptr;
+    auto *const button = static_cast<ToolButton *>(object);
+    return new AccessibleOpener(*button, [button]() -> AccessibleOpener::SOpened {
+        const auto *const menuButton = qobject_cast<ToolButtonWithMenu *>(button);
+        QWidget *const menu = menuButton ? menuButton->GetMenu() : nullptr;
+        return {menu,
+                qobject_cast<ToolBar *>(menu) ? AccessibleOpener::EKind::Menu
+                                              : AccessibleOpener::EKind::Popup};
+    });
 }
 
 } // namespace
@@ -120,6 +139,7 @@ void ToolButtonPrivate::initialize(QAction *newAction, ToolBar *newToolBar)
 {
     Q_Q(ToolButton);
     SetDefaults();
+    QAccessible::installFactory(makeAccessible);
     q->setMouseTracking(true);
     q->setAttribute(Qt::WA_ShowWithoutActivating);
     q->setFocusPolicy(Qt::NoFocus);

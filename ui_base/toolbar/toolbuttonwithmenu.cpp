@@ -8,6 +8,7 @@
 #include "ui_base/popup/arrowedwindow.h"
 #include "ui_base/popup/floatinglayer.h"
 #include "ui_base/popup/widgetposcalculator.h"
+#include "ui_base/qtui/accessibleopener_p.h"
 #include "ui_base/toolbar/toolbar_p.h"
 
 #include <QAction>
@@ -87,6 +88,13 @@ void ToolButtonWithMenuPrivate::enableTooltip(bool enable) const
 {
     if (tooltipObject)
         tooltipObject->SetEnableTooltip(enable);
+}
+
+void ToolButtonWithMenuPrivate::tellVisibility(bool isVisible)
+{
+    Q_Q(ToolButtonWithMenu);
+    Internal::AccessibleOpener::tellState(*q, isVisible);
+    Q_EMIT q->ButtonMenuVisibilityChange(q, isVisible);
 }
 
 ToolBarPrivate &ToolButtonWithMenuPrivate::partsOf(ToolBar &bar)
@@ -265,7 +273,7 @@ void ToolButtonWithMenu::ShowMenu()
         return;
     d->enableTooltip(false);
     if (!wasVisible)
-        Q_EMIT ButtonMenuVisibilityChange(this, true);
+        d->tellVisibility(true);
     if (!self)
         return;
     d->saveMenuState = false;
@@ -287,7 +295,7 @@ void ToolButtonWithMenu::HideMenu()
         return;
     d->enableTooltip(true);
     if (wasVisible)
-        Q_EMIT ButtonMenuVisibilityChange(this, false);
+        d->tellVisibility(false);
     if (self && !d->saveMenuState)
         d->savedMenuOwner = nullptr;
 }
@@ -324,7 +332,7 @@ bool ToolButtonWithMenu::eventFilter(QObject *watched, QEvent *event)
     // A popup that hides itself.
     if (event->type() == QEvent::Hide && d->ownIconShown) {
         d->enableTooltip(true);
-        Q_EMIT ButtonMenuVisibilityChange(this, false);
+        d->tellVisibility(false);
     }
     return ToolButton::eventFilter(watched, event);
 }

@@ -29,6 +29,8 @@ public:
     QPoint menuPosition(QWidget *reference, bool isArrowed) const;
     /// Moves the popup to a place as menuPosition() tells it.
     void moveMenu(const QPoint &position) const;
+    /// Tells that the popup was shown or hidden. The button may be gone afterwards.
+    void tellVisibility(bool isVisible);
     /// Deletes a popup, and the layer in which it floats.
     static void deletePopup(QWidget *popup);
     /// The parts of a bar.

@@ -224,7 +224,7 @@ void ToolButtonWithWidgetMenuPrivate::closeEmpty(const QObject *dead)
         return;
     enableTooltip(true);
     if (wasShowing)
-        Q_EMIT q->ButtonMenuVisibilityChange(q, false);
+        tellVisibility(false);
 }
 
 // Where the widget lives without this button.
@@ -455,7 +455,7 @@ void ToolButtonWithWidgetMenu::OnFlyoutClosed()
     d->savedMenuOwner = nullptr;
     if (!IsMenuShowing())
         d->enableTooltip(true);
-    Q_EMIT ButtonMenuVisibilityChange(this, false);
+    d->tellVisibility(false);
 }
 
 void ToolButtonWithWidgetMenu::OnFlyoutResized()

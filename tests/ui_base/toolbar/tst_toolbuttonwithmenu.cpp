@@ -3,6 +3,7 @@
 
 #include <ui_base/ToolButtonWithMenu>
 
+#include "support/accessibleevents.h"
 #include "support/testcase.h"
 #include "support/testmain.h"
 #include "ui_base/popup/floatinglayer.h"
@@ -14,6 +15,7 @@
 #include <QSignalSpy>
 #include <QTest>
 
+using Lumo::Test::AccessibleEvents;
 using Lumo::Test::MenuBar;
 using Lumo::Test::MenuButton;
 using Vela::UiBase::EDirection;
@@ -69,6 +71,9 @@ private Q_SLOTS:
     void placeParametersReachTheCalculator();
     void buttonsOfAPopupBarAreKnown();
     void hearingOfVisibilityMayDeleteTheButton();
+    void assistiveToolsOpenAndCloseThePopup();
+    void assistiveToolsHearOfThePopup();
+    void assistiveToolsLeaveADisabledButtonAlone();
 };
 
 void TestToolButtonWithMenu::newButtonHasItsDefaults()
@@ -302,6 +307,48 @@ void TestToolButtonWithMenu::hearingOfVisibilityMayDeleteTheButton()
         opens ? button->ShowMenu() : button->HideMenu();
         QVERIFY(!button);
     }
+}
+
+void TestToolButtonWithMenu::assistiveToolsOpenAndCloseThePopup()
+{
+    Scene scene;
+    QAccessibleInterface *const seen = QAccessible::queryAccessibleInterface(scene.button);
+    QCOMPARE(seen->text(QAccessible::Name), QStringLiteral("Menu"));
+    QVERIFY(seen->state().hasPopup && seen->state().expandable);
+    QVERIFY(seen->state().collapsed && !seen->state().expanded);
+    QVERIFY(!seen->state().checkable);
+    scene.button->setCheckable(true);
+    QVERIFY(seen->state().checkable && !seen->state().checked);
+    const QString action = seen->actionInterface()->actionNames().constFirst();
+    seen->actionInterface()->doAction(action);
+    QTRY_VERIFY(scene.button->IsMenuShowing());
+    QVERIFY(seen->state().expanded && !seen->state().collapsed && seen->state().checked);
+    seen->actionInterface()->doAction(action);
+    QTRY_VERIFY(!scene.button->IsMenuShowing());
+}
+
+void TestToolButtonWithMenu::assistiveToolsHearOfThePopup()
+{
+    Scene scene;
+    const AccessibleEvents events;
+    QVERIFY(events.isPossible());
+    scene.button->ShowMenu();
+    QCOMPARE(events.expansionsOf(scene.button), 1);
+    scene.button->HideMenu();
+    QCOMPARE(events.expansionsOf(scene.button), 2);
+}
+
+void TestToolButtonWithMenu::assistiveToolsLeaveADisabledButtonAlone()
+{
+    Scene scene;
+    QAccessibleInterface *const seen = QAccessible::queryAccessibleInterface(scene.button);
+    const QString action = seen->actionInterface()->actionNames().constFirst();
+    scene.button->setEnabled(false);
+    QVERIFY(seen->state().disabled);
+    QVERIFY(seen->actionInterface()->actionNames().isEmpty());
+    seen->actionInterface()->doAction(action);
+    QCoreApplication::processEvents();
+    QVERIFY(!scene.button->IsMenuShowing());
 }
 
 LUMO_TEST_MAIN(TestToolButtonWithMenu)

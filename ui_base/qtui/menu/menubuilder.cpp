@@ -5,6 +5,7 @@
 
 #include "ui_base/qtui/menu/menubuilder_p.h"
 
+#include "ui_base/qtui/accessibleopener_p.h"
 #include "ui_base/qtui/qtuitoolkit.h"
 
 #include <lumo_common_res/Styles>
@@ -38,10 +39,10 @@ static int Extent(int length)
     return qBound(0, length, QWIDGETSIZE_MAX - 1);
 }
 
-/// The text of an item without the mark of its key.
-static QString NameOf(const QToolButton *button)
+/// A text without the mark of its key.
+static QString NameOf(const QString &text)
 {
-    return QAction(button->text()).iconText();
+    return QAction(text).iconText();
 }
 
 /// Adds the actions of @p menu to @p actions, each followed by those of its own menu. An action may
@@ -110,6 +111,23 @@ MenuBuilderPrivate::~MenuBuilderPrivate()
         delete group;
 }
 
+QAccessibleInterface *MenuBuilderPrivate::MakeAccessible(const QString &className, QObject *object)
+{
+    using Internal::AccessibleOpener;
+    if (className == QLatin1String(MenuBuilder::staticMetaObject.className()))
+        return new QAccessibleWidget(static_cast<QWidget *>(object), QAccessible::MenuBar);
+    auto *item = qobject_cast<QToolButton *>(object);
+    const bool isItem = item && className == QLatin1String(item->metaObject()->className())
+        && qobject_cast<MenuBuilder *>(item->parent());
+    if (!isItem)
+        return nullptr;
+    return new AccessibleOpener(*item, [item]() -> AccessibleOpener::SOpened {
+        auto *bar = qobject_cast<MenuBuilder *>(item->parent());
+        return {bar ? bar->d_func()->menuManager->GetMenu(item) : nullptr,
+                AccessibleOpener::EKind::Menu};
+    });
+}
+
 void MenuBuilderPrivate::InitializeMenuManager(bool customHover)
 {
     menuManager = new LumoMenuManager(mainWindow, 0, customHover, q);
@@ -117,6 +135,7 @@ void MenuBuilderPrivate::InitializeMenuManager(bool customHover)
 
 void MenuBuilderPrivate::CreateMenuBar()
 {
+    QAccessible::installFactory(MakeAccessible);
     q->setObjectName(barName);
     QSizePolicy policy(QSizePolicy::MinimumExpanding, QSizePolicy::Fixed);
     policy.setHeightForWidth(true);
@@ -242,7 +261,7 @@ QMenu *MenuBuilderPrivate::MenuFor(QToolButton *button, bool &isNew)
     if (isNew) {
         menu = new QMenu(button);
         menu->setFocusPolicy(Qt::NoFocus);
-        menu->setAccessibleName(NameOf(button));
+        menu->setAccessibleName(NameOf(button->text()));
     }
     return menu;
 }
@@ -289,6 +308,7 @@ QMenu *MenuBuilderPrivate::AddActionForSubMenu(QMenu *menu, const QString &title
     if (QMenu *found = FindMenu(menu, title))
         return found;
     auto *subMenu = new QMenu(title, menu);
+    subMenu->setAccessibleName(NameOf(title));
     if (before)
         subMenu->setFocusPolicy(Qt::NoFocus);
     menu->insertMenu(before, subMenu);
@@ -570,6 +590,7 @@ bool MenuBuilder::AddSubMenu(const QString &item, const QString &title,
     const ManagerPause pause(d->menuManager);
     QMenu *mirror = d->mirrorMenus.value(item);
     QMenu *subMenu = menu->addMenu(title);
+    subMenu->setAccessibleName(NameOf(title));
     QMenu *subMirror = mirror ? mirror->addMenu(title) : nullptr;
     for (const AppMenuItemSpecifier &spec : std::as_const(specs)) {
         if (spec.text.isEmpty())

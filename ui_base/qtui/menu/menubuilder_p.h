@@ -15,6 +15,8 @@
 #include <QPointer>
 #include <QToolButton>
 
+class QAccessibleInterface;
+
 namespace Vela::UiBase {
 
 /// The state of a MenuBuilder.
@@ -24,6 +26,9 @@ public:
     MenuBuilderPrivate(const QString &name, QMainWindow *window, QWidget *parentWidget,
                        Qt::ToolButtonStyle style, const QString &sheet);
     virtual ~MenuBuilderPrivate();
+
+    /// What assistive tools see of a bar and its items.
+    static QAccessibleInterface *MakeAccessible(const QString &className, QObject *object);
 
     void InitializeMenuManager(bool customHover);
     void CreateMenuBar();

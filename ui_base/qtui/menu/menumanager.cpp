@@ -5,6 +5,8 @@
 
 #include "ui_base/qtui/menu/menukeys_p.h"
 
+#include "ui_base/qtui/accessibleopener_p.h"
+
 #include <QAbstractButton>
 #include <QAction>
 #include <QCoreApplication>
@@ -54,6 +56,7 @@ public:
     void HideAll();
     void HideSubMenus(QMenu *menu) const;
     void ApplyStyle(QMenu *menu, const char *property) const;
+    void TellVisibility(QMenu *menu, bool isVisible) const;
     void OnEvent(QObject *watched, QEvent::Type type);
     void OnEnter(QObject *watched);
     void Open(QAbstractButton *button);
@@ -337,6 +340,12 @@ void LumoMenuManagerPrivate::ApplyStyle(QMenu *menu, const char *property) const
     QCoreApplication::processEvents();
 }
 
+void LumoMenuManagerPrivate::TellVisibility(QMenu *menu, bool isVisible) const
+{
+    if (QAbstractButton *button = buttonMenus.key(menu))
+        Internal::AccessibleOpener::tellState(*button, isVisible);
+}
+
 void LumoMenuManagerPrivate::OnEnter(QObject *watched)
 {
     menuHideTimer->stop();
@@ -368,8 +377,10 @@ void LumoMenuManagerPrivate::OnEvent(QObject *watched, QEvent::Type type)
     } else if (type == QEvent::Leave && isOurs) {
         menuHideTimer->start();
     } else if (type == QEvent::Show && menu) {
+        TellVisibility(menu, true);
         ApplyStyle(menu, LumoMenuManager::AlternateStyleProperty);
     } else if (type == QEvent::Hide && menu) {
+        TellVisibility(menu, false);
         HideSubMenus(menu);
         ApplyStyle(menu, LumoMenuManager::OriginalStyleProperty);
     } else if (type == QEvent::EnabledChange && button) {

@@ -5,6 +5,7 @@
 
 #include "ui_base/qtui/panel/flyoutbase_p.h"
 
+#include "ui_base/qtui/accessibleopener_p.h"
 #include "ui_base/qtui/devicepixmap_p.h"
 #include "ui_base/qtui/panel/panelloan_p.h"
 #include "ui_base/qtui/tooltip/infodialog.h"
@@ -75,6 +76,24 @@ bool lists(const QVariantList &list, const QWidget *widget)
     });
 }
 
+// The buttons of the form that open something.
+QAccessibleInterface *makeAccessible(const QString &className, QObject *object)
+{
+    using Internal::AccessibleOpener;
+    auto *const flyout = qobject_cast<FlyoutBase *>(object->parent());
+    if (!flyout || className != QLatin1String(QToolButton::staticMetaObject.className()))
+        return nullptr;
+    auto *const button = static_cast<QToolButton *>(object);
+    const bool isAdvanced = button->objectName() == QLatin1String("advanced_button");
+    if (!isAdvanced && button->objectName() != QLatin1String("info_button"))
+        return nullptr;
+    return new AccessibleOpener(*button, [flyout, isAdvanced]() -> AccessibleOpener::SOpened {
+        if (isAdvanced)
+            return {flyout->AdvancedPanel(), AccessibleOpener::EKind::Section};
+        return {flyout->InfoDialog(), AccessibleOpener::EKind::Popup};
+    });
+}
+
 // What else has lost its type is on its way out as well.
 void dropSubWidget(QObject *flyout, const QWidget *dead)
 {
@@ -102,6 +121,7 @@ void FlyoutBasePrivate::Build(const QString &title, QWidget *main, QWidget *adva
 {
     if (!main)
         throw std::runtime_error("main panel cannot be null.");
+    QAccessible::installFactory(makeAccessible);
     ui->setupUi(q);
     texts.take(*q);
     takeColors(q);
@@ -643,6 +663,7 @@ void FlyoutBase::SetAdvancedPanel(bool wasVisible)
     d->ui->aboveButtonLine->setVisible(hasButtons && opens);
     if (d->advancedPanel)
         d->advancedPanel->setVisible(opens);
+    Internal::AccessibleOpener::tellState(*d->ui->advanced_button, opens);
     d->SetSpacerVirtualVisibility(d->ui->spacerAfterAdvancedLine, opens);
     d->SetSpacerVirtualVisibility(d->ui->spacerBeforeButtonLine, opens && hasButtons);
     d->OrderTabStops();
@@ -741,8 +762,11 @@ void FlyoutBase::on_advanced_button_clicked()
 
 void FlyoutBase::on_info_button_clicked()
 {
-    if (d->infoWidget)
-        d->infoWidget->setVisible(!d->infoWidget->isVisible());
+    if (!d->infoWidget)
+        return;
+    const bool opens = !d->infoWidget->isVisible();
+    Internal::AccessibleOpener::tellState(*d->ui->info_button, opens);
+    d->infoWidget->setVisible(opens);
 }
 
 } // namespace Vela::UiBase

@@ -3,6 +3,7 @@
 
 #include <ui_base/MenuBuilder>
 
+#include "support/accessibleevents.h"
 #include "support/testcase.h"
 #include "support/testmain.h"
 #include "support/virtualorder.h"
@@ -139,6 +140,11 @@ private Q_SLOTS:
     void specifiersNameReceiverAndIcon();
     void barWatchesTheMenusThatItFills();
     void menusAreNamedByTheirItems();
+    void subMenusAreNamedByTheirTitles();
+    void assistiveToolsSeeAndOpenTheMenus_data();
+    void assistiveToolsSeeAndOpenTheMenus();
+    void assistiveToolsPressAnItemWithoutAMenu();
+    void assistiveToolsHearOfMenusUnderThePointer();
     void itemsAddedToARunningHoverBarOpen();
     void menusAddedWithTheirActionsAreWatched();
     void aMenuThatStandsInItselfIsWalkedOnce();
@@ -756,6 +762,99 @@ void TestMenuBuilder::menusAreNamedByTheirItems()
     QVERIFY(bar.add(name));
     QVERIFY(bar.AddDropDownMenu(name, {nullptr}, nullptr));
     QCOMPARE(QAccessible::queryAccessibleInterface(bar.menu(name))->text(QAccessible::Name), File);
+}
+
+void TestMenuBuilder::subMenusAreNamedByTheirTitles()
+{
+    QMainWindow window;
+    Bar bar(&window);
+    QVERIFY(bar.add(File));
+    QVERIFY(bar.AddDropDownMenu(File, {nullptr}, nullptr));
+    QList<AppMenuItemSpecifier> specs {entry(QStringLiteral("a"))};
+    QVERIFY(bar.AddSubMenu(File, QStringLiteral("&One"), specs));
+    QVERIFY(bar.AddSubMenu(File, QStringLiteral("T&wo"), {nullptr}, nullptr, false));
+    QStringList names;
+    for (const QMenu *sub : bar.menu(File)->findChildren<QMenu *>())
+        names << QAccessible::queryAccessibleInterface(const_cast<QMenu *>(sub))
+                     ->text(QAccessible::Name);
+    QCOMPARE(names, (QStringList {QStringLiteral("One"), QStringLiteral("Two")}));
+}
+
+void TestMenuBuilder::assistiveToolsSeeAndOpenTheMenus_data()
+{
+    QTest::addColumn<bool>("isHover");
+    QTest::newRow("plain") << false;
+    QTest::newRow("custom hover") << true;
+}
+
+void TestMenuBuilder::assistiveToolsSeeAndOpenTheMenus()
+{
+    QFETCH(const bool, isHover);
+    QMainWindow window;
+    Bar bar(&window, Qt::ToolButtonTextOnly, isHover);
+    const QString name = QStringLiteral("&File");
+    QVERIFY(bar.add(name));
+    QVERIFY(bar.AddDropDownMenu(name, {nullptr}, nullptr));
+    bar.Start();
+    window.show();
+    bar.show();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    QAccessibleInterface *seen = QAccessible::queryAccessibleInterface(&bar);
+    QCOMPARE(seen->role(), QAccessible::MenuBar);
+    seen = seen->child(0);
+    QCOMPARE(seen->role(), QAccessible::ButtonMenu);
+    QCOMPARE(seen->text(QAccessible::Name), File);
+    QCOMPARE(seen->text(QAccessible::Accelerator), QStringLiteral("Alt+F"));
+    QVERIFY(seen->state().hasPopup && seen->state().collapsed);
+    QCOMPARE(seen->childCount(), 1);
+    QCOMPARE(seen->child(0)->object(), bar.menu(name));
+    QCOMPARE(seen->indexOfChild(seen->child(0)), 0);
+    seen->actionInterface()->doAction(QAccessibleActionInterface::showMenuAction());
+    QVERIFY(!bar.menu(name)->isVisible()); // not within the call
+    // In plain mode the menu runs an event loop until it is closed.
+    bool wasExpanded = false;
+    QTimer::singleShot(0, &bar, [&] {
+        wasExpanded = seen->state().expanded;
+        bar.menu(name)->hide();
+    });
+    QTRY_VERIFY(wasExpanded);
+    QTRY_VERIFY(!bar.menu(name)->isVisible());
+}
+
+void TestMenuBuilder::assistiveToolsPressAnItemWithoutAMenu()
+{
+    QMainWindow window;
+    Bar bar(&window);
+    QVERIFY(bar.AddMenuBarItem(File, {}, {}, {}, {}));
+    const auto item = bar.GetMenuBarItem(File);
+    const QSignalSpy clicks(item.data(), &QToolButton::clicked);
+    QAccessibleInterface *const seen = QAccessible::queryAccessibleInterface(item.data());
+    QCOMPARE(seen->role(), QAccessible::Button);
+    QVERIFY(!seen->state().hasPopup && !seen->state().expandable);
+    QCOMPARE(seen->actionInterface()->actionNames(),
+             QStringList(QAccessibleActionInterface::pressAction()));
+    seen->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    QTRY_COMPARE(clicks.count(), 1);
+    item->setCheckable(true);
+    QCOMPARE(seen->role(), QAccessible::CheckBox);
+    QCOMPARE(seen->actionInterface()->actionNames(),
+             QStringList(QAccessibleActionInterface::toggleAction()));
+}
+
+void TestMenuBuilder::assistiveToolsHearOfMenusUnderThePointer()
+{
+    QMainWindow window;
+    Bar bar(&window, Qt::ToolButtonTextOnly, true);
+    QVERIFY(bar.add(File));
+    QVERIFY(bar.AddDropDownMenu(File, {nullptr}, nullptr));
+    bar.Start();
+    const auto item = bar.GetMenuBarItem(File);
+    const AccessibleEvents events;
+    QVERIFY(events.isPossible());
+    bar.menu(File)->show();
+    QCOMPARE(events.expansionsOf(item.data()), 1);
+    bar.menu(File)->hide();
+    QCOMPARE(events.expansionsOf(item.data()), 2);
 }
 
 void TestMenuBuilder::itemsAddedToARunningHoverBarOpen()

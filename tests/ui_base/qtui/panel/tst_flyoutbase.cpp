@@ -6,6 +6,7 @@
 #include <ui_base/QtUiToolkit>
 
 #include "flyoutparts.h"
+#include "support/accessibleevents.h"
 #include "support/failingnew.h"
 #include "support/keyboard.h"
 #include "support/testcase.h"
@@ -133,6 +134,8 @@ private Q_SLOTS:
     void withoutToggleModeEqualTextsApply();
     void toggleModeHidesTheCancelButtonEitherWay();
 
+    void assistiveToolsOpenTheAdvancedPanel();
+    void assistiveToolsOpenTheInformation();
     void findsItemsOfTheColumn();
     void nullIsIgnored();
 };
@@ -770,6 +773,42 @@ void FlyoutBaseTest::toggleModeHidesTheCancelButtonEitherWay()
         QVERIFY(part(flyout, "cancel_button")->isHidden());
         QVERIFY(!part(flyout, "apply_button")->isHidden());
     }
+}
+
+void FlyoutBaseTest::assistiveToolsOpenTheAdvancedPanel()
+{
+    const Flyout flyout = makeFlyout({}, makePanel());
+    flyout->show();
+    auto *const button = part(flyout, "advanced_button");
+    const AccessibleEvents events;
+    QVERIFY(events.isPossible());
+    QAccessibleInterface *const seen = QAccessible::queryAccessibleInterface(button);
+    QVERIFY(seen->state().expandable && seen->state().collapsed && !seen->state().hasPopup);
+    QCOMPARE(seen->role(), QAccessible::Button);
+    QCOMPARE(seen->text(QAccessible::Name), button->accessibleName());
+    QVERIFY(seen->actionInterface()->actionNames().contains(
+        QAccessibleActionInterface::setFocusAction()));
+    seen->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    QTRY_VERIFY(flyout->AdvancedPanel()->isVisible());
+    QVERIFY(seen->state().expanded && !seen->state().collapsed);
+    QCOMPARE(events.expansionsOf(button), 1);
+}
+
+void FlyoutBaseTest::assistiveToolsOpenTheInformation()
+{
+    QWidget info;
+    const Flyout flyout = makeFlyout();
+    flyout->EnableInfoButton(true, &info);
+    flyout->show();
+    auto *const button = part(flyout, "info_button");
+    const AccessibleEvents events;
+    QVERIFY(events.isPossible());
+    QAccessibleInterface *const seen = QAccessible::queryAccessibleInterface(button);
+    QVERIFY(seen->state().hasPopup && seen->state().collapsed);
+    seen->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    QTRY_VERIFY(info.isVisible());
+    QVERIFY(seen->state().expanded);
+    QCOMPARE(events.expansionsOf(button), 1);
 }
 
 void FlyoutBaseTest::findsItemsOfTheColumn()
