@@ -5,6 +5,7 @@
 
 #include <lumo_app_service/ApplicationService>
 
+#include <QAccessibleWidget>
 #include <QCloseEvent>
 #include <QEvent>
 #include <QKeyEvent>
@@ -15,6 +16,9 @@
 #include <QVariant>
 #include <QVector>
 #include <QWindow>
+
+#include <algorithm>
+#include <utility>
 
 namespace Vela::UiBase {
 namespace {
@@ -59,6 +63,53 @@ QWidget *windowOf(const QWidget &widget)
     while (qobject_cast<FloatingLayer *>(window) && window->parentWidget())
         window = window->parentWidget()->window();
     return window;
+}
+
+bool isForKeys(const QWidget &widget)
+{
+    return (widget.focusPolicy() & Qt::TabFocus) == Qt::TabFocus && widget.isEnabled();
+}
+
+/// Whether there is something in a layer that the keyboard is for.
+bool hasTabStop(const QWidget &layer)
+{
+    const auto widgets = layer.findChildren<QWidget *>();
+    return std::any_of(widgets.begin(), widgets.end(),
+                       [](const QWidget *widget) { return isForKeys(*widget); });
+}
+
+/// A layer is a dialog when there is something to be done in it, and called as its widget is.
+class AccessibleLayer : public QAccessibleWidget
+{
+public:
+    using QAccessibleWidget::QAccessibleWidget;
+
+    QAccessible::Role role() const override
+    {
+        return hasTabStop(*widget()) ? QAccessible::Dialog : QAccessible::Pane;
+    }
+
+    // The widget may be in a frame with an arrow.
+    QString text(QAccessible::Text type) const override
+    {
+        QString text = QAccessibleWidget::text(type);
+        const bool isOfWidget = type == QAccessible::Name || type == QAccessible::Description;
+        const QAccessibleInterface *content = this;
+        for (int depth = 0; isOfWidget && text.isEmpty() && depth < 2; ++depth) {
+            content = content->childCount() == 1 ? content->child(0) : nullptr;
+            if (!content)
+                break;
+            text = content->text(type);
+        }
+        return text;
+    }
+};
+
+QAccessibleInterface *makeAccessible(const QString &className, QObject *object)
+{
+    if (className != QLatin1String(FloatingLayer::staticMetaObject.className()))
+        return nullptr;
+    return new AccessibleLayer(static_cast<QWidget *>(object));
 }
 
 } // namespace
@@ -250,6 +301,7 @@ FloatingLayer::~FloatingLayer()
 
 void FloatingLayer::initialize()
 {
+    QAccessible::installFactory(makeAccessible);
     setObjectName(QStringLiteral("floating layer"));
     setFocusPolicy(Qt::NoFocus);
     setAttribute(Qt::WA_ShowWithoutActivating);

@@ -6,6 +6,7 @@
 #include "ui_base/qtui/formtexts_p.h"
 #include "ui_imageviewertoolbar.h"
 
+#include <QAccessibleWidget>
 #include <QEvent>
 #include <QKeyEvent>
 #include <QMetaType>
@@ -19,12 +20,20 @@ public:
     UiBase::Internal::FormTexts texts;
 };
 
+static QAccessibleInterface *makeAccessible(const QString &className, QObject *object)
+{
+    if (className != QLatin1String(ImageViewerToolBar::staticMetaObject.className()))
+        return nullptr;
+    return new QAccessibleWidget(static_cast<QWidget *>(object), QAccessible::ToolBar);
+}
+
 ImageViewerToolBar::ImageViewerToolBar(QWidget *parent)
     : QFrame(parent, Qt::WindowFlags())
     , d(std::make_unique<ImageViewerToolBarPrivate>())
 {
     // Links by signature and spies know the argument of KeyReleased() by its name only.
     qRegisterMetaType<Qt::Key>();
+    QAccessible::installFactory(makeAccessible);
     d->ui.setupUi(this);
     d->texts.take(*this);
 }

@@ -13,6 +13,7 @@
 
 #include <lumo_common_res/Styles>
 
+#include <QAccessibleWidget>
 #include <QCoreApplication>
 #include <QCursor>
 #include <QEvent>
@@ -157,10 +158,31 @@ void ToolBarPrivate::SetDefaults()
     delayRelocationOnResize = false;
 }
 
+QAccessibleInterface *ToolBarPrivate::makeAccessible(const QString &className, QObject *object)
+{
+    class AccessibleToolBar : public QAccessibleWidget
+    {
+    public:
+        using QAccessibleWidget::QAccessibleWidget;
+        QString text(QAccessible::Text type) const override
+        {
+            const QString own = QAccessibleWidget::text(type);
+            const auto *const bar = static_cast<const ToolBar *>(object());
+            const QWidget *const opener = bar->d_func()->parentButton;
+            const bool isNameless = type == QAccessible::Name && own.isEmpty();
+            return isNameless && opener ? opener->accessibleName() : own;
+        }
+    };
+    if (className != QLatin1String(ToolBar::staticMetaObject.className()))
+        return nullptr;
+    return new AccessibleToolBar(static_cast<QWidget *>(object), QAccessible::ToolBar);
+}
+
 void ToolBarPrivate::initialize(QWidget *parent)
 {
     Q_Q(ToolBar);
     SetDefaults();
+    QAccessible::installFactory(makeAccessible);
     q->setAttribute(Qt::WA_ShowWithoutActivating);
     q->setFocusPolicy(Qt::NoFocus);
     makeCentralWidget();

@@ -23,6 +23,7 @@
 #include <utility>
 #include <vector>
 
+class QAccessibleInterface;
 class QBoxLayout;
 class QGraphicsDropShadowEffect;
 class QGridLayout;
@@ -154,6 +155,8 @@ private:
     friend class ToolButtonWithButtonMenu;
     friend class ToolButtonWithButtonMenuPrivate;
 
+    /// What assistive tools see of a bar. One that is a menu has the name of its button.
+    static QAccessibleInterface *makeAccessible(const QString &className, QObject *object);
     void initialize(QWidget *parent);
     void makeCentralWidget();
     void makeMainLayout();

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The lumo_ui_base authors
 // SPDX-License-Identifier: MIT
 
+#include <ui_base/ArrowedWindow>
 #include <ui_base/FloatingLayer>
 #include <ui_base/LayoutBaseWidget>
 
@@ -9,7 +10,9 @@
 
 #include <lumo_app_service/ApplicationService>
 
+#include <QAccessible>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QMoveEvent>
 #include <QPointer>
 #include <QPushButton>
@@ -23,6 +26,7 @@
 
 using Vela::Services::ApplicationService;
 using Vela::Services::ApplicationStateProtocol;
+using Vela::UiBase::ArrowedWindow;
 using Vela::UiBase::FloatingLayer;
 using Vela::UiBase::LayoutBaseWidget;
 
@@ -138,6 +142,37 @@ class tst_FloatingLayer : public Lumo::Test::TestCase
     Q_OBJECT
 
 private Q_SLOTS:
+    void assistiveToolsTakeTheLayerForItsWidget()
+    {
+        Scene scene;
+        scene.widget->setAccessibleName(QStringLiteral("Strip"));
+        FloatingLayer *const layer = scene.makeFloating();
+        QAccessibleInterface *const seen = QAccessible::queryAccessibleInterface(layer);
+        QCOMPARE(seen->text(QAccessible::Name), QStringLiteral("Strip"));
+        QCOMPARE(seen->role(), QAccessible::Pane);
+        auto *const field = new QLineEdit(scene.widget);
+        QCOMPARE(seen->role(), QAccessible::Dialog);
+        field->setFocusPolicy(Qt::ClickFocus);
+        QCOMPARE(seen->role(), QAccessible::Pane);
+    }
+
+    void assistiveToolsTakeALayerWithAFrameForWhatIsInIt()
+    {
+        QWidget window;
+        auto frame = std::make_unique<ArrowedWindow>(&window);
+        auto *const content = new QWidget;
+        content->setAccessibleName(QStringLiteral("Smooth"));
+        content->setAccessibleDescription(QStringLiteral("Takes the noise out"));
+        frame->AttachWidget(content);
+        FloatingLayer::makeWidgetFloating(frame.get(), QMargins());
+        QAccessibleInterface *const seen =
+            QAccessible::queryAccessibleInterface(frame->parentWidget());
+        QCOMPARE(seen->text(QAccessible::Name), QStringLiteral("Smooth"));
+        QCOMPARE(seen->text(QAccessible::Description), QStringLiteral("Takes the noise out"));
+        frame.reset();
+        QCOMPARE(seen->text(QAccessible::Name), QString());
+    }
+
     void layerIsAFramelessTranslucentWindowWithoutFocus()
     {
         Scene scene;

@@ -6,6 +6,7 @@
 #include "support/testcase.h"
 #include "support/testmain.h"
 
+#include <QAccessible>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QSignalSpy>
@@ -88,6 +89,7 @@ class ImageViewerToolBarTest : public Lumo::Test::TestCase
 
 private Q_SLOTS:
     void theFrameIsAsTold();
+    void assistiveToolsSeeAToolBar();
     void theLayoutsAreAsTold();
     void theButtonsStandInTheirOrder();
     void theStyleSheetHasItsRules_data();
@@ -111,6 +113,12 @@ private Q_SLOTS:
     void theWidthIsThatOfTheButtons();
     void theHeightNeverDropsBelowItsLeast();
 };
+
+void ImageViewerToolBarTest::assistiveToolsSeeAToolBar()
+{
+    ImageViewerToolBar strip(nullptr);
+    QCOMPARE(QAccessible::queryAccessibleInterface(&strip)->role(), QAccessible::ToolBar);
+}
 
 void ImageViewerToolBarTest::theFrameIsAsTold()
 {

@@ -13,6 +13,7 @@
 
 #include <lumo_common_res/Styles>
 
+#include <QAccessible>
 #include <QCursor>
 #include <QImage>
 
@@ -107,6 +108,7 @@ private Q_SLOTS:
     void initTestCase();
 
     void newButtonHasItsDefaults();
+    void assistiveToolsSeeABarOfTheNameOfItsButton();
     void menuTakesTheParametersOfTheBar();
     void menuIsReplacedAndDeleted();
     void nullMenuChangesNothing();
@@ -180,6 +182,20 @@ void TestToolButtonWithButtonMenu::initTestCase()
 {
     // Away from where the buttons stand.
     QCursor::setPos(700, 590);
+}
+
+void TestToolButtonWithButtonMenu::assistiveToolsSeeABarOfTheNameOfItsButton()
+{
+    const Scene scene;
+    QAccessibleInterface *const button = QAccessible::queryAccessibleInterface(scene.button);
+    QCOMPARE(button->role(), QAccessible::ButtonMenu);
+    QAccessibleInterface *const bar = QAccessible::queryAccessibleInterface(scene.menuBar);
+    QCOMPARE(bar->role(), QAccessible::ToolBar);
+    scene.button->setAccessibleName(QStringLiteral("Modes"));
+    QCOMPARE(bar->text(QAccessible::Name), QStringLiteral("Modes"));
+    scene.menuBar->setAccessibleName(QStringLiteral("Mine"));
+    QCOMPARE(bar->text(QAccessible::Name), QStringLiteral("Mine"));
+    QCOMPARE(QAccessible::queryAccessibleInterface(scene.bar)->text(QAccessible::Name), QString());
 }
 
 void TestToolButtonWithButtonMenu::newButtonHasItsDefaults()

@@ -10,6 +10,7 @@
 #include "ui_base/qtui/tooltip/tooltipobject.h"
 #include "ui_base/toolbar/menuscene.h"
 
+#include <QAccessible>
 #include <QCursor>
 #include <QGraphicsDropShadowEffect>
 #include <QPushButton>
@@ -109,6 +110,7 @@ private Q_SLOTS:
     void initTestCase();
 
     void newButtonHasItsDefaults();
+    void assistiveToolsSeeAButtonThatOpensADialog();
     void popupIsInAFloatingWindow();
     void popupByItself();
     void nullAndOwnSurroundingsAreIgnored();
@@ -169,6 +171,21 @@ private Q_SLOTS:
 void TestToolButtonWithWidgetMenu::initTestCase()
 {
     QCursor::setPos(790, 590);
+}
+
+void TestToolButtonWithWidgetMenu::assistiveToolsSeeAButtonThatOpensADialog()
+{
+    const FlyoutScene scene;
+    QAccessibleInterface *const button = QAccessible::queryAccessibleInterface(scene.button);
+    QCOMPARE(button->role(), QAccessible::Button);
+    QVERIFY(button->state().hasPopup && button->state().collapsed && button->state().checkable);
+    scene.button->click();
+    QVERIFY(scene.panel->isVisible());
+    QVERIFY(button->state().expanded && button->state().checked);
+    QAccessibleInterface *const dialog =
+        QAccessible::queryAccessibleInterface(scene.panel->window());
+    QCOMPARE(dialog->role(), QAccessible::Dialog);
+    QCOMPARE(dialog->text(QAccessible::Name), QStringLiteral("Smooth"));
 }
 
 void TestToolButtonWithWidgetMenu::newButtonHasItsDefaults()
