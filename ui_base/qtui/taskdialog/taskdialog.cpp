@@ -298,7 +298,11 @@ void TaskDialogPrivate::takeIn(QWidget *content)
     content->setParent(ui->widget_frame);
     ui->widget_layout->addWidget(content);
     content->show();
-    q->setAccessibleName(content->windowTitle());
+    const QString title = content->windowTitle();
+    q->setAccessibleName(title.isEmpty() ? content->accessibleName() : title);
+    const QString description = content->accessibleDescription();
+    q->setAccessibleDescription(description.isEmpty() ? ui->icon_label->accessibleName()
+                                                      : description);
     giveFocus();
 }
 
@@ -332,7 +336,16 @@ void TaskDialogPrivate::setUpIcon()
     }
     ui->icon_label->setPixmap(Device::loadPixmap(QString::fromLatin1(sign.picture),
                                                  Device::devicePixelRatioFor(*ui->icon_label)));
-    ui->icon_label->setAccessibleName(TaskDialog::tr(sign.name));
+    nameSign(TaskDialog::tr(sign.name));
+}
+
+// A dialog that says no more than its title is described by its sign.
+void TaskDialogPrivate::nameSign(const QString &name)
+{
+    Q_Q(TaskDialog);
+    if (q->accessibleDescription() == ui->icon_label->accessibleName())
+        q->setAccessibleDescription(name);
+    ui->icon_label->setAccessibleName(name);
 }
 
 void TaskDialogPrivate::setUpButtons()
@@ -378,7 +391,7 @@ void TaskDialogPrivate::retranslate()
     ui->close_button->setToolTip(TaskDialog::tr("Close the message box"));
     ui->close_button->setAccessibleName(TaskDialog::tr("Close the message box"));
     if (const SSign sign = signOf(icon); sign.name)
-        ui->icon_label->setAccessibleName(TaskDialog::tr(sign.name));
+        nameSign(TaskDialog::tr(sign.name));
     setUpFaces();
 }
 

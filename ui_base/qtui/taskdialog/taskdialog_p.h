@@ -58,6 +58,7 @@ private:
     void giveFocus();
 
     void setUpIcon();
+    void nameSign(const QString &name);
     void setUpButtons();
     void setUpFaces();
     void retranslate();

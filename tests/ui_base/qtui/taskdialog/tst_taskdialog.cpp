@@ -721,8 +721,8 @@ private Q_SLOTS:
             });
             QCOMPARE(ask(helper, withMessage), EDialogResult::Yes);
             QVERIFY(!seen);
-            const QString message = withMessage ? Message : QString();
-            QCOMPARE(texts, QStringLiteral("A title|%1|%2|Face|480").arg(message, sign));
+            const QString description = withMessage ? Message : sign;
+            QCOMPARE(texts, QStringLiteral("A title|%1|%2|Face|480").arg(description, sign));
         }
     }
 
@@ -1361,6 +1361,35 @@ private Q_SLOTS:
         TaskDialog dialog(nullptr, content, false, EDialogButtons::ButtonsOk,
                           EDialogIcon::IconNone);
         QCOMPARE(dialog.accessibleName(), QStringLiteral("Export"));
+    }
+
+    void contentMayNameItsDialogForAssistiveToolsOnly()
+    {
+        auto *const content = new QLineEdit;
+        content->setAccessibleName(QStringLiteral("Export"));
+        content->setAccessibleDescription(QStringLiteral("Where the mesh goes"));
+        TaskDialog dialog(nullptr, content, false, EDialogButtons::ButtonsOk,
+                          EDialogIcon::IconInformation);
+        QCOMPARE(dialog.accessibleName(), QStringLiteral("Export"));
+        QCOMPARE(dialog.accessibleDescription(), QStringLiteral("Where the mesh goes"));
+        dialog.setWidget(new QLineEdit);
+        QCOMPARE(dialog.accessibleDescription(), QStringLiteral("Information"));
+    }
+
+    void signDescribesADialogWithoutAMessage()
+    {
+        TaskDialog dialog(nullptr, Title, EDialogButtons::ButtonsOk, EDialogIcon::IconError, {}, 0,
+                          0);
+        QCOMPARE(dialog.accessibleDescription(), QStringLiteral("Error"));
+        StarTranslator translator;
+        qApp->installTranslator(&translator);
+        QTRY_COMPARE(dialog.accessibleDescription(), QStringLiteral("*Error"));
+        qApp->removeTranslator(&translator);
+        dialog.setAccessibleDescription(QStringLiteral("Mine"));
+        qApp->installTranslator(&translator);
+        QTRY_COMPARE(label(dialog, "icon_label")->accessibleName(), QStringLiteral("*Error"));
+        QCOMPARE(dialog.accessibleDescription(), QStringLiteral("Mine"));
+        qApp->removeTranslator(&translator);
     }
 
     void ownTextsFollowTheLanguage()
