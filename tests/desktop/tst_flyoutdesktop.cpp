@@ -49,6 +49,7 @@ private Q_SLOTS:
     void keyOfTheCommandWorksInThePanel();
     void escapeClosesFromTheViewAndFromThePanel_data();
     void escapeClosesFromTheViewAndFromThePanel();
+    void keysGoIntoThePanelAndBack();
     void panelGoesWithAMovedWindow();
 };
 
@@ -164,6 +165,29 @@ void TestFlyoutDesktop::escapeClosesFromTheViewAndFromThePanel()
     QTRY_VERIFY(!road.smooth->panel->isVisible());
     QTRY_VERIFY(road.save->isEnabled());
     QTRY_COMPARE(QApplication::activeWindow(), road.window.get());
+}
+
+void TestFlyoutDesktop::keysGoIntoThePanelAndBack()
+{
+    FlyoutRoad road;
+    auto *const edit = new QLineEdit(road.smooth->panel->MainPanel());
+    edit->setGeometry(0, 0, 150, 30);
+    road.view->setFocusPolicy(Qt::StrongFocus);
+    QVERIFY(road.isReady());
+    road.view->setFocus();
+    QVERIFY(pressKeyAsUser(QStringLiteral("ctrl+m")));
+    QTRY_VERIFY(isSeen(*road.smooth));
+    QVERIFY(pressKeyAsUser(QStringLiteral("F6")));
+    QTRY_VERIFY(edit->hasFocus());
+    QVERIFY(typeAsUser(QStringLiteral("12")));
+    QTRY_COMPARE(edit->text(), QStringLiteral("12"));
+    QVERIFY(pressKeyAsUser(QStringLiteral("F6")));
+    QTRY_VERIFY(road.view->getQtWidget()->hasFocus());
+    QVERIFY(pressKeyAsUser(QStringLiteral("F6")));
+    QTRY_VERIFY(edit->hasFocus());
+    QVERIFY(pressKeyAsUser(QStringLiteral("Escape")));
+    QTRY_VERIFY(!road.smooth->panel->isVisible());
+    QTRY_VERIFY(road.view->getQtWidget()->hasFocus());
 }
 
 void TestFlyoutDesktop::panelGoesWithAMovedWindow()

@@ -30,7 +30,8 @@ bool isForTab(const QWidget &widget)
 QVector<QWidget *> tabStops(QWidget &window)
 {
     window.activateWindow();
-    if (!QTest::qWaitForWindowActive(&window))
+    // QTest::qWaitForWindowActive() is content with one that floats over it.
+    if (!QTest::qWaitFor([&window] { return QApplication::activeWindow() == &window; }))
         return {};
     QVector<QWidget *> stops;
     for (;;) {

@@ -78,6 +78,27 @@ bool hasTabStop(const QWidget &layer)
                        [](const QWidget *widget) { return isForKeys(*widget); });
 }
 
+/// The window, and what floats over it that the keyboard is for.
+QVector<QWidget *> panesOf(QWidget &window)
+{
+    QVector<QWidget *> panes {&window};
+    const auto layers = window.findChildren<FloatingLayer *>();
+    for (FloatingLayer *layer : layers) {
+        if (layer->isVisible() && hasTabStop(*layer))
+            panes << layer;
+    }
+    return panes;
+}
+
+/// Which way a key leads among the panes of a window; 0 for a key that is for something else.
+int stepOf(const QKeyEvent &event)
+{
+    const bool isBack = event.modifiers() == Qt::ShiftModifier;
+    const bool isForUs =
+        event.key() == Qt::Key_F6 && (isBack || event.modifiers() == Qt::NoModifier);
+    return isForUs ? (isBack ? -1 : 1) : 0;
+}
+
 /// A layer is a dialog when there is something to be done in it, and called as its widget is.
 class AccessibleLayer : public QAccessibleWidget
 {
@@ -117,6 +138,11 @@ QAccessibleInterface *makeAccessible(const QString &className, QObject *object)
 class FloatingLayerPrivate
 {
 public:
+    /// Goes on from one window to the next pane around it.
+    /// @return whether there is another one
+    static bool goOnFrom(QWidget &pane, int step);
+    static bool takeKey(QObject *watched, QEvent *event);
+
     explicit FloatingLayerPrivate(FloatingLayer *layer)
         : q(layer)
     {
@@ -124,6 +150,7 @@ public:
         QObject::connect(&followTimer, &QTimer::timeout, q, [this] { followIntoOtherWindow(); });
     }
 
+    void takeFocus();
     void handleWidgetEvent(QEvent *event);
     void handleParentEvent(QObject *watched, QEvent *event);
     void onAttachedWidgetMove(const QPoint &position);
@@ -144,6 +171,38 @@ public:
     QVector<QPointer<QWidget>> watchedParents;
     QTimer followTimer;
 };
+
+bool FloatingLayerPrivate::goOnFrom(QWidget &pane, int step)
+{
+    const QVector<QWidget *> panes = panesOf(*windowOf(pane));
+    const int index = panes.indexOf(&pane);
+    const int count = panes.size();
+    if (step == 0 || count < 2 || index < 0)
+        return false;
+    QWidget *const next = panes.at((index + step + count) % count);
+    next->activateWindow();
+    if (auto *const layer = qobject_cast<FloatingLayer *>(next))
+        layer->d->takeFocus();
+    return true;
+}
+
+// A key that nothing in a window has taken. Of the layers over the window the first one to hear of it
+// acts for all.
+bool FloatingLayerPrivate::takeKey(QObject *watched, QEvent *event)
+{
+    auto *const window = qobject_cast<QWidget *>(watched);
+    return event->type() == QEvent::KeyPress && window && window->isWindow()
+        && goOnFrom(*window, stepOf(static_cast<const QKeyEvent &>(*event)));
+}
+
+// A panel that has the focus itself passes it on to its first control, where it is seen.
+void FloatingLayerPrivate::takeFocus()
+{
+    q->setAttribute(Qt::WA_KeyboardFocusChange);
+    const QWidget *const present = q->focusWidget();
+    if (!present || hasTabStop(*present))
+        q->focusNextChild();
+}
 
 void FloatingLayerPrivate::handleWidgetEvent(QEvent *event)
 {
@@ -395,11 +454,17 @@ void FloatingLayer::setEventFilterForParentWidget(bool on)
 
 void FloatingLayer::setVisible(bool visible)
 {
+    const QPointer<FloatingLayer> self(this);
+    const bool hadKeys = !visible && isActiveWindow();
     if (visible && !isVisible())
         d->forgetMinimised();
     QDialog::setVisible(visible);
+    if (!self)
+        return;
     if (visible)
         raise();
+    else if (QWidget *const window = windowOf(*this); hadKeys && window->isVisible())
+        window->activateWindow();
 }
 
 void FloatingLayer::appMoved(const QPoint &)
@@ -423,6 +488,8 @@ bool FloatingLayer::eventFilter(QObject *watched, QEvent *event)
     const QPointer<QObject> receiver(watched);
     if (watched == d->attachedWidget)
         d->handleWidgetEvent(event);
+    else if (d->attachedWidget && parentWidget() && FloatingLayerPrivate::takeKey(watched, event))
+        return true;
     else if (d->attachedWidget && parentWidget())
         d->handleParentEvent(watched, event);
     if (!receiver)
@@ -432,6 +499,8 @@ bool FloatingLayer::eventFilter(QObject *watched, QEvent *event)
 
 void FloatingLayer::keyPressEvent(QKeyEvent *event)
 {
+    if (FloatingLayerPrivate::goOnFrom(*this, stepOf(*event)))
+        return;
     switch (event->key()) {
     case Qt::Key_Escape:
     case Qt::Key_Return:

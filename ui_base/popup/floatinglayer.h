@@ -26,7 +26,7 @@ class FloatingLayerPrivate;
 /// resize(), show() and hide() do to the layer what they do to the widget. Only pos() tells the
 /// place inside the layer now, which is getWidgetOffset(), and a move() to just that place is
 /// nothing new to Qt and moves nothing while the widget is visible. The layer takes no focus when
-/// it is shown.
+/// it is shown; F6, where nothing in the window below takes that key, brings the user into it.
 ///
 /// Layers are made by makeWidgetFloating() and never by hand. Main thread only.
 ///
@@ -75,7 +75,8 @@ public:
     /// @return (0,0) for null and for a widget that is not the child of a layer
     static QPoint getWidgetOffset(QWidget *w);
 
-    /// Shown, the layer also comes to the front.
+    /// Shown, the layer also comes to the front. Hidden while it is the active window, it leaves
+    /// that to the window below it.
     void setVisible(bool visible) override;
 
     /// The main window was moved: takes the layer along.
@@ -88,7 +89,9 @@ public:
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
-    /// Ignores Escape, Return and Enter, which would close a dialog.
+    /// Ignores Escape, Return and Enter, which would close a dialog. F6 goes on to the next layer
+    /// over the window that has something for the keyboard in it, and from the last one to the
+    /// window; with Shift the other way round.
     void keyPressEvent(QKeyEvent *event) override;
     /// What the user closes while the layer is active, as by Alt+F4, is the window that the old
     /// parent stands in, as it would be with a child. close() closes the layer.

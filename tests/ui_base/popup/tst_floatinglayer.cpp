@@ -16,6 +16,7 @@
 #include <QMoveEvent>
 #include <QPointer>
 #include <QPushButton>
+#include <QShortcut>
 #include <QSignalSpy>
 #include <qtestspontaneevent.h>
 #include <QWindow>
@@ -135,6 +136,47 @@ private:
     std::function<void()> m_action;
 };
 
+// A window with a field, and two panels with one that float over it.
+struct Panes
+{
+    QWidget window;
+    QLineEdit *inWindow = new QLineEdit(&window);
+    QPointer<QWidget> one;
+    QPointer<QWidget> two;
+
+    Panes()
+    {
+        window.resize(400, 300);
+        window.show();
+        one = makePanel();
+        two = makePanel();
+        // Offscreen a window is activated by its show, even one that asks not to be.
+        QCoreApplication::processEvents();
+        window.activateWindow();
+        inWindow->setFocus();
+        // To Qt a window is active together with what floats over it.
+        if (!QTest::qWaitFor([this] { return QApplication::activeWindow() == &window; }))
+            qFatal("The window does not come up.");
+    }
+    ~Panes()
+    {
+        delete one.data();
+        delete two.data();
+    }
+
+    QWidget *makePanel()
+    {
+        auto *const panel = new QWidget(&window);
+        panel->resize(100, 40);
+        new QLineEdit(panel);
+        FloatingLayer::makeWidgetFloating(panel, QMargins());
+        panel->show();
+        return panel;
+    }
+
+    static QLineEdit *fieldOf(const QWidget *panel) { return panel->findChild<QLineEdit *>(); }
+};
+
 } // namespace
 
 class tst_FloatingLayer : public Lumo::Test::TestCase
@@ -142,6 +184,63 @@ class tst_FloatingLayer : public Lumo::Test::TestCase
     Q_OBJECT
 
 private Q_SLOTS:
+    void keysGoIntoTheLayersAndBack()
+    {
+        Panes panes;
+        QTest::keyClick(panes.inWindow, Qt::Key_F6);
+        QTRY_VERIFY(panes.one->isActiveWindow());
+        QTRY_COMPARE(QApplication::focusWidget(), panes.fieldOf(panes.one));
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_F6);
+        QTRY_COMPARE(QApplication::focusWidget(), panes.fieldOf(panes.two));
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_F6);
+        QTRY_COMPARE(QApplication::focusWidget(), panes.inWindow);
+        QTest::keyClick(panes.inWindow, Qt::Key_F6, Qt::ShiftModifier);
+        QTRY_COMPARE(QApplication::focusWidget(), panes.fieldOf(panes.two));
+    }
+
+    void keysPassByLayersWithNothingForThem()
+    {
+        Panes panes;
+        panes.fieldOf(panes.one)->setEnabled(false);
+        QTest::keyClick(panes.inWindow, Qt::Key_F6);
+        QTRY_COMPARE(QApplication::focusWidget(), panes.fieldOf(panes.two));
+        panes.fieldOf(panes.one)->setEnabled(true);
+        panes.two->hide();
+        QTRY_COMPARE(QApplication::focusWidget(), panes.inWindow);
+        QTest::keyClick(panes.inWindow, Qt::Key_F6, Qt::ShiftModifier);
+        QTRY_COMPARE(QApplication::focusWidget(), panes.fieldOf(panes.one));
+    }
+
+    void keysThatTheWindowTakesLeadNowhere()
+    {
+        Panes panes;
+        const QShortcut own(Qt::Key_F6, &panes.window);
+        const QSignalSpy pressed(&own, &QShortcut::activated);
+        QTest::keyClick(panes.inWindow, Qt::Key_F6);
+        QTest::keyClick(panes.inWindow, Qt::Key_F6, Qt::ControlModifier);
+        QCoreApplication::processEvents();
+        QCOMPARE(pressed.count(), 1);
+        QCOMPARE(QApplication::activeWindow(), &panes.window);
+    }
+
+    void focusReturnsFromALayerThatHides()
+    {
+        Panes panes;
+        QTest::keyClick(panes.inWindow, Qt::Key_F6);
+        QTRY_COMPARE(QApplication::focusWidget(), panes.fieldOf(panes.one));
+        panes.one->hide();
+        QTRY_COMPARE(QApplication::focusWidget(), panes.inWindow);
+    }
+
+    void panelPassesTheFocusOn()
+    {
+        Panes panes;
+        panes.one->setFocusPolicy(Qt::WheelFocus);
+        panes.one->setFocus();
+        QTest::keyClick(panes.inWindow, Qt::Key_F6);
+        QTRY_COMPARE(QApplication::focusWidget(), panes.fieldOf(panes.one));
+    }
+
     void assistiveToolsTakeTheLayerForItsWidget()
     {
         Scene scene;
