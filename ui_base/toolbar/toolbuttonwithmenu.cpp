@@ -9,6 +9,7 @@
 #include "ui_base/popup/floatinglayer.h"
 #include "ui_base/popup/widgetposcalculator.h"
 #include "ui_base/qtui/accessibleopener_p.h"
+#include "ui_base/popup/windowarea_p.h"
 #include "ui_base/toolbar/toolbar_p.h"
 
 #include <QAction>
@@ -38,20 +39,6 @@ QPoint placeFor(QWidget &menu, const QPoint &global)
     if (!origin && !menu.isWindow() && !qobject_cast<FloatingLayer *>(menu.parentWidget()))
         origin = menu.parentWidget();
     return origin ? origin->mapFromGlobal(global) : global;
-}
-
-// The window that a widget is shown in; for one in a layer that floats the window below.
-const QWidget &windowOf(const QWidget &widget)
-{
-    const QWidget *window = widget.window();
-    while (qobject_cast<const FloatingLayer *>(window) && window->parentWidget())
-        window = window->parentWidget()->window();
-    return *window;
-}
-
-QRect onScreen(const QWidget &widget)
-{
-    return {widget.mapToGlobal(QPoint(0, 0)), widget.size()};
 }
 
 } // namespace
@@ -126,14 +113,10 @@ QPoint ToolButtonWithMenuPrivate::menuPosition(QWidget *reference, bool isArrowe
     return placeFor(*menu, position);
 }
 
-// Left to itself the calculator takes the rectangle of the active window as it is, while the places
-// here are those on the screen.
 QRect ToolButtonWithMenuPrivate::availableArea() const
 {
     const QWidget *const parent = FloatingLayer::getWidgetOriginalParent(toolBar);
-    if (parent)
-        return onScreen(*parent);
-    return QApplication::activeWindow() ? onScreen(windowOf(*q_func())) : QRect();
+    return parent ? Internal::areaOnScreen(*parent) : Internal::windowAreaOnScreen(*q_func());
 }
 
 // A popup that floats stands at the corner of its layer, so a place of the same coordinates would be

@@ -9,6 +9,7 @@
 #include "ui_base/popup/direction.h"
 #include "ui_base/popup/floatinglayer.h"
 #include "ui_base/popup/widgetposcalculator.h"
+#include "ui_base/popup/windowarea_p.h"
 #include "ui_base/qtui/tooltip/tooltipmanager.h"
 
 #include <lumo_common_res/Styles>
@@ -231,11 +232,17 @@ void ATooltipObjectPrivate::WatchParent()
     parent->installEventFilter(parentWatch);
 }
 
+QRect ATooltipObjectPrivate::AvailableArea() const
+{
+    if (const QWidget *root = TooltipManager::GetInstance().getRootViewOfTooltip(q_ptr))
+        return Internal::areaOnScreen(*root);
+    const QWidget *const parent = ParentWidget();
+    return parent ? Internal::windowAreaOnScreen(*parent) : QRect();
+}
+
 void ATooltipObjectPrivate::PlaceWindow()
 {
-    QWidget *const root = TooltipManager::GetInstance().getRootViewOfTooltip(q_ptr);
-    const QRect area = root ? root->rect().translated(root->mapToGlobal(QPoint(0, 0))) : QRect();
-    posCalculator->setMaxAvailableRect(area);
+    posCalculator->setMaxAvailableRect(AvailableArea());
     const auto *const frame = qobject_cast<ArrowedWindow *>(tooltipWindow);
     const QPoint arrowPoint = frame ? frame->GetArrowPoint() : QPoint();
     QPoint position;

@@ -46,6 +46,9 @@ public:
     QWidget *ParentWidget() const;
     void FloatWindow();
     void WatchParent();
+    /// What the window stays in, on the screen: the view that the tooltip belongs to, or else the
+    /// window.
+    QRect AvailableArea() const;
     /// Works the place out and moves the window there.
     void PlaceWindow();
     void MoveWindow(const QPoint &globalPosition);

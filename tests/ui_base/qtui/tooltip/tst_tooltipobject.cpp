@@ -11,6 +11,7 @@
 #include "ui_base/qtui/tooltip/tooltipobject_p.h"
 #include "ui_base/qtui/tooltip/tooltipscene.h"
 
+#include <QApplication>
 #include <QElapsedTimer>
 #include <QLabel>
 #include <QMouseEvent>
@@ -92,6 +93,8 @@ private Q_SLOTS:
     void itGoesWhenItGetsAnotherHost();
     void withoutHostItStaysHidden();
     void comesWhenThePointerRests();
+    void withoutAViewItsWindowBoundsIt_data();
+    void withoutAViewItsWindowBoundsIt();
     void eachMovementStartsTheTimeAnew();
     void aTimeOfZeroShowsItInTheNextPass();
     void aTooltipThatIsUpIsNotShownAgain();
@@ -228,6 +231,39 @@ void TooltipObjectTest::comesWhenThePointerRests()
     fire(scene.tip->showTimer());
     QVERIFY(scene.tip->IsVisible());
     QVERIFY(scene.tip->popup()->isVisible());
+}
+
+void TooltipObjectTest::withoutAViewItsWindowBoundsIt_data()
+{
+    QTest::addColumn<QPoint>("corner");
+    QTest::addColumn<QPoint>("host");
+    QTest::addColumn<EDirection>("side");
+    QTest::newRow("room at the right") << QPoint(260, 300) << QPoint(40, 180) << EDirection::Right;
+    QTest::newRow("none at the right") << QPoint(20, 30) << QPoint(330, 180) << EDirection::Left;
+}
+
+// Wherever the window stands on the screen.
+void TooltipObjectTest::withoutAViewItsWindowBoundsIt()
+{
+    QFETCH(QPoint, corner);
+    QFETCH(QPoint, host);
+    QFETCH(EDirection, side);
+    HoverScene scene;
+    scene.window->move(corner);
+    scene.host->move(host);
+    QApplication::setActiveWindow(scene.window.get());
+    QCOMPARE(QApplication::activeWindow(), scene.window.get());
+    auto *const card = new QWidget;
+    card->setFixedSize(120, 80);
+    scene.tip->SetTooltipControl(card, false);
+    scene.bringUp();
+    QTRY_VERIFY(scene.tip->IsVisible());
+    const QRect seen(Lumo::Test::originOf(card), card->size());
+    const QRect beside(Lumo::Test::originOf(scene.host), scene.host->size());
+    if (side == EDirection::Right)
+        QCOMPARE(seen.left(), beside.right() + 5);
+    else
+        QCOMPARE(seen.right(), beside.left() - 5 - 1);
 }
 
 void TooltipObjectTest::eachMovementStartsTheTimeAnew()
