@@ -38,7 +38,11 @@ class CommandBarTest : public Lumo::Test::TestCase
 
 private Q_SLOTS:
     // As the program does: the view is the only native widget.
-    void initTestCase() { QApplication::setAttribute(Qt::AA_DontCreateNativeWidgetSiblings); }
+    void initTestCase()
+    {
+        QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+        QApplication::setAttribute(Qt::AA_DontCreateNativeWidgetSiblings);
+    }
 
     void everyCommandHasAButtonOfItsOwn()
     {
@@ -62,6 +66,21 @@ private Q_SLOTS:
             QVERIFY2(!normal.isNull(), qPrintable(command->commandId()));
             QVERIFY2(normal != active, qPrintable(command->commandId()));
             QCOMPARE(normal.size() / normal.devicePixelRatio(), QSize(24, 24));
+        }
+    }
+
+    // One that is scaled is blurred, and stands out among the others.
+    void everyIconIsShownInTheSizeThatItIsDrawnFor()
+    {
+        const QSize drawn(24, 24);
+        MainWindow window;
+        window.show();
+        for (const CommandBase *command : window.commands().withButtons()) {
+            const ToolButton *button = command->toolButton();
+            QCOMPARE(button->iconSize(), drawn);
+            const QPixmap picture = button->icon().pixmap(window.windowHandle(), 2 * drawn);
+            QVERIFY2(picture.size() == drawn * window.devicePixelRatioF(),
+                     qPrintable(command->commandId()));
         }
     }
 
@@ -89,7 +108,9 @@ private Q_SLOTS:
         commands.flipNormals->setEnabled(true);
         QVERIFY(commands.flipNormals->toolButton()->isEnabled());
         QVERIFY(commands.modes[0]->toolButton()->isChecked());
+        QVERIFY(commands.display->toolButton()->isChecked());
         commands.modes[2]->trigger();
+        QVERIFY(commands.display->toolButton()->isChecked());
         QVERIFY(commands.modes[2]->toolButton()->isChecked());
         QVERIFY(!commands.modes[0]->toolButton()->isChecked());
     }

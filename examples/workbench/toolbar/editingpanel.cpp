@@ -22,12 +22,19 @@ EditingPanel::EditingPanel(const CommandSet &commands, QWidget *place)
 {
     SetTooltipGroup(Vela::Resource::String::COMMAND_TOOLPANEL_GROUP_ID); // that of their menus
     SetOffset(QPoint(8, 0));
+    SetButtonSize(ButtonSize()); // anew, for the size of the icons
     for (CommandGroup *group : {commands.files.get(), commands.flyouts.get()})
         AddCommandGroup(group);
     // What the panels do has no further buttons; the menu has it without settings.
     AddSingleCommand(commands.flipNormals.get(), commands.editing.get());
     followPanels(commands);
     FloatingLayer::makeWidgetFloating(this, QMargins());
+}
+
+int EditingPanel::ButtonIconSizeDiff()
+{
+    constexpr int iconSize = 24;
+    return ButtonSize().width() - iconSize;
 }
 
 // Whatever closes a panel, the bar tells of it.

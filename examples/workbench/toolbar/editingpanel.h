@@ -19,6 +19,9 @@ public:
     /// @param place the widget over which the panel stands
     EditingPanel(const CommandSet &commands, QWidget *place);
 
+    /// Leaves the icons the size that they are drawn for, in which they are crisp.
+    int ButtonIconSizeDiff() override;
+
 private:
     void followPanels(const CommandSet &commands);
 };

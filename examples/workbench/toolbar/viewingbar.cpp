@@ -3,19 +3,32 @@
 
 #include "toolbar/viewingbar.h"
 
+#include "commands/displaymodecommand.h"
 #include "commandset.h"
 
 #include <lumo_common_res/String>
 #include <ui_base/CommandGroup>
 #include <ui_base/ToolBar>
 #include <ui_base/ToolbarManager>
+#include <ui_base/ToolButton>
 
 namespace Workbench {
 
 using namespace Vela::UiBase;
 
 namespace {
+
 const int edge = 4;
+
+/// The bar gives the menu icons that are a little larger than they are drawn.
+void finishMenu(const CommandSet &commands)
+{
+    for (const auto &mode : commands.modes)
+        mode->toolButton()->setIconSize(commands.display->toolButton()->iconSize());
+    // One of the modes is on from the start.
+    commands.display->toolButton()->setChecked(true);
+}
+
 } // namespace
 
 ViewingBar::ViewingBar(const CommandSet &commands, QWidget *parent)
@@ -31,6 +44,7 @@ ViewingBar::ViewingBar(const CommandSet &commands, QWidget *parent)
     m_bar->SetOffset(QPoint(0, edge));
     commands.viewing->setToolbar(m_bar);
     m_bar->AddCommandGroup(commands.viewing.get());
+    finishMenu(commands);
     m_rows->addDynamicCommandGroup(commands.selection.get());
     setFixedHeight(m_bar->sizeHint().height() + 2 * edge);
     connect(m_bar, &ToolBar::HideAnimationFinished, this, &QWidget::hide);
