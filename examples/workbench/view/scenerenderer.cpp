@@ -109,11 +109,13 @@ void SceneRenderer::drawAttributes(const Drawing &drawing)
     glDisable(GL_DEPTH_TEST);
 }
 
+/// In the corner that no bar covers.
 void SceneRenderer::drawAxes(const Drawing &drawing)
 {
-    const float middle = 56.0F * drawing.ratio;
+    const float room = 56.0F * drawing.ratio;
     const LineSet lines =
-        axisLines(drawing.camera.rotation(), {middle, middle}, 34.0F * drawing.ratio);
+        axisLines(drawing.camera.rotation(), {float(drawing.pixels.width()) - room, room},
+                  34.0F * drawing.ratio);
     QMatrix4x4 toClip;
     toClip.ortho(QRectF(QPointF(), drawing.pixels));
     toClip.translate(0.0F, float(drawing.pixels.height()));
