@@ -57,6 +57,9 @@
 namespace Workbench {
 namespace {
 
+/// With room for the panel at the left and for whatever opens beside it.
+const QSize smallestSize(640, 540);
+
 /// The text of an action as a name: without the mark of its key in the menu and the dots that
 /// promise a dialog.
 QString nameOf(const Vela::UiBase::CommandBase &command)
@@ -78,6 +81,7 @@ MainWindow::MainWindow()
     , m_status(new StatusLine)
     , m_menu(new MainMenu(*this, commands(), m_recent))
 {
+    setMinimumSize(smallestSize);
     resize(QSize(1080, 700).boundedTo(screen()->availableSize() * 9 / 10));
     m_pane->controller()->setClosingQuestion([this] { return mayLoseChanges(); });
     buildLayout();

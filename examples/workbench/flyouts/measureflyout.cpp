@@ -3,6 +3,8 @@
 
 #include "flyouts/measureflyout.h"
 
+#include "flyouts/settingspanel.h"
+#include "flyouts/sidepanel.h"
 #include "mesh/measures.h"
 #include "meshdocument.h"
 
@@ -13,6 +15,7 @@
 #include <QKeySequence>
 #include <QLabel>
 #include <QLocale>
+#include <QToolButton>
 
 #include <cmath>
 #include <utility>
@@ -28,6 +31,21 @@ QString number(double value)
     return QLocale().toString(value, 'g', 5);
 }
 
+QFormLayout *makeRows(QWidget *table, const QMargins &margins)
+{
+    auto *const rows = new QFormLayout(table);
+    rows->setContentsMargins(margins);
+    return rows;
+}
+
+QLabel *addRow(QFormLayout *rows, const QString &name)
+{
+    auto *const value = new QLabel;
+    value->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    rows->addRow(name, value);
+    return value;
+}
+
 } // namespace
 
 MeasureFlyout::MeasureFlyout(std::shared_ptr<MeshDocument> document)
@@ -35,18 +53,18 @@ MeasureFlyout::MeasureFlyout(std::shared_ptr<MeshDocument> document)
 { }
 
 MeasureFlyout::MeasureFlyout(std::shared_ptr<MeshDocument> document, QWidget *table)
-    : PanelCommand(QtUiToolkit::Instance().CreateFlyout(tr("Measure"), table, nullptr, true, false,
+    : PanelCommand(QtUiToolkit::Instance().CreateFlyout(nullptr, tr("Measure"), table,
+                                                        tr("Figures of the faces"), true, false,
                                                         false, false, nullptr))
     , m_document(std::move(document))
-    , m_table(table)
 {
-    auto *const rows = new QFormLayout(m_table);
-    rows->setContentsMargins(0, 0, 0, 0);
-    m_table->setMinimumWidth(260);
-    m_size = addRow(tr("Size"));
-    m_area = addRow(tr("Area"));
-    m_volume = addRow(tr("Volume"));
-    m_selected = addRow(tr("Selected"));
+    QFormLayout *const rows = makeRows(table, SettingsPanel::margins());
+    table->setMinimumWidth(260);
+    m_size = addRow(rows, tr("Size"));
+    m_area = addRow(rows, tr("Area"));
+    m_volume = addRow(rows, tr("Volume"));
+    m_selected = addRow(rows, tr("Selected"));
+    addFacesPanel();
     setText(tr("Measure"));
     setToolTip(tr("Tell the sizes of the mesh"));
     setWhatsThis(
@@ -59,12 +77,24 @@ MeasureFlyout::MeasureFlyout(std::shared_ptr<MeshDocument> document, QWidget *ta
     connect(m_document.get(), &MeshDocument::selectionChanged, this, &MeasureFlyout::showSelection);
 }
 
-QLabel *MeasureFlyout::addRow(const QString &name)
+void MeasureFlyout::addFacesPanel()
 {
-    auto *const value = new QLabel;
-    value->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    static_cast<QFormLayout *>(m_table->layout())->addRow(name, value);
-    return value;
+    auto *const table = new QWidget;
+    table->setMinimumWidth(180);
+    QFormLayout *const rows = makeRows(table, QMargins());
+    m_shortest = addRow(rows, tr("Shortest edge"));
+    m_longest = addRow(rows, tr("Longest edge"));
+    m_mean = addRow(rows, tr("Mean edge"));
+    m_sharpest = addRow(rows, tr("Sharpest corner"));
+    m_facesPanel = new SidePanel(*flyout(), tr("Faces"), table);
+    auto *const sign = flyout()->findChild<QToolButton *>(QStringLiteral("ibutton"));
+    connect(sign, &QToolButton::clicked, m_facesPanel, &SidePanel::toggle);
+    connect(m_facesPanel, &SidePanel::aboutToOpen, this, &MeasureFlyout::showFaces);
+}
+
+SidePanel *MeasureFlyout::facesPanel() const
+{
+    return m_facesPanel;
 }
 
 void MeasureFlyout::onBegin()
@@ -91,6 +121,18 @@ void MeasureFlyout::showMesh()
     m_area->setText(number(areaOf(mesh)));
     m_volume->setText(number(std::abs(volumeOf(mesh))));
     showSelection();
+    if (m_facesPanel && m_facesPanel->isVisible())
+        showFaces();
+}
+
+void MeasureFlyout::showFaces()
+{
+    const SideLengths lengths = sideLengthsOf(m_document->mesh());
+    m_shortest->setText(number(lengths.shortest));
+    m_longest->setText(number(lengths.longest));
+    m_mean->setText(number(lengths.mean));
+    m_sharpest->setText(
+        tr("%1°").arg(QLocale().toString(sharpestCornerOf(m_document->mesh()), 'f', 1)));
 }
 
 void MeasureFlyout::showSelection()

@@ -12,8 +12,10 @@ class QLabel;
 namespace Workbench {
 
 class MeshDocument;
+class SidePanel;
 
-/// Tells the sizes of the mesh and of what is selected, as long as its panel is open.
+/// Tells the sizes of the mesh and of what is selected, as long as its panel is open. The button in
+/// the strip of the panel opens another one beside it, with figures of the faces.
 class MeasureFlyout : public PanelCommand
 {
     Q_OBJECT
@@ -26,19 +28,27 @@ public:
     /// There is nothing to apply.
     bool onExecuteAsync(bool checked) override;
 
+    /// The panel beside; null when that has gone with the window.
+    SidePanel *facesPanel() const;
+
 private:
     MeasureFlyout(std::shared_ptr<MeshDocument> document, QWidget *table);
 
-    QLabel *addRow(const QString &name);
+    void addFacesPanel();
     void showMesh();
+    void showFaces();
     void showSelection();
 
     const std::shared_ptr<MeshDocument> m_document;
-    QWidget *const m_table;
     QLabel *m_size;
     QLabel *m_area;
     QLabel *m_volume;
     QLabel *m_selected;
+    QPointer<SidePanel> m_facesPanel;
+    QLabel *m_shortest;
+    QLabel *m_longest;
+    QLabel *m_mean;
+    QLabel *m_sharpest;
 };
 
 } // namespace Workbench

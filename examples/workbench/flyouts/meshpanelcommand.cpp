@@ -13,8 +13,6 @@
 #include <ui_base/FlyoutBase>
 #include <ui_base/QtUiToolkit>
 
-#include <QLayout>
-
 #include <new>
 #include <utility>
 
@@ -40,8 +38,7 @@ FlyoutBase *makePanel(const QString &title, SettingsPanel *settings, SettingsPan
                                                                    false, true, true, nullptr);
     panel->SetToggleApplyButtonEnabled(true);
     if (details) {
-        // The flyout leaves this room around the main panel only.
-        details->layout()->setContentsMargins(7, 0, 7, 0);
+        details->useAsDetails();
         QObject::connect(settings, &SettingsPanel::ResetValues, details,
                          &SettingsPanel::ResetValues);
     }

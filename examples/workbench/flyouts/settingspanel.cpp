@@ -13,8 +13,14 @@ namespace Workbench {
 SettingsPanel::SettingsPanel()
     : m_rows(new QFormLayout(this))
 {
-    m_rows->setContentsMargins(0, 0, 0, 0);
+    m_rows->setContentsMargins(margins());
     setMinimumWidth(280);
+}
+
+void SettingsPanel::useAsDetails()
+{
+    constexpr int room = 7; // that the flyout has around its main panel
+    m_rows->setContentsMargins(margins() + QMargins(room, 0, room, 0));
 }
 
 QSlider *SettingsPanel::addSlider(const QString &label, int lowest, int highest, int value,

@@ -22,6 +22,12 @@ class SettingsPanel : public QWidget
 public:
     SettingsPanel();
 
+    /// What brings the content of a main panel in line with the title and the buttons of its flyout.
+    static QMargins margins() { return {2, 0, 2, 0}; }
+
+    /// Makes it the advanced panel of a flyout, which leaves no room at the sides of that.
+    void useAsDetails();
+
     /// Adds a slider. @param text what is shown for a value
     QSlider *addSlider(const QString &label, int lowest, int highest, int value,
                        const std::function<QString(int)> &text);

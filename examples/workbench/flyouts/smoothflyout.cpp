@@ -3,8 +3,12 @@
 
 #include "flyouts/smoothflyout.h"
 
+#include "flyouts/besideflyout.h"
 #include "flyouts/settingspanel.h"
 #include "mesh/meshoperations.h"
+
+#include <ui_base/FlyoutBase>
+#include <ui_base/TooltipExFactory>
 
 #include <QKeySequence>
 #include <QLocale>
@@ -14,6 +18,8 @@
 
 namespace Workbench {
 namespace {
+
+using namespace Vela::UiBase;
 
 QString hundredths(int value)
 {
@@ -45,6 +51,20 @@ SmoothFlyout::SmoothFlyout(std::shared_ptr<MeshDocument> document, SettingsPanel
     setShortcut(QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_M));
     setExecutionNotificationMessage(ENotification::ExecutionBegan, tr("Smoothing the surface"));
     setDrawing(QStringLiteral("cmd_smooth_flyout"));
+    addExplanation();
+}
+
+/// Beneath the panel, which holds it in the width of its frame.
+void SmoothFlyout::addExplanation()
+{
+    const QString text =
+        tr("Each step pulls every vertex towards the middle of its neighbours and then pushes it "
+           "back. What comes back is a little more, so that the mesh does not shrink.");
+    QWidget *const explanation = TooltipExFactory::GetInstance().CreateExtendedTooltip(
+        flyout(), QString(), QString(), text, true, flyout()->width(),
+        ATooltipEx::EWidgetExVisibility::ExAlwaysShown, QStringLiteral("InfoDialog"));
+    flyout()->EnableInfoButton(true, explanation);
+    floatBeside(*flyout(), explanation);
 }
 
 MeshPanelCommand::Operation SmoothFlyout::operation() const

@@ -25,6 +25,8 @@ private:
     SmoothFlyout(std::shared_ptr<MeshDocument> document, SettingsPanel *settings,
                  SettingsPanel *details);
 
+    void addExplanation();
+
     QSlider *m_steps;
     QSlider *m_pull;
     QSlider *m_push;

@@ -15,4 +15,17 @@ double areaOf(const Mesh &mesh, const QVector<int> &faces);
 /// Negative when the mesh is inside out.
 double volumeOf(const Mesh &mesh);
 
+/// How long the sides of the faces are. The side that two faces share counts for each of them.
+struct SideLengths
+{
+    double shortest = 0;
+    double longest = 0;
+    double mean = 0;
+};
+/// All zero for a mesh without faces.
+SideLengths sideLengthsOf(const Mesh &mesh);
+/// The sharpest corner of all faces in degrees, from 0 for a face that is a line to 60 when all are
+/// even. 0 for a mesh without faces.
+double sharpestCornerOf(const Mesh &mesh);
+
 } // namespace Workbench

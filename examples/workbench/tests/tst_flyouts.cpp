@@ -9,6 +9,7 @@
 #include "controllers/meshviewcontroller.h"
 #include "flyouts/decimateflyout.h"
 #include "flyouts/measureflyout.h"
+#include "flyouts/sidepanel.h"
 #include "flyouts/smoothflyout.h"
 #include "flyouts/subdivideflyout.h"
 #include "mainwindow.h"
@@ -22,6 +23,7 @@
 #include "view/viewpane.h"
 
 #include <tessel/dispatch.h>
+#include <ui_base/ArrowedWindow>
 #include <ui_base/CommandBag>
 #include <ui_base/CommandGroup>
 #include <ui_base/FlyoutBase>
@@ -35,6 +37,7 @@
 #include <QSlider>
 
 using namespace Workbench;
+using Vela::UiBase::ArrowedWindow;
 using Vela::UiBase::FlyoutBase;
 
 namespace {
@@ -83,6 +86,28 @@ QAbstractButton *part(const PanelCommand &command, const char *name)
 void click(const PanelCommand &command, const char *name)
 {
     QTest::mouseClick(part(command, name), Qt::LeftButton);
+}
+
+QRect areaOf(const QWidget &widget)
+{
+    return {widget.mapToGlobal(QPoint(0, 0)), widget.size()};
+}
+
+/// What is seen of a panel, without its arrow.
+QRect frameOf(const PanelCommand &command)
+{
+    const auto &window = *qobject_cast<ArrowedWindow *>(command.flyout()->parentWidget());
+    return window.GetBounds().translated(window.mapToGlobal(QPoint(0, 0)));
+}
+
+/// Far from the corner of the screen, so that no coordinates can be mistaken for others.
+void placeWindow(MainWindow &window, const QSize &size)
+{
+    window.setMinimumSize(0, 0);
+    window.setGeometry(QRect(QPoint(90, 70), size));
+    QApplication::setActiveWindow(&window);
+    QTRY_COMPARE(window.size(), size);
+    Scene::settle();
 }
 
 QSlider *firstSlider(const PanelCommand &command)
@@ -221,6 +246,117 @@ private Q_SLOTS:
         QVERIFY(shows(QStringLiteral("4")));
         scene.window.document().select({0, 1, 2});
         QVERIFY(shows(QStringLiteral("faces: 3, area: 1.5")));
+    }
+
+    void theFacesStandBesideMeasureInsideOfTheView_data()
+    {
+        QTest::addColumn<QSize>("size");
+        QTest::newRow("usual") << QSize(1080, 700);
+        QTest::newRow("smallest") << MainWindow().minimumSize();
+    }
+
+    void theFacesStandBesideMeasureInsideOfTheView()
+    {
+        QFETCH(QSize, size);
+        Scene scene;
+        placeWindow(scene.window, size);
+        MeasureFlyout &measure = *scene.commands().measureFlyout;
+        Scene::open(measure);
+        SidePanel &faces = *measure.facesPanel();
+        QVERIFY(!faces.isVisible());
+        click(measure, "ibutton");
+        Scene::settle();
+        QVERIFY(faces.isVisible());
+        const QRect view = areaOf(scene.window.pane());
+        QVERIFY(view.contains(frameOf(measure)));
+        QVERIFY(view.contains(areaOf(faces)));
+        QCOMPARE(areaOf(faces).topLeft(),
+                 frameOf(measure).topRight() + QPoint(1 + SidePanel::gap, 0));
+    }
+
+    void measureMakesRoomForTheFaces()
+    {
+        Scene scene;
+        placeWindow(scene.window, QSize(1080, 700));
+        MeasureFlyout &measure = *scene.commands().measureFlyout;
+        Scene::open(measure);
+        click(measure, "ibutton");
+        const int edge = 30; // of the view, where no popup goes
+        const int wanted = areaOf(*measure.flyout()->parentWidget()).right() + 1
+            + measure.facesPanel()->width() + edge - areaOf(scene.window.pane()).left();
+        placeWindow(scene.window, QSize(wanted, 800));
+        const QRect withRoom = frameOf(measure);
+        placeWindow(scene.window, QSize(wanted - 10, 800));
+        const QRect view = areaOf(scene.window.pane());
+        QVERIFY(frameOf(measure).right() < withRoom.right());
+        QVERIFY(view.contains(frameOf(measure)));
+        QVERIFY(view.contains(areaOf(*measure.facesPanel())));
+        click(measure, "ibutton");
+        QCOMPARE(frameOf(measure).right(), withRoom.right());
+    }
+
+    void theFacesFollowMeasure()
+    {
+        Scene scene;
+        placeWindow(scene.window, QSize(1080, 700));
+        MeasureFlyout &measure = *scene.commands().measureFlyout;
+        Scene::open(measure);
+        click(measure, "ibutton");
+        const QPoint before = areaOf(*measure.facesPanel()).topLeft();
+        placeWindow(scene.window, MainWindow().minimumSize());
+        const QPoint corner = frameOf(measure).topRight() + QPoint(1 + SidePanel::gap, 0);
+        QVERIFY(corner != before);
+        QCOMPARE(areaOf(*measure.facesPanel()).topLeft(), corner);
+        click(measure, "close_button");
+        QVERIFY(!measure.facesPanel()->isVisible());
+    }
+
+    void theFacesAreMeasured()
+    {
+        Scene scene;
+        scene.window.document().open(QStringLiteral("flat.obj"), TestMeshes::grid(2));
+        Scene::settle();
+        MeasureFlyout &measure = *scene.commands().measureFlyout;
+        Scene::open(measure);
+        click(measure, "ibutton");
+        const auto shows = [&measure](const QString &text) {
+            const auto labels = measure.facesPanel()->findChildren<QLabel *>();
+            return std::any_of(labels.begin(), labels.end(),
+                               [&text](const QLabel *label) { return label->text() == text; });
+        };
+        QVERIFY(shows(QStringLiteral("1")));
+        QVERIFY(shows(QStringLiteral("1.4142")));
+        QVERIFY(shows(QStringLiteral("45.0°")));
+        scene.window.document().replaceMesh(TestMeshes::tetrahedron(),
+                                            scene.window.document().snapshot().revision);
+        QVERIFY(shows(QStringLiteral("60.0°")));
+    }
+
+    void theExplanationStandsBeneathSmoothInsideOfTheView_data()
+    {
+        QTest::addColumn<QSize>("size");
+        QTest::newRow("usual") << QSize(1080, 700);
+        QTest::newRow("smallest") << MainWindow().minimumSize();
+    }
+
+    void theExplanationStandsBeneathSmoothInsideOfTheView()
+    {
+        QFETCH(QSize, size);
+        Scene scene;
+        placeWindow(scene.window, size);
+        SmoothFlyout &smooth = *scene.commands().smoothFlyout;
+        Scene::open(smooth);
+        click(smooth, "advanced_button");
+        click(smooth, "info_button");
+        Scene::settle();
+        const QWidget &explanation = *smooth.flyout()->InfoDialog();
+        QVERIFY(explanation.isVisible());
+        const QRect view = areaOf(scene.window.pane());
+        QVERIFY(view.contains(frameOf(smooth)));
+        QVERIFY(view.contains(areaOf(explanation)));
+        QVERIFY(!frameOf(smooth).intersects(areaOf(explanation)));
+        click(smooth, "close_button");
+        QVERIFY(!explanation.isVisible());
     }
 
     void otherButtonsCloseThePanel()

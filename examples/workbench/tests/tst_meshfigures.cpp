@@ -118,8 +118,28 @@ TEST(Measures, volumeTurnsItsSignWithTheMeshAndStaysWhereverItIs)
     EXPECT_NEAR(volumeOf(mesh), -volume, 1e-4);
 }
 
+TEST(Measures, sidesAndCornersOfFaces)
+{
+    const SideLengths flat = sideLengthsOf(grid(2));
+    EXPECT_NEAR(flat.shortest, 1.0, 1e-6);
+    EXPECT_NEAR(flat.longest, std::sqrt(2.0), 1e-6);
+    EXPECT_NEAR(flat.mean, (2.0 + std::sqrt(2.0)) / 3.0, 1e-6);
+    EXPECT_NEAR(sharpestCornerOf(grid(2)), 45.0, 1e-4);
+    EXPECT_NEAR(sharpestCornerOf(tetrahedron()), 60.0, 1e-4);
+}
+
+TEST(Measures, aFaceThatIsALineHasACornerOfZero)
+{
+    Mesh mesh = tetrahedron();
+    mesh.positions[1] = mesh.positions[0];
+    EXPECT_EQ(sharpestCornerOf(mesh), 0.0);
+    EXPECT_EQ(sideLengthsOf(mesh).shortest, 0.0);
+}
+
 TEST(Measures, ofNothingAreZero)
 {
     EXPECT_EQ(areaOf(Mesh()), 0.0);
     EXPECT_EQ(volumeOf(Mesh()), 0.0);
+    EXPECT_EQ(sideLengthsOf(Mesh()).mean, 0.0);
+    EXPECT_EQ(sharpestCornerOf(Mesh()), 0.0);
 }

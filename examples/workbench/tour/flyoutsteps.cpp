@@ -4,12 +4,15 @@
 #include "commands/smoothcommand.h"
 #include "flyouts/decimateflyout.h"
 #include "flyouts/measureflyout.h"
+#include "flyouts/sidepanel.h"
 #include "flyouts/smoothflyout.h"
 #include "mainwindow.h"
 #include "tour/steps.h"
 #include "tour/tourguide.h"
 #include "view/meshview.h"
+#include "view/viewpane.h"
 
+#include <ui_base/ArrowedWindow>
 #include <ui_base/FlyoutBase>
 #include <ui_base/ToolButton>
 
@@ -19,6 +22,9 @@
 #include <QSlider>
 
 namespace Workbench {
+
+using Vela::UiBase::ArrowedWindow;
+
 namespace {
 
 /// Clicks in the middle of @p widget.
@@ -58,6 +64,33 @@ void checkSeen(TourGuide &guide, const PanelCommand &command)
                 guide.waitUntil([&] { return guide.isSeen(*command.flyout()); }));
 }
 
+QRect areaOf(const QWidget &widget)
+{
+    return {widget.mapToGlobal(QPoint(0, 0)), widget.size()};
+}
+
+/// What is seen of the panel, without its arrow.
+QRect frameOf(const PanelCommand &command)
+{
+    const auto &window = *static_cast<ArrowedWindow *>(command.flyout()->parentWidget());
+    return window.GetBounds().translated(window.mapToGlobal(QPoint(0, 0)));
+}
+
+/// Checks that the panel and what stands beside it are seen, side by side in the window.
+void checkBeside(TourGuide &guide, const PanelCommand &command, QWidget &beside)
+{
+    guide.check(TourGuide::tr("it comes beside the panel"),
+                guide.waitUntil([&] { return beside.isVisible(); }));
+    checkSeen(guide, command);
+    guide.check(TourGuide::tr("all of it is on the screen"),
+                guide.waitUntil([&] { return guide.isSeen(beside); }));
+    const QRect view = areaOf(guide.window().pane());
+    guide.check(TourGuide::tr("both are inside of the view"),
+                view.contains(frameOf(command)) && view.contains(areaOf(beside)));
+    guide.check(TourGuide::tr("none covers the other"),
+                !frameOf(command).intersects(areaOf(beside)));
+}
+
 void openSmooth(TourGuide &guide, SmoothFlyout &smooth)
 {
     guide.begin(TourGuide::tr("Panel of Smooth"));
@@ -76,6 +109,17 @@ void openSmooth(TourGuide &guide, SmoothFlyout &smooth)
     guide.check(TourGuide::tr("the panel grows"), smooth.flyout()->height() > folded);
     checkSeen(guide, smooth);
     guide.finishWithPicture();
+}
+
+void explainSmooth(TourGuide &guide, SmoothFlyout &smooth)
+{
+    guide.begin(TourGuide::tr("Explanation of Smooth"));
+    clickPart(smooth, "info_button");
+    QWidget &explanation = *smooth.flyout()->InfoDialog();
+    checkBeside(guide, smooth, explanation);
+    guide.finishWithPicture();
+    clickPart(smooth, "info_button");
+    guide.check(TourGuide::tr("a click closes it again"), !explanation.isVisible());
 }
 
 void applySmooth(TourGuide &guide, SmoothFlyout &smooth)
@@ -125,6 +169,33 @@ void takeOver(TourGuide &guide, const SmoothFlyout &smooth, DecimateFlyout &deci
     guide.finishWithPicture();
 }
 
+void resizeWindow(TourGuide &guide, const QSize &size)
+{
+    guide.window().resize(size);
+    guide.check(TourGuide::tr("the window takes the size"),
+                guide.waitUntil([&] { return guide.window().size() == size; }));
+    guide.settle();
+}
+
+void checkFaces(TourGuide &guide, const MeasureFlyout &measure)
+{
+    SidePanel &faces = *measure.facesPanel();
+    checkBeside(guide, measure, faces);
+    const QPoint corner = frameOf(measure).topRight() + QPoint(1 + SidePanel::gap, 0);
+    guide.check(TourGuide::tr("they stand in line"), areaOf(faces).topLeft() == corner);
+}
+
+void showInSmallWindow(TourGuide &guide, const MeasureFlyout &measure)
+{
+    guide.begin(TourGuide::tr("Measure in a small window"));
+    const QSize usual = guide.window().size();
+    resizeWindow(guide, guide.window().minimumSize());
+    checkFaces(guide, measure);
+    guide.finishWithPicture();
+    resizeWindow(guide, usual);
+    checkFaces(guide, measure);
+}
+
 void measure(TourGuide &guide, MeasureFlyout &measure)
 {
     guide.begin(TourGuide::tr("Measure"));
@@ -134,10 +205,18 @@ void measure(TourGuide &guide, MeasureFlyout &measure)
     checkSeen(guide, measure);
     guide.finishWithPicture();
 
+    guide.begin(TourGuide::tr("Faces beside Measure"));
+    clickPart(measure, "ibutton");
+    checkFaces(guide, measure);
+    guide.finishWithPicture();
+
+    showInSmallWindow(guide, measure);
+
     guide.begin(TourGuide::tr("Escape closes Measure"));
     guide.pressKey(guide.view(), Qt::Key_Escape);
     guide.check(TourGuide::tr("the panel has closed"),
                 guide.waitUntil([&] { return !isOpen(measure) && !measure.isChecked(); }));
+    guide.check(TourGuide::tr("so has the one beside it"), !measure.facesPanel()->isVisible());
     guide.finishWithPicture();
 }
 
@@ -147,6 +226,7 @@ void visitFlyouts(TourGuide &guide)
 {
     const CommandSet &commands = guide.window().commands();
     openSmooth(guide, *commands.smoothFlyout);
+    explainSmooth(guide, *commands.smoothFlyout);
     applySmooth(guide, *commands.smoothFlyout);
     takeOver(guide, *commands.smoothFlyout, *commands.decimateFlyout);
     measure(guide, *commands.measureFlyout);
