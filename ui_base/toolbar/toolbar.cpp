@@ -72,8 +72,9 @@ void drawFrame(QPainter &painter, const QRect &rect)
     painter.drawLines(edges, int(std::size(edges)));
 }
 
-// The pixels of drawFrame() for a thin line without scaling. Qt paints a line of thousands of them
-// one by one, which took half of the time of a long bar.
+// The pixels of drawFrame() for a thin line, also on screens of a higher ratio, where the lines would
+// lie astride the edges. Qt paints a line of thousands of pixels one by one, which took half of the
+// time of a long bar.
 void fillFrame(QPainter &painter, const QRect &rect, const QColor &color)
 {
     painter.fillRect(QRect(rect.topLeft(), rect.topRight()), color);
@@ -611,11 +612,11 @@ void ToolBarPrivate::paintBorder(QPainter &painter, const QRect &exposed) const
         return;
     }
     const int reach = borderWidth + 1;
-    const bool isPlain = borderWidth == 1 && painter.device()->devicePixelRatioF() == 1;
+    const bool isThin = borderWidth == 1;
     for (const QPainterPath &path : panelPaths) {
         const QRect rect = path.boundingRect().toRect();
         if (rect.adjusted(-reach, -reach, reach, reach).intersects(exposed))
-            isPlain ? fillFrame(painter, rect, borderColor) : drawFrame(painter, rect);
+            isThin ? fillFrame(painter, rect, borderColor) : drawFrame(painter, rect);
     }
 }
 

@@ -207,6 +207,7 @@ private Q_SLOTS:
     void borderStandsWhereItIsWanted_data();
     void borderStandsWhereItIsWanted();
     void thinBorderHasThePixelsOfALine();
+    void thinBorderIsWholeAtAHigherRatio();
     void separatorColorWaitsForTheNextPainting();
     void platesFollowTheirPanels();
 };
@@ -1248,6 +1249,24 @@ void TestToolBar::thinBorderHasThePixelsOfALine()
     painter.drawLine(rect.bottomLeft(), rect.topLeft());
     painter.end();
     QCOMPARE(paintedOf(bar), expected);
+}
+
+// A line of a pen would lie half outside of the bar.
+void TestToolBar::thinBorderIsWholeAtAHigherRatio()
+{
+    QWidget window;
+    OpenBar bar(&window);
+    bar.SetBackColor(Qt::transparent);
+    bar.SetGroupBackColor(Qt::transparent);
+    bar.SetBorder(1, Qt::red, true);
+    bar.add(tools);
+    showAndSettle(window);
+    QImage fine(2 * bar.size(), QImage::Format_ARGB32_Premultiplied);
+    fine.setDevicePixelRatio(2);
+    fine.fill(Qt::transparent);
+    bar.render(&fine, {}, {}, QWidget::RenderFlags());
+    fine.setDevicePixelRatio(1);
+    QCOMPARE(fine, paintedOf(bar).scaled(fine.size()));
 }
 
 void TestToolBar::separatorColorWaitsForTheNextPainting()
