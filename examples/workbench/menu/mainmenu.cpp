@@ -31,6 +31,8 @@
 #include <QMenu>
 #include <QToolButton>
 
+#include <algorithm>
+
 namespace Workbench {
 
 using Vela::UiBase::AppMenuItemSpecifier;
@@ -73,6 +75,7 @@ MainMenu::MainMenu(QMainWindow &window, const CommandSet &commands, RecentFiles 
     buildEdit(commands);
     buildView(commands);
     buildRest(commands);
+    levelRows();
     // An entry that is just being chosen outlives its choice.
     connect(&recent, &RecentFiles::changed, this, &MainMenu::fillRecent, Qt::QueuedConnection);
     Start();
@@ -132,6 +135,20 @@ void MainMenu::buildRest(const CommandSet &commands)
     AddDropDownMenu(tools, commands.flyouts->groupActionGroup()->actions().toVector(), nullptr);
     AddDropDownMenu(m_names.at(4), {commands.bars.get(), commands.log.get()}, nullptr);
     AddDropDownMenu(m_names.at(5), {commands.about.get()}, nullptr);
+}
+
+/// Among entries with icons those without are as high.
+void MainMenu::levelRows()
+{
+    for (const QString &name : qAsConst(m_names)) {
+        QMenu *const menu = menuOf(name);
+        const QList<QAction *> entries = menu->actions();
+        const bool hasIcons = std::any_of(entries.begin(), entries.end(), [](const QAction *entry) {
+            return entry->isIconVisibleInMenu() && !entry->icon().isNull();
+        });
+        if (hasIcons)
+            menu->setStyleSheet(QStringLiteral("QMenu::item { min-height: 24px; }"));
+    }
 }
 
 QAction *MainMenu::addPanel(QWidget &panel, const QString &text)

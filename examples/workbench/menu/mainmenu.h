@@ -47,6 +47,7 @@ private:
     void buildEdit(const CommandSet &commands);
     void buildView(const CommandSet &commands);
     void buildRest(const CommandSet &commands);
+    void levelRows();
     void fillRecent();
     void place();
 

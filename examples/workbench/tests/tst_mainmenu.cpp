@@ -9,6 +9,7 @@
 #include "dialogs/logcommand.h"
 #include "dialogs/preferencescommand.h"
 #include "image/openimagecommand.h"
+#include "look.h"
 #include "mainwindow.h"
 #include "menu/recentfiles.h"
 #include "meshdocument.h"
@@ -20,6 +21,7 @@
 #include "toolbar/viewingbar.h"
 #include "view/viewpane.h"
 
+#include <ui_base/StartUp>
 #include <ui_base/TaskDialog>
 
 #include <QApplication>
@@ -80,7 +82,29 @@ class MainMenuTest : public Lumo::Test::TestCase
 
 private Q_SLOTS:
     // As the program does: the view is the only native widget.
-    void initTestCase() { QApplication::setAttribute(Qt::AA_DontCreateNativeWidgetSiblings); }
+    void initTestCase()
+    {
+        QApplication::setAttribute(Qt::AA_DontCreateNativeWidgetSiblings);
+        applyLook(*qApp, ELook::Light);
+        Vela::UiBase::StartUp();
+    }
+
+    void entriesOfAMenuAreOfOneHeight()
+    {
+        MainWindow window;
+        for (const QString &name : window.menu().names()) {
+            const QMenu &menu = *window.menu().menuOf(name);
+            int height = 0;
+            for (QAction *entry : menu.actions()) {
+                if (entry->isSeparator())
+                    continue;
+                if (height == 0)
+                    height = menu.actionGeometry(entry).height();
+                QCOMPARE(menu.actionGeometry(entry).height(), height);
+            }
+            QVERIFY(height > 0);
+        }
+    }
 
     void recentFilesAreAbsoluteAndEachOnce()
     {
