@@ -39,7 +39,7 @@ static int Extent(int length)
     return qBound(0, length, QWIDGETSIZE_MAX - 1);
 }
 
-/// A text without the mark of its key.
+/// The text of an item without the mark of its key.
 static QString NameOf(const QString &text)
 {
     return QAction(text).iconText();
@@ -165,6 +165,7 @@ QSharedPointer<QToolButton> MenuBuilderPrivate::AddOrInsertMenuBarItem(
     QObject::connect(item, &QObject::destroyed, q, [this, item] { Drop(item); });
     item->setFocusPolicy(Qt::NoFocus);
     item->setText(name);
+    itemTexts.insert(item, name);
     menuBarItems.insert(name, button);
     item->setObjectName(name);
     item->setToolTip(tooltip);
@@ -218,12 +219,34 @@ void MenuBuilderPrivate::Place(QToolButton *button, bool append, int index)
 void MenuBuilderPrivate::Drop(QToolButton *button)
 {
     toggleSpecifiers.remove(button);
+    itemTexts.remove(button);
     for (auto it = menuBarItems.begin(); it != menuBarItems.end(); ++it) {
         if (it.value().data() == button) {
             menuBarItems.erase(it);
             return;
         }
     }
+}
+
+void MenuBuilderPrivate::FollowTexts()
+{
+    const int widthBefore = itemWidth;
+    for (auto it = itemTexts.begin(); it != itemTexts.end(); ++it) {
+        const QString before = std::exchange(it.value(), it.key()->text());
+        if (before != it.value())
+            FollowText(it.key(), before);
+    }
+    if (itemWidth != widthBefore)
+        q->resize(itemWidth * menuBarItems.count(), q->height());
+}
+
+void MenuBuilderPrivate::FollowText(QToolButton *button, const QString &before)
+{
+    QMenu *const menu = menuManager->GetMenu(button);
+    if (menu && menu->accessibleName() == NameOf(before))
+        menu->setAccessibleName(NameOf(button->text()));
+    const int wanted = button->sizeHint().boundedTo(button->maximumSize()).width();
+    itemWidth = std::max(itemWidth, wanted);
 }
 
 void MenuBuilderPrivate::Connect(const QSharedPointer<QToolButton> &button, QObject *receiver,
@@ -356,6 +379,7 @@ MenuBuilder::MenuBuilder(MenuBuilderPrivate &dd, QWidget *parent)
 MenuBuilder::~MenuBuilder()
 {
     const auto items = std::exchange(d_ptr->menuBarItems, {});
+    d_ptr->itemTexts.clear();
     for (const QSharedPointer<QToolButton> &button : items) {
         if (button) {
             // A caller's share keeps the pointer, but the button ends with its bar, wherever it is.
@@ -702,6 +726,15 @@ void MenuBuilder::InstallEventFilter(QObject *filter)
         if (button->menu())
             button->menu()->installEventFilter(filter);
     }
+}
+
+bool MenuBuilder::event(QEvent *event)
+{
+    Q_D(MenuBuilder);
+    // An item asks for that when its text has changed.
+    if (event->type() == QEvent::LayoutRequest && d->menuManager)
+        d->FollowTexts();
+    return QWidget::event(event);
 }
 
 void MenuBuilder::SetMenuPosition(QPoint &position)

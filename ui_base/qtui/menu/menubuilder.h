@@ -56,6 +56,10 @@ struct AppMenuToggleItemSpecifier
 /// their text, which is unique in a bar; a text with an ampersand, as "&File", makes Alt and that
 /// letter a press of the item. The text is also the name for assistive tools, of an icon too.
 ///
+/// The text that an item was added with stays its name here when the button of GetMenuBarItem() is
+/// given another one, as after a change of language: the bar makes room for that, and the menu takes
+/// its accessible name. FindAction() and SetButtonEnabled() look for what is read at the time.
+///
 /// Whatever names an item that is not there returns false or null. The bar takes no focus. It owns
 /// items, menus and actions made from specifiers; actions that are handed in stay the caller's. Two
 /// debug lines are written per new item. GUI thread only.
@@ -180,6 +184,9 @@ protected:
     /// For subclasses with a private class of their own; they call Initialize().
     /// @param dd taken over and deleted by the bar
     MenuBuilder(MenuBuilderPrivate &dd, QWidget *parent);
+
+    /// Makes room for an item that was given another text, by the width of all.
+    bool event(QEvent *event) override;
 
     /// Owned by the bar; what subclasses cast to their own.
     const std::unique_ptr<MenuBuilderPrivate> d_ptr;

@@ -43,6 +43,9 @@ public:
     void JoinGroup(QToolButton *button, const QString &group);
     void Place(QToolButton *button, bool append, int index);
     void Drop(QToolButton *button);
+    /// Gives items that read something else by now the room for that, and their menus the name.
+    void FollowTexts();
+    void FollowText(QToolButton *button, const QString &before);
     void Connect(const QSharedPointer<QToolButton> &button, QObject *receiver,
                  const char *slot) const;
 
@@ -82,6 +85,8 @@ public:
     LumoMenuManager *menuManager = nullptr;
     QMap<QString, QPointer<QButtonGroup>> buttonGroups;
     QMap<QToolButton *, QSharedPointer<AppMenuToggleItemSpecifier>> toggleSpecifiers;
+    /// What the items read when their room was found.
+    QMap<QToolButton *, QString> itemTexts;
     /// Second copies of menus for a native menu bar, by item; filled by subclasses, not owned.
     QMap<QString, QPointer<QMenu>> mirrorMenus;
 

@@ -166,6 +166,9 @@ private Q_SLOTS:
     void itemsHeldByOthersEndWithTheBar();
     void barWithoutInitializeRefusesEverything();
     void lateInitializeMakesTheSameBar();
+    void itemWithAnotherTextGetsRoomForIt();
+    void menuTakesTheNewTextOfItsItem();
+    void menuKeepsTheNameOfTheHost();
 };
 
 void TestMenuBuilder::virtualOperationsKeepTheirOrder()
@@ -1186,6 +1189,50 @@ void TestMenuBuilder::lateInitializeMakesTheSameBar()
     QCOMPARE(bar.GetMainWindow(), &window);
     QVERIFY(bar.layout());
     QVERIFY(bar.findChild<LumoMenuManager *>()->findChild<QTimer *>());
+}
+
+void TestMenuBuilder::itemWithAnotherTextGetsRoomForIt()
+{
+    QMainWindow window;
+    Bar bar(&window);
+    bar.add(File);
+    bar.add(Edit);
+    QPoint corner;
+    bar.SetMenuPosition(corner);
+    window.show();
+    QCoreApplication::processEvents();
+    const int before = bar.width();
+    QToolButton *const item = bar.GetMenuBarItem(Edit).data();
+    item->setText(QStringLiteral("Alles in diesem Fenster bearbeiten"));
+    QTRY_COMPARE(bar.width(), 2 * item->sizeHint().width());
+    QVERIFY(bar.width() > before);
+    QTRY_VERIFY(item->width() >= item->sizeHint().width());
+    QCOMPARE(bar.GetMenuBarItem(Edit).data(), item);
+}
+
+void TestMenuBuilder::menuTakesTheNewTextOfItsItem()
+{
+    QMainWindow window;
+    Bar bar(&window);
+    bar.add(File);
+    QAction open(QStringLiteral("Open"));
+    bar.AddDropDownMenu(File, {&open}, nullptr);
+    QCOMPARE(bar.menu(File)->accessibleName(), File);
+    bar.GetMenuBarItem(File)->setText(QStringLiteral("&Datei"));
+    QTRY_COMPARE(bar.menu(File)->accessibleName(), QStringLiteral("Datei"));
+}
+
+void TestMenuBuilder::menuKeepsTheNameOfTheHost()
+{
+    QMainWindow window;
+    Bar bar(&window);
+    bar.add(File);
+    QAction open(QStringLiteral("Open"));
+    bar.AddDropDownMenu(File, {&open}, nullptr);
+    bar.menu(File)->setAccessibleName(QStringLiteral("Files of the mesh"));
+    bar.GetMenuBarItem(File)->setText(QStringLiteral("&Datei"));
+    QCoreApplication::processEvents();
+    QCOMPARE(bar.menu(File)->accessibleName(), QStringLiteral("Files of the mesh"));
 }
 
 LUMO_TEST_MAIN(TestMenuBuilder)
