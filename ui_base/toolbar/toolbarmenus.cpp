@@ -213,6 +213,7 @@ bool ToolBarPrivate::makeSubToolBar(CommandGroup &group, CommandGroup &parentGro
     button->removeAction(&group);
     button->setCheckable(group.isCheckable());
     button->setChecked(group.isChecked());
+    button->d_func()->tooltipSource = &group;
     if (button->accessibleName().isEmpty())
         button->setAccessibleName(group.commandId());
     group.setToolbar(bar);

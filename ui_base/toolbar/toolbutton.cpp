@@ -21,6 +21,7 @@
 #include <QActionEvent>
 #include <QCoreApplication>
 #include <QCursor>
+#include <QLabel>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QStyle>
@@ -53,11 +54,16 @@ std::shared_ptr<QIcon> iconWith(const QPixmap &pixmap)
     return std::make_shared<QIcon>(Internal::iconOf(pixmap, QPixmap()));
 }
 
+QString plainText(const QString &text)
+{
+    return QTextDocumentFragment::fromHtml(text).toPlainText();
+}
+
 QString nameOf(const QAction &action)
 {
     if (!action.text().isEmpty())
         return action.iconText();
-    QString tooltip = QTextDocumentFragment::fromHtml(action.toolTip()).toPlainText();
+    QString tooltip = plainText(action.toolTip());
     if (!tooltip.isEmpty())
         return tooltip;
     const auto *const command = qobject_cast<const CommandBase *>(&action);
@@ -179,11 +185,28 @@ void ToolButtonPrivate::prepareTooltip(ATooltipObject &tooltip)
     if (ArrowedWindow *const window = tooltip.GetArrowedWindow())
         window->SetBorder(Resource::Styles::Instance().ColorActionPanelBorder(), 1, Qt::SolidLine,
                           Qt::BevelJoin);
-    tooltip.SetTooltipControl(ATooltipObject::CreateTooltipControl(tooltipText), true);
+    tooltipControl = ATooltipObject::CreateTooltipControl(tooltipText);
+    tooltip.SetTooltipControl(tooltipControl, true);
     tooltip.ForceHideTooltip();
     if (tooltipPlace)
         placeTooltip(*tooltipPlace);
     tooltipPlace.reset();
+}
+
+/// Says in the present language what the tooltip says. A text or content of the host's own stays.
+void ToolButtonPrivate::followTooltip()
+{
+    Q_Q(ToolButton);
+    const QAction *const source = action ? action : tooltipSource;
+    if (!source || source->toolTip() == tooltipText)
+        return;
+    const QString before = std::exchange(tooltipText, source->toolTip());
+    if (!action && q->accessibleName() == plainText(before))
+        q->setAccessibleName(plainText(tooltipText));
+    const auto *const label = tooltipControl ? tooltipControl->findChild<QLabel *>() : nullptr;
+    const bool isOurs = label && label->text() == before;
+    if (tooltipObject && isOurs && tooltipObject->TooltipControl() == tooltipControl)
+        tooltipObject->setText(tooltipText);
 }
 
 void ToolButtonPrivate::placeTooltip(const STooltipPlace &place)
@@ -651,6 +674,10 @@ void ToolButton::changeEvent(QEvent *event)
     // The pointer need not move when the button is enabled or disabled below it.
     if (event->type() == QEvent::EnabledChange && d->showsPrepared())
         d->showIcon(isEnabled() && (isChecked() || Hovered()));
+    // The host may give the action its new texts at the same change, and later than this.
+    if (event->type() == QEvent::LanguageChange)
+        QMetaObject::invokeMethod(
+            this, [d] { d->followTooltip(); }, Qt::QueuedConnection);
 }
 
 } // namespace Vela::UiBase

@@ -106,7 +106,9 @@ public:
                               int baseOffset, EWidgetsAlign align, QPoint additionalOffset);
     /// Brings the tooltip in front of other widgets, as after one of them was raised.
     void RaiseTooltip();
-    /// Gives the tooltip the text that the action's tool tip has now. It does not follow by itself.
+    /// Gives the tooltip the text that the action's tool tip has now. It does not follow by itself,
+    /// but for a change of the application's language: then a tooltip that still reads as the button
+    /// has written it takes the action's new text on the next turn of the event loop.
     void RefreshTooltip();
 
     /// Whether the pointer is inside the button now.

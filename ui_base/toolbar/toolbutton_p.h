@@ -59,7 +59,7 @@ public:
 
     QPointer<QAction> action;
     EButtonKind buttonKind = EButtonKind::Plain;
-    QString tooltipText; ///< as the action had it when the button was made
+    QString tooltipText; ///< as the action had it when the button was made, or the language changed
     QPointer<ToolBar> toolBar;
     QMap<QAction *, QList<ToolButton::IToolButtonCallbackHandler *>> callbackHandlers;
     bool locked = false;
@@ -78,7 +78,10 @@ private:
     friend class ToolButton;
     friend class ToolButtonWithMenu;
 
+    friend class ToolBarPrivate;
+
     void initializeTooltipObject();
+    void followTooltip();
     void prepareTooltip(ATooltipObject &tooltip);
     void placeTooltip(const STooltipPlace &place);
     void initialize(QAction *newAction, ToolBar *newToolBar);
@@ -102,6 +105,8 @@ private:
     bool isPolishedAlike = false; ///< and not fully
     bool isTooltipPrepared = false;
     std::optional<STooltipPlace> tooltipPlace; ///< for when the tooltip is prepared
+    QPointer<QWidget> tooltipControl;          ///< the one with that text, once it is prepared
+    QPointer<QAction> tooltipSource;           ///< whose text that is when the button has no action
     QString accessibleName;                    ///< the one that the button gave itself
     QSize preparedSize;                        ///< for which the two icons were prepared
     qint64 actionIcon = 0;                     ///< key of the icon that the action had last

@@ -176,6 +176,11 @@ bool BaseViewPrivate::handleView(QEvent *event)
     case QEvent::WinIdChange:
         callHook(&BaseView::winIdChangeEvent, event);
         return false;
+    case QEvent::LanguageChange:
+        // A controller stands in no tree of widgets, along which Qt tells of that.
+        if (const std::shared_ptr<BaseViewController> controller = viewController)
+            QCoreApplication::sendEvent(controller.get(), event);
+        return false;
     default:
         return false;
     }

@@ -33,6 +33,9 @@ class BaseViewControllerPrivate;
 /// or covered, and viewWillClose() when it is about to be closed. While it is loaded it is asked,
 /// as the Services::ShutdownProtocol it is, whether the application may shut down.
 ///
+/// It is sent the QEvent::LanguageChange of its view's widget, so a controller whose commands speak
+/// the language of the application gives them their texts again in its event().
+///
 /// The view owns the controller by a shared pointer, so it dies with the view unless somebody else
 /// shares it. It has to come from new and is adopted by the first view or shared_from_this(). A
 /// controller without a view, or one whose view has gone, is legal: nothing happens to it, and its

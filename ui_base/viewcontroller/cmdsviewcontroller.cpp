@@ -75,10 +75,13 @@ private:
     const CommandBase *const m_command; // only compared
 };
 
-std::shared_ptr<CommandGroup> makeGroup(const QString &text, const QString &name)
+/// The title of a group, which follows the language until somebody else gives the group another one.
+struct STitle
 {
-    return std::make_shared<CommandGroup>(QString(), text, name);
-}
+    std::shared_ptr<CommandGroup> group;
+    Resource::TranslatedText text;
+    QString ours;
+};
 
 std::vector<std::shared_ptr<CommandBase>> adopted(const QList<CommandBase *> &commands)
 {
@@ -108,6 +111,9 @@ public:
     ~CmdsViewControllerPrivate() { endBusyCursors(); }
 
     void makeGroups();
+    std::shared_ptr<CommandGroup> makeGroup(const Resource::TranslatedText &text,
+                                            const QString &name);
+    void translateTitles();
     bool isLeftTop(const InteractiveTool *tool) const;
     void pushCursor(const QCursor &cursor);
     void popCursor();
@@ -132,8 +138,16 @@ public:
     std::shared_ptr<CommandGroup> actionPanelGroup;
     std::shared_ptr<CommandGroup> toolPanelGroup;
     std::shared_ptr<CommandGroup> dynamicToolPanelGroup;
+    std::vector<STitle> titles;
     std::vector<std::shared_ptr<BusyRun>> busyRuns;
 };
+
+std::shared_ptr<CommandGroup> CmdsViewControllerPrivate::makeGroup(
+    const Resource::TranslatedText &text, const QString &name)
+{
+    titles.push_back({std::make_shared<CommandGroup>(QString(), text, name), text, text});
+    return titles.back().group;
+}
 
 void CmdsViewControllerPrivate::makeGroups()
 {
@@ -142,6 +156,15 @@ void CmdsViewControllerPrivate::makeGroups()
     toolPanelGroup = makeGroup(TOOLS_GROUP_TEXT, COMMAND_TOOLPANEL_GROUP_ID);
     dynamicToolPanelGroup = makeGroup(DYNAMIC_TOOLS_GROUP_TEXT, COMMAND_DYNAMIC_TOOLPANEL_GROUP_ID);
     toolPanelGroup->groupActionGroup()->setExclusive(false);
+}
+
+void CmdsViewControllerPrivate::translateTitles()
+{
+    for (STitle &title : titles) {
+        const QString before = std::exchange(title.ours, title.text.toString());
+        if (title.group->toolTip() == before)
+            title.group->setToolTip(title.ours);
+    }
 }
 
 /// False while a reset runs: then the callback is on any thread, and the tool off its stack.
@@ -472,6 +495,13 @@ void CmdsViewController::commandEndedExecuting(CommandBase *command, bool)
         showNotification(message, fade, NotificationTime, false, nullptr, nullptr);
     else if (hadBeginMessage)
         hideNotification();
+}
+
+bool CmdsViewController::event(QEvent *event)
+{
+    if (event->type() == QEvent::LanguageChange)
+        d->translateTitles();
+    return BaseViewController::event(event);
 }
 
 void CmdsViewController::letGoOf(CommandBase *command)

@@ -60,6 +60,8 @@ public:
 
     /// The group for the commands of an action panel, exclusive. Owned by the controller and not
     /// among its commands until a host adds it; null in a controller that was made without a view.
+    /// Its title, which is its tool tip, follows the language of the application unless a host has
+    /// put another one in its place.
     CommandGroup *ActionPanelGroup() const;
     /// The same for a tool bar. Not exclusive: several tools can be checked at once.
     CommandGroup *ToolPanelGroup() const;
@@ -142,6 +144,9 @@ public:
     /// Takes the busy cursor of the run away and, if the command asks for notification, shows its
     /// message for the end in place of the one for the begin; without one that is hidden.
     void commandEndedExecuting(CommandBase *command, bool checked) override;
+
+    /// Gives the groups their titles when the language has changed. Overrides have to call it.
+    bool event(QEvent *event) override;
 
 protected:
     /// Sends no input to the command any more. What is shown for a run of it stays until that ends.

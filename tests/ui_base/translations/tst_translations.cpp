@@ -1,15 +1,23 @@
 // SPDX-FileCopyrightText: 2026 The lumo_ui_base authors
 // SPDX-License-Identifier: MIT
 
+#include <ui_base/BaseView>
+#include <ui_base/CmdsViewController>
+#include <ui_base/CommandGroup>
 #include <ui_base/FlyoutBase>
 #include <ui_base/InfoDialog>
+#include <ui_base/NotificationBar>
 #include <ui_base/QtUiToolkit>
 #include <ui_base/SampleInnerTooltip>
 #include <ui_base/TaskDialog>
+#include <ui_base/ToolBar>
+#include <ui_base/ToolButton>
 #include <ui_base/TooltipEx>
+#include <ui_base/TooltipObject>
 
 #include "support/testcase.h"
 #include "support/testmain.h"
+#include "ui_base/command/testcommand.h"
 
 #include <lumo_common_res/String>
 
@@ -19,6 +27,7 @@
 #include <QLayout>
 #include <QPushButton>
 #include <QScopeGuard>
+#include <QToolButton>
 #include <QTranslator>
 
 #include <memory>
@@ -65,6 +74,29 @@ QString tipOf(const QWidget &form, const char *name)
     const auto *const widget = part<QWidget>(form, name);
     return widget ? widget->toolTip() : QString();
 }
+
+/// A bar in a window, with a button of an action that the host translates by itself.
+struct BarScene
+{
+    BarScene()
+    {
+        window.resize(400, 300);
+        action.setToolTip(QStringLiteral("Smooth the mesh"));
+        bar.AddAction(&action, QStringLiteral("group"), 1, true);
+        button = bar.findChild<ToolButton *>();
+        window.show();
+    }
+
+    QLabel *shownTip() const
+    {
+        return button->GetTooltipObject()->TooltipControl()->findChild<QLabel *>();
+    }
+
+    QWidget window;
+    QAction action {QStringLiteral("Smooth")};
+    ToolBar bar {&window, Qt::TopToolBarArea};
+    ToolButton *button = nullptr;
+};
 
 QRect placeIn(const QWidget &form, const QWidget &child)
 {
@@ -124,6 +156,14 @@ private Q_SLOTS:
     void tooltipCardKeepsItsContent();
     void infoDialogFollows();
     void samplePageFollows();
+    void groupTitlesFollow();
+    void groupTitleOfTheHostStays();
+    void closeButtonOfANotificationFollows();
+    void openTooltipOfAButtonFollows();
+    void tooltipThatWasNeverShownFollows();
+    void tooltipThatTheHostWroteStays();
+    void tooltipFollowsNothingButTheLanguage();
+    void buttonOfACommandGroupFollows();
     void rightToLeftBreaksNoForm_data();
     void rightToLeftBreaksNoForm();
     void closeButtonChangesSidesFromRightToLeft();
@@ -240,6 +280,114 @@ void TestTranslations::samplePageFollows()
     SampleInnerTooltip page;
     speakGerman();
     QCOMPARE(page.windowTitle(), QStringLiteral("Beispielseite"));
+}
+
+void TestTranslations::groupTitlesFollow()
+{
+    QWidget window;
+    auto *const view = new BaseView(&window, {});
+    const CmdsViewController *const controller = new CmdsViewController(view);
+    QCOMPARE(controller->ActionPanelGroup()->toolTip(), QStringLiteral("Actions"));
+    speakGerman();
+    QCOMPARE(controller->ActionPanelGroup()->toolTip(), QStringLiteral("Aktionen"));
+    QCOMPARE(controller->ToolPanelGroup()->toolTip(), QStringLiteral("Werkzeuge"));
+    QCOMPARE(controller->DynamicToolPanelGroup()->toolTip(),
+             QStringLiteral("Dynamische Werkzeuge"));
+    qApp->removeTranslator(&m_german);
+    QCoreApplication::sendPostedEvents();
+    QCOMPARE(controller->ToolPanelGroup()->toolTip(), QStringLiteral("Tools"));
+}
+
+void TestTranslations::groupTitleOfTheHostStays()
+{
+    QWidget window;
+    auto *const view = new BaseView(&window, {});
+    const CmdsViewController *const controller = new CmdsViewController(view);
+    controller->ToolPanelGroup()->setToolTip(QStringLiteral("Sculpting"));
+    speakGerman();
+    QCOMPARE(controller->ToolPanelGroup()->toolTip(), QStringLiteral("Sculpting"));
+    qApp->removeTranslator(&m_german);
+    QCoreApplication::sendPostedEvents();
+    QCOMPARE(controller->ToolPanelGroup()->toolTip(), QStringLiteral("Sculpting"));
+}
+
+void TestTranslations::closeButtonOfANotificationFollows()
+{
+    QWidget window;
+    window.resize(400, 300);
+    NotificationBar bar(&window);
+    window.show();
+    bar.ShowSimpleText(QStringLiteral("Saved"), eNotificationNoFade, 60'000, true);
+    const auto *const close = bar.findChild<QToolButton *>();
+    QCOMPARE(close->accessibleName(), QStringLiteral("Close"));
+    speakGerman();
+    QCOMPARE(close->accessibleName(), QStringLiteral("Schließen"));
+}
+
+void TestTranslations::openTooltipOfAButtonFollows()
+{
+    BarScene scene;
+    scene.button->GetTooltipObject()->ShowTooltip();
+    QVERIFY(scene.button->GetTooltipObject()->IsVisible());
+    const int widthBefore = scene.button->GetTooltipObject()->TooltipControl()->width();
+    speakGerman();
+    // A host that hears of the change later than the button.
+    scene.action.setToolTip(QStringLiteral("Das ganze Netz gleichmäßig glätten"));
+    QTRY_COMPARE(scene.shownTip()->text(), scene.action.toolTip());
+    QVERIFY(scene.button->GetTooltipObject()->IsVisible());
+    const QWidget *const control = scene.button->GetTooltipObject()->TooltipControl();
+    QTRY_VERIFY(control->width() > widthBefore);
+    QTRY_VERIFY(control->parentWidget()->rect().contains(control->geometry()));
+}
+
+void TestTranslations::tooltipThatWasNeverShownFollows()
+{
+    BarScene scene;
+    scene.action.setToolTip(QStringLiteral("Netz glätten"));
+    speakGerman();
+    QCoreApplication::processEvents();
+    QCOMPARE(scene.shownTip()->text(), QStringLiteral("Netz glätten"));
+}
+
+void TestTranslations::tooltipThatTheHostWroteStays()
+{
+    BarScene scene;
+    scene.button->GetTooltipObject()->setText(QStringLiteral("Click me"));
+    scene.action.setToolTip(QStringLiteral("Netz glätten"));
+    speakGerman();
+    QCoreApplication::processEvents();
+    QCOMPARE(scene.shownTip()->text(), QStringLiteral("Click me"));
+}
+
+void TestTranslations::tooltipFollowsNothingButTheLanguage()
+{
+    BarScene scene;
+    QCOMPARE(scene.shownTip()->text(), QStringLiteral("Smooth the mesh"));
+    scene.action.setToolTip(QStringLiteral("Smooth it all"));
+    QCoreApplication::processEvents();
+    QCOMPARE(scene.shownTip()->text(), QStringLiteral("Smooth the mesh"));
+}
+
+void TestTranslations::buttonOfACommandGroupFollows()
+{
+    QWidget window;
+    ToolBar bar(&window, Qt::TopToolBarArea);
+    const auto outer =
+        std::make_shared<CommandGroup>(QString(), QString(), QStringLiteral("outer"));
+    const auto group = std::make_shared<CommandGroup>(QString(), QStringLiteral("Display modes"),
+                                                      QStringLiteral("modes"));
+    group->addCommand(std::make_shared<Lumo::Test::TestCommand>(QStringLiteral("flat")), 1);
+    outer->addCommand(group, 1);
+    outer->setToolbar(&bar);
+    bar.AddCommandGroup(outer.get());
+    ToolButton *const button = group->toolButton();
+    QVERIFY(button);
+    QCOMPARE(button->accessibleName(), QStringLiteral("Display modes"));
+    group->setToolTip(QStringLiteral("Darstellungen"));
+    speakGerman();
+    QTRY_COMPARE(button->accessibleName(), QStringLiteral("Darstellungen"));
+    QCOMPARE(button->GetTooltipObject()->TooltipControl()->findChild<QLabel *>()->text(),
+             QStringLiteral("Darstellungen"));
 }
 
 void TestTranslations::rightToLeftBreaksNoForm_data()

@@ -819,6 +819,14 @@ void NotificationBar::OnCloseButtonClicked()
     HideMe();
 }
 
+void NotificationBar::changeEvent(QEvent *event)
+{
+    Q_D(NotificationBar);
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange)
+        d->closeButton->setAccessibleName(Resource::String::CLOSE_BUTTON_TEXT);
+}
+
 void NotificationBar::enterEvent(QEvent *)
 {
     Q_D(NotificationBar);

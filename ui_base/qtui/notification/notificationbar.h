@@ -140,6 +140,7 @@ protected:
     /// bar stands in are ignored.
     void SetControl(QWidget *control);
 
+    void changeEvent(QEvent *event) override;
     void enterEvent(QEvent *event) override;
     void leaveEvent(QEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
