@@ -203,6 +203,8 @@ void ToolButtonPrivate::followTooltip()
     const QString before = std::exchange(tooltipText, source->toolTip());
     if (!action && q->accessibleName() == plainText(before))
         q->setAccessibleName(plainText(tooltipText));
+    if (q->toolTip() == before)
+        q->setToolTip(tooltipText);
     const auto *const label = tooltipControl ? tooltipControl->findChild<QLabel *>() : nullptr;
     const bool isOurs = label && label->text() == before;
     if (tooltipObject && isOurs && tooltipObject->TooltipControl() == tooltipControl)

@@ -386,6 +386,7 @@ void TestTranslations::buttonOfACommandGroupFollows()
     group->setToolTip(QStringLiteral("Darstellungen"));
     speakGerman();
     QTRY_COMPARE(button->accessibleName(), QStringLiteral("Darstellungen"));
+    QCOMPARE(button->toolTip(), QStringLiteral("Darstellungen"));
     QCOMPARE(button->GetTooltipObject()->TooltipControl()->findChild<QLabel *>()->text(),
              QStringLiteral("Darstellungen"));
 }
