@@ -26,6 +26,7 @@
 #include "flyouts/subdivideflyout.h"
 #include "image/imageviewcontroller.h"
 #include "image/openimagecommand.h"
+#include "language.h"
 #include "preferences.h"
 
 #include <lumo_app_service/ApplicationService>
@@ -186,10 +187,8 @@ void AppManager::makeGroups()
 
 void AppManager::makeViewingGroups()
 {
-    m_commands.display = std::make_shared<CommandGroup>(
-        QStringLiteral("cmd_shaded"),
-        QCoreApplication::translate("Workbench::AppManager", "How the surface is drawn"),
-        QStringLiteral("display"));
+    m_commands.display = std::make_shared<CommandGroup>(QStringLiteral("cmd_shaded"), QString(),
+                                                        QStringLiteral("display"));
     m_commands.display->setBaseGroupName(QStringLiteral("1 display"));
     m_commands.display->setGrid(true);
     m_commands.display->setGridSize(2);
@@ -197,8 +196,7 @@ void AppManager::makeViewingGroups()
         addTo(*m_commands.display, mode);
     m_commands.nextMode = std::make_shared<CycleCheckableCommand>(nullptr, QKeySequence(Qt::Key_M),
                                                                   m_commands.display.get());
-    m_commands.nextMode->setText(
-        QCoreApplication::translate("Workbench::AppManager", "Ne&xt Display Mode"));
+    nameDisplayCommands();
 
     m_commands.drawn = makePanelGroup(QStringLiteral("2 drawn"));
     for (const auto &attribute : m_commands.attributes)
@@ -214,6 +212,19 @@ void AppManager::makeViewingGroups()
     addTo(*m_commands.viewing, m_commands.display);
     addTo(*m_commands.viewing, m_commands.drawn);
     addTo(*m_commands.viewing, m_commands.watching);
+}
+
+void AppManager::nameDisplayCommands()
+{
+    CommandGroup &display = *m_commands.display;
+    inEveryLanguage(display, [&display] {
+        display.setToolTip(
+            QCoreApplication::translate("Workbench::AppManager", "How the surface is drawn"));
+    });
+    CommandBase &next = *m_commands.nextMode;
+    inEveryLanguage(next, [&next] {
+        next.setText(QCoreApplication::translate("Workbench::AppManager", "Ne&xt Display Mode"));
+    });
 }
 
 QList<CommandBase *> AppManager::commands(Vela::UiBase::CmdsViewController *controller)

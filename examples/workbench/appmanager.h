@@ -53,6 +53,7 @@ private:
     void makeDisplayCommands();
     void makeGroups();
     void makeViewingGroups();
+    void nameDisplayCommands();
 
     const std::shared_ptr<MessageLog> m_log;
     const std::shared_ptr<Preferences> m_preferences;

@@ -3,13 +3,15 @@
 
 #include "closebutton.h"
 
+#include "language.h"
+
 #include <ui_base/QtUiToolkit>
 
 #include <QToolButton>
 
 namespace Workbench {
 
-QToolButton *makeCloseButton(const QString &text, QWidget *parent)
+QToolButton *makeCloseButton(const std::function<QString()> &text, QWidget *parent)
 {
     auto *button = new QToolButton(parent);
     button->setObjectName(QStringLiteral("close"));
@@ -19,8 +21,10 @@ QToolButton *makeCloseButton(const QString &text, QWidget *parent)
     button->setFixedSize(24, 24);
     button->setFocusPolicy(Qt::TabFocus);
     button->setAutoRaise(true);
-    button->setToolTip(text);
-    button->setAccessibleName(text);
+    inEveryLanguage(*button, [button, text] {
+        button->setToolTip(text());
+        button->setAccessibleName(text());
+    });
     return button;
 }
 

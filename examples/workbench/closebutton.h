@@ -5,12 +5,15 @@
 
 #include <QString>
 
+#include <functional>
+
 class QToolButton;
 class QWidget;
 
 namespace Workbench {
 
-/// A small flat button with a cross. @p text is its tool tip and its name for assistive tools.
-QToolButton *makeCloseButton(const QString &text, QWidget *parent);
+/// A small flat button with a cross. @p text tells its tool tip, which is its name for
+/// assistive tools, too.
+QToolButton *makeCloseButton(const std::function<QString()> &text, QWidget *parent);
 
 } // namespace Workbench

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "dialogs/messagelog.h"
+#include "language.h"
 #include "look.h"
 #include "mainwindow.h"
 #include "options.h"
@@ -63,14 +64,29 @@ Workbench::ELook chosenLook(const Workbench::Options &options, const QString &fi
     return isDark ? Workbench::ELook::Dark : Workbench::ELook::Light;
 }
 
+/// Before there is anything that it is to be the language of. A tour compares texts, which are
+/// English wherever it is taken.
+void chooseLanguage(const Workbench::Options &options, const QString &file)
+{
+    auto &language = Workbench::Language::instance();
+    if (!options.tourFolder.isEmpty())
+        language.setSystem(QLocale(QLocale::English, QLocale::UnitedStates));
+    const bool isKept = !file.isEmpty();
+    language.choose(isKept ? Workbench::readPreferences(file).language
+                           : Workbench::ELanguage::System);
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
 {
     prepareApplication();
     QApplication application(argc, argv);
+    // The command line is answered in the system's language.
+    Workbench::Language::instance().choose(Workbench::ELanguage::System);
     const Workbench::Options options = Workbench::readOptions(application);
     const QString preferences = settingsFile(options, QStringLiteral("preferences.ini"));
+    chooseLanguage(options, preferences);
     Workbench::applyLook(application, chosenLook(options, preferences));
     Vela::UiBase::StartUp();
 

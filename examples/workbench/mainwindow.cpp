@@ -29,6 +29,7 @@
 #include "image/imagepage.h"
 #include "image/imagereader.h"
 #include "image/openimagecommand.h"
+#include "language.h"
 #include "menu/mainmenu.h"
 #include "mesh/meshreader.h"
 #include "meshdocument.h"
@@ -60,13 +61,6 @@ namespace {
 /// With room for the panel at the left and for whatever opens beside it.
 const QSize smallestSize(640, 540);
 
-/// The text of an action as a name: without the mark of its key in the menu and the dots that
-/// promise a dialog.
-QString nameOf(const Vela::UiBase::CommandBase &command)
-{
-    return command.iconText();
-}
-
 } // namespace
 
 MainWindow::MainWindow()
@@ -90,7 +84,7 @@ MainWindow::MainWindow()
     connectImages();
     connectClock();
     connect(&preferences(), &Preferences::changed, this, &MainWindow::applyPreferences);
-    showTitle();
+    inEveryLanguage(*this, [this] { showTitle(); });
     updateEnabled();
 }
 
@@ -146,7 +140,8 @@ void MainWindow::buildLayout()
 
 void MainWindow::connectMenu()
 {
-    m_menu->addPanel(*m_status, tr("S&tatus Line"));
+    QAction *const entry = m_menu->addPanel(*m_status);
+    inEveryLanguage(*entry, [entry] { entry->setText(tr("S&tatus Line")); });
     connect(m_menu, &MainMenu::recentChosen, this, &MainWindow::openRecent);
 }
 
@@ -180,7 +175,7 @@ void MainWindow::connectClock()
         connect(command, &PanelCommand::activeChanged, this, &MainWindow::updateEnabledLater);
     }
     connect(m_clock.get(), &CommandClock::began, this, [this](const auto *command) {
-        m_status->showRunning(nameOf(*command));
+        m_status->showRunning(*command);
         commands().open->setEnabled(!commands().open->isRunning());
         commands().images.open->setEnabled(!commands().images.open->isRunning());
     });
@@ -235,6 +230,7 @@ bool MainWindow::mayLoseChanges()
 void MainWindow::applyPreferences()
 {
     const SPreferences &values = preferences().values();
+    Language::instance().choose(values.language);
     m_bars->setCardsEnabled(values.hasCards);
     commands().smooth->enableExecutionNotification(values.hasNotifications);
     commands().subdivide->enableExecutionNotification(values.hasNotifications);
@@ -282,9 +278,9 @@ void MainWindow::handleEnded(Vela::UiBase::CommandBase *command, qint64 microsec
     const auto *background = qobject_cast<BackgroundCommand *>(command);
     const auto *withPanel = qobject_cast<MeshPanelCommand *>(command);
     if ((background && background->wasCancelled()) || (withPanel && withPanel->wasCancelled()))
-        m_status->showStopped(nameOf(*command));
+        m_status->showStopped(*command);
     else
-        m_status->showFinished(nameOf(*command), microseconds);
+        m_status->showFinished(*command, microseconds);
     updateEnabledLater();
     if (m_isClosing && m_clock->running() == 0)
         close();

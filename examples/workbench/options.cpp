@@ -11,10 +11,10 @@
 namespace Workbench {
 namespace {
 
-QString text(const char *source)
+class Text
 {
-    return QCoreApplication::translate("Workbench::Options", source);
-}
+    Q_DECLARE_TR_FUNCTIONS(Workbench::Options)
+};
 
 /// The bunny beside the program, as in an installation, or else where it was built from.
 QString defaultFile()
@@ -29,24 +29,27 @@ QString defaultFile()
 Options readOptions(const QCoreApplication &application)
 {
     QCommandLineParser parser;
-    parser.setApplicationDescription(text("Shows a mesh and what can be done to it, and images."));
+    parser.setApplicationDescription(
+        Text::tr("Shows a mesh and what can be done to it, and images."));
     parser.addHelpOption();
     parser.addPositionalArgument(
         QStringLiteral("FILE"),
-        text("The mesh to open: OBJ, STL, PLY, OFF, glTF or GLB, or an image. The bunny when left "
-             "out."),
+        Text::tr(
+            "The mesh to open: OBJ, STL, PLY, OFF, glTF or GLB, or an image. The bunny when left "
+            "out."),
         QStringLiteral("[FILE]"));
     const QCommandLineOption tour(
         QStringLiteral("tour"),
-        text("Show every command without a user, save a picture per step and report.json in "
-             "<folder>, and end; with success if all was as it should be."),
-        text("folder"));
+        Text::tr("Show every command without a user, save a picture per step and report.json in "
+                 "<folder>, and end; with success if all was as it should be."),
+        Text::tr("folder"));
     const QCommandLineOption trace(
         QStringLiteral("trace"),
-        text("Write the runs of all commands to <file>, for ui.perfetto.dev or "
-             "chrome://tracing. The tour writes one anyway."),
-        text("file"));
-    const QCommandLineOption dark(QStringLiteral("dark"), text("Have dark colours in this run."));
+        Text::tr("Write the runs of all commands to <file>, for ui.perfetto.dev or "
+                 "chrome://tracing. The tour writes one anyway."),
+        Text::tr("file"));
+    const QCommandLineOption dark(QStringLiteral("dark"),
+                                  Text::tr("Have dark colours in this run."));
     parser.addOptions({tour, trace, dark});
     parser.process(application);
 

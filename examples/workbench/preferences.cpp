@@ -11,6 +11,7 @@ namespace {
 const QString backgroundKey = QStringLiteral("view/background");
 const QString cardsKey = QStringLiteral("strip/cards");
 const QString darkKey = QStringLiteral("window/dark");
+const QString languageKey = QStringLiteral("window/language");
 const QString notificationsKey = QStringLiteral("view/notifications");
 
 EBackground backgroundOf(const QVariant &value)
@@ -41,6 +42,7 @@ SPreferences readPreferences(const QString &path)
 {
     const QSettings settings(path, QSettings::IniFormat);
     SPreferences values;
+    values.language = languageOf(settings.value(languageKey).toString());
     values.background = backgroundOf(settings.value(backgroundKey));
     values.hasCards = settings.value(cardsKey, values.hasCards).toBool();
     values.hasNotifications = settings.value(notificationsKey, values.hasNotifications).toBool();
@@ -51,6 +53,7 @@ SPreferences readPreferences(const QString &path)
 bool writePreferences(const QString &path, const SPreferences &values)
 {
     QSettings settings(path, QSettings::IniFormat);
+    settings.setValue(languageKey, codeOf(values.language));
     settings.setValue(backgroundKey, int(values.background));
     settings.setValue(cardsKey, values.hasCards);
     settings.setValue(notificationsKey, values.hasNotifications);

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "language.h"
 #include "view/appearance.h"
 
 #include <QObject>
@@ -13,6 +14,7 @@ namespace Workbench {
 /// What the user has chosen for good.
 struct SPreferences
 {
+    ELanguage language = ELanguage::System;
     EBackground background = EBackground::Light;
     bool hasCards = true;         ///< whether the buttons of the strip explain themselves
     bool hasNotifications = true; ///< whether edits tell of themselves over the view
@@ -20,8 +22,9 @@ struct SPreferences
 
     bool operator==(const SPreferences &other) const
     {
-        return background == other.background && hasCards == other.hasCards
-            && hasNotifications == other.hasNotifications && isDark == other.isDark;
+        return language == other.language && background == other.background
+            && hasCards == other.hasCards && hasNotifications == other.hasNotifications
+            && isDark == other.isDark;
     }
 };
 

@@ -8,8 +8,8 @@
 #include "ui_base/popup/arrowedwindow.h"
 #include "ui_base/popup/floatinglayer.h"
 #include "ui_base/popup/widgetposcalculator.h"
-#include "ui_base/qtui/accessibleopener_p.h"
 #include "ui_base/popup/windowarea_p.h"
+#include "ui_base/qtui/accessibleopener_p.h"
 #include "ui_base/toolbar/toolbar_p.h"
 
 #include <QAction>

@@ -4,6 +4,7 @@
 #include "commands/attributecommand.h"
 
 #include "controllers/meshviewcontroller.h"
+#include "language.h"
 #include "view/meshview.h"
 
 #include <ui_base/QtUiToolkit>
@@ -61,9 +62,11 @@ AttributeCommand::AttributeCommand(EAttribute attribute)
     : m_attribute(attribute)
 {
     const Description description = descriptionOf(attribute);
-    setText(tr(description.text));
-    setToolTip(tr(description.toolTip));
-    setWhatsThis(tr(description.whatsThis));
+    inEveryLanguage(*this, [this, description] {
+        setText(tr(description.text));
+        setToolTip(tr(description.toolTip));
+        setWhatsThis(tr(description.whatsThis));
+    });
     const QString name = QString::fromLatin1(description.name).toLower();
     setObjectName(name);
     // The library has no such icons: they are drawings of the program's own.

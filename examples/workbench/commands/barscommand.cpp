@@ -3,6 +3,8 @@
 
 #include "commands/barscommand.h"
 
+#include "language.h"
+
 #include <QSignalBlocker>
 
 namespace Workbench {
@@ -10,8 +12,10 @@ namespace Workbench {
 BarsCommand::BarsCommand()
     : CommandBase(nullptr)
 {
-    setText(tr("Tool &Bars"));
-    setToolTip(tr("Show the bars around the view"));
+    inEveryLanguage(*this, [this] {
+        setText(tr("Tool &Bars"));
+        setToolTip(tr("Show the bars around the view"));
+    });
     setShortcut(Qt::Key_F9);
     setCheckable(true);
     const QSignalBlocker blocker(this); // they are shown already

@@ -4,6 +4,7 @@
 #include "commands/comparecommand.h"
 
 #include "controllers/meshviewcontroller.h"
+#include "language.h"
 
 #include <ui_base/QtUiToolkit>
 
@@ -11,10 +12,12 @@ namespace Workbench {
 
 CompareCommand::CompareCommand()
 {
-    setText(tr("&Compare with File"));
-    setToolTip(tr("Show the mesh of the file beside the present one"));
-    setWhatsThis(tr("Shows the mesh as the file has it beside the changed one. Both turn "
-                    "together."));
+    inEveryLanguage(*this, [this] {
+        setText(tr("&Compare with File"));
+        setToolTip(tr("Show the mesh of the file beside the present one"));
+        setWhatsThis(tr("Shows the mesh as the file has it beside the changed one. Both turn "
+                        "together."));
+    });
     setObjectName(QStringLiteral("compare"));
     setShortcut(Qt::CTRL + Qt::Key_B);
     setIcon(Vela::UiBase::QtUiToolkit::Instance().CreateIcon(QStringLiteral("cmd_compare")));

@@ -4,6 +4,7 @@
 #include "commands/displaymodecommand.h"
 
 #include "controllers/meshviewcontroller.h"
+#include "language.h"
 #include "view/meshview.h"
 
 #include <ui_base/QtUiToolkit>
@@ -60,9 +61,11 @@ DisplayModeCommand::DisplayModeCommand(EDisplayMode mode)
     : m_mode(mode)
 {
     const Description description = descriptionOf(mode);
-    setText(tr(description.text));
-    setToolTip(tr(description.toolTip));
-    setWhatsThis(tr(description.whatsThis));
+    inEveryLanguage(*this, [this, description] {
+        setText(tr(description.text));
+        setToolTip(tr(description.toolTip));
+        setWhatsThis(tr(description.whatsThis));
+    });
     setObjectName(QString::fromLatin1(description.name).toLower());
     setShortcut(QKeySequence(int(Qt::ALT) | (int(Qt::Key_1) + int(mode))));
     setIcon(

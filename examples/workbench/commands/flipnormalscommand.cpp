@@ -4,6 +4,7 @@
 #include "commands/flipnormalscommand.h"
 
 #include "commands/meshcommand.h"
+#include "language.h"
 #include "meshdocument.h"
 
 #include <ui_base/QtUiToolkit>
@@ -17,10 +18,12 @@ FlipNormalsCommand::FlipNormalsCommand(std::shared_ptr<MeshDocument> document)
     , m_document(std::move(document))
 {
     addTag(MeshCommand::editTag());
-    setText(tr("&Flip Normals"));
-    setToolTip(tr("Turn the surface inside out"));
-    setWhatsThis(tr("Turns all faces round, so that the inside becomes the outside. For meshes "
-                    "that come with their faces the wrong way."));
+    inEveryLanguage(*this, [this] {
+        setText(tr("&Flip Normals"));
+        setToolTip(tr("Turn the surface inside out"));
+        setWhatsThis(tr("Turns all faces round, so that the inside becomes the outside. For meshes "
+                        "that come with their faces the wrong way."));
+    });
     setObjectName(QStringLiteral("flip_normals"));
     setShortcut(Qt::CTRL + Qt::Key_F);
     setIcon(Vela::UiBase::QtUiToolkit::Instance().CreateIcon(QStringLiteral("cmd_flip_normals")));

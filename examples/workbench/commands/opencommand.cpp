@@ -3,6 +3,7 @@
 
 #include "commands/opencommand.h"
 
+#include "language.h"
 #include "mesh/meshreader.h"
 #include "meshdocument.h"
 
@@ -16,10 +17,12 @@ OpenCommand::OpenCommand(std::shared_ptr<MeshDocument> document, Chooser chooser
     : m_document(std::move(document))
     , m_chooser(std::move(chooser))
 {
-    setText(tr("&Open..."));
-    setToolTip(tr("Open a mesh from a file"));
-    setWhatsThis(tr("Reads a mesh from an OBJ, STL, PLY, OFF, glTF or GLB file. It takes the "
-                    "place of the mesh that is open."));
+    inEveryLanguage(*this, [this] {
+        setText(tr("&Open..."));
+        setToolTip(tr("Open a mesh from a file"));
+        setWhatsThis(tr("Reads a mesh from an OBJ, STL, PLY, OFF, glTF or GLB file. It takes the "
+                        "place of the mesh that is open."));
+    });
     setObjectName(QStringLiteral("open"));
     setShortcut(QKeySequence::Open);
     setIcon(Vela::UiBase::QtUiToolkit::Instance().CreateIcon(QStringLiteral("cmd_open")));

@@ -4,6 +4,7 @@
 #include "commands/pickcommand.h"
 
 #include "controllers/meshviewcontroller.h"
+#include "language.h"
 
 #include <ui_base/QtUiToolkit>
 
@@ -11,10 +12,12 @@ namespace Workbench {
 
 PickCommand::PickCommand()
 {
-    setText(tr("Pic&k Faces"));
-    setToolTip(tr("Select faces by clicking them"));
-    setWhatsThis(tr("Selects the face that is clicked. The left button picks until Escape is "
-                    "pressed; the other buttons move the view as always."));
+    inEveryLanguage(*this, [this] {
+        setText(tr("Pic&k Faces"));
+        setToolTip(tr("Select faces by clicking them"));
+        setWhatsThis(tr("Selects the face that is clicked. The left button picks until Escape is "
+                        "pressed; the other buttons move the view as always."));
+    });
     setObjectName(QStringLiteral("pick"));
     setShortcut(Qt::CTRL + Qt::Key_K);
     setIcon(Vela::UiBase::QtUiToolkit::Instance().CreateIcon(QStringLiteral("cmd_pick")));

@@ -3,6 +3,7 @@
 
 #include "commands/savecommand.h"
 
+#include "language.h"
 #include "mesh/meshwriter.h"
 #include "meshdocument.h"
 
@@ -28,10 +29,13 @@ SaveCommand::SaveCommand(std::shared_ptr<MeshDocument> document, Chooser chooser
     : m_document(std::move(document))
     , m_chooser(std::move(chooser))
 {
-    setText(tr("Save &As..."));
-    setToolTip(tr("Write the mesh to a file"));
-    setWhatsThis(tr("Writes the mesh with all its changes to an OBJ file. The window carries the "
-                    "name of that file then."));
+    inEveryLanguage(*this, [this] {
+        setText(tr("Save &As..."));
+        setToolTip(tr("Write the mesh to a file"));
+        setWhatsThis(
+            tr("Writes the mesh with all its changes to an OBJ file. The window carries the "
+               "name of that file then."));
+    });
     setObjectName(QStringLiteral("save"));
     setShortcut(QKeySequence::Save);
     setIcon(Vela::UiBase::QtUiToolkit::Instance().CreateIcon(QStringLiteral("cmd_save")));

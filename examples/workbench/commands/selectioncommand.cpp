@@ -4,6 +4,7 @@
 #include "commands/selectioncommand.h"
 
 #include "commands/meshcommand.h"
+#include "language.h"
 #include "mesh/selection.h"
 #include "meshdocument.h"
 
@@ -64,9 +65,11 @@ SelectionCommand::SelectionCommand(ESelectionChange change, std::shared_ptr<Mesh
     if (change == ESelectionChange::Delete)
         addTag(MeshCommand::editTag());
     const Description description = descriptionOf(change);
-    setText(tr(description.text));
-    setToolTip(tr(description.toolTip));
-    setWhatsThis(tr(description.whatsThis));
+    inEveryLanguage(*this, [this, description] {
+        setText(tr(description.text));
+        setToolTip(tr(description.toolTip));
+        setWhatsThis(tr(description.whatsThis));
+    });
     setObjectName(QString::fromLatin1(description.name).toLower() + QLatin1String("_selection"));
     setShortcut(description.key);
     // The library has no such icons: they are drawings of the program's own.

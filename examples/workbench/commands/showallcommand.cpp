@@ -4,6 +4,7 @@
 #include "commands/showallcommand.h"
 
 #include "controllers/meshviewcontroller.h"
+#include "language.h"
 #include "meshdocument.h"
 #include "view/camerarig.h"
 
@@ -14,10 +15,12 @@ namespace Workbench {
 ShowAllCommand::ShowAllCommand()
     : CommandBase(nullptr)
 {
-    setText(tr("Show A&ll"));
-    setToolTip(tr("Bring the whole mesh into sight"));
-    setWhatsThis(tr("Moves the camera so far that the whole mesh fills the view. The direction "
-                    "stays as it is."));
+    inEveryLanguage(*this, [this] {
+        setText(tr("Show A&ll"));
+        setToolTip(tr("Bring the whole mesh into sight"));
+        setWhatsThis(tr("Moves the camera so far that the whole mesh fills the view. The direction "
+                        "stays as it is."));
+    });
     setObjectName(QStringLiteral("show_all"));
     setShortcut(Qt::Key_Home);
     setIconVisibleInMenu(false); // it stands among commands with check marks

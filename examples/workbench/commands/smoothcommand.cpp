@@ -3,6 +3,7 @@
 
 #include "commands/smoothcommand.h"
 
+#include "language.h"
 #include "mesh/meshoperations.h"
 
 #include <ui_base/QtUiToolkit>
@@ -14,14 +15,17 @@ namespace Workbench {
 SmoothCommand::SmoothCommand(std::shared_ptr<MeshDocument> document)
     : MeshCommand(std::move(document))
 {
-    setText(tr("&Smooth"));
-    setToolTip(tr("Take the noise out of the surface"));
-    setWhatsThis(tr("Moves each vertex towards its neighbours and a little back, so that noise "
-                    "goes and the volume stays. Run it again for more."));
+    inEveryLanguage(*this, [this] {
+        setText(tr("&Smooth"));
+        setToolTip(tr("Take the noise out of the surface"));
+        setWhatsThis(tr("Moves each vertex towards its neighbours and a little back, so that noise "
+                        "goes and the volume stays. Run it again for more."));
+        setExecutionNotificationMessage(ENotification::ExecutionBegan, tr("Smoothing the surface"));
+        setExecutionNotificationMessage(ENotification::ExecutionEnded,
+                                        tr("The surface is smoother."));
+    });
     setObjectName(QStringLiteral("smooth"));
     setShortcut(Qt::CTRL + Qt::Key_M);
-    setExecutionNotificationMessage(ENotification::ExecutionBegan, tr("Smoothing the surface"));
-    setExecutionNotificationMessage(ENotification::ExecutionEnded, tr("The surface is smoother."));
     setIcon(Vela::UiBase::QtUiToolkit::Instance().CreateIcon(QStringLiteral("cmd_smooth")));
 }
 

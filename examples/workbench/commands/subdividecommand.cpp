@@ -3,6 +3,7 @@
 
 #include "commands/subdividecommand.h"
 
+#include "language.h"
 #include "mesh/meshoperations.h"
 #include "meshdocument.h"
 
@@ -17,15 +18,17 @@ namespace Workbench {
 SubdivideCommand::SubdivideCommand(std::shared_ptr<MeshDocument> document)
     : MeshCommand(std::move(document))
 {
-    setText(tr("S&ubdivide"));
-    setToolTip(tr("Make four faces of each and round the surface"));
-    setWhatsThis(tr("Makes four faces of each and moves the vertices onto a rounder surface. "
-                    "Corners become soft, and the mesh four times as large."));
+    inEveryLanguage(*this, [this] {
+        setText(tr("S&ubdivide"));
+        setToolTip(tr("Make four faces of each and round the surface"));
+        setWhatsThis(tr("Makes four faces of each and moves the vertices onto a rounder surface. "
+                        "Corners become soft, and the mesh four times as large."));
+        setExecutionNotificationMessage(ENotification::ExecutionBegan, tr("Subdividing the faces"));
+        setExecutionNotificationMessage(ENotification::ExecutionEnded,
+                                        tr("Each face has become four."));
+    });
     setObjectName(QStringLiteral("subdivide"));
     setShortcut(Qt::CTRL + Qt::Key_D);
-    setExecutionNotificationMessage(ENotification::ExecutionBegan, tr("Subdividing the faces"));
-    setExecutionNotificationMessage(ENotification::ExecutionEnded,
-                                    tr("Each face has become four."));
     setIcon(Vela::UiBase::QtUiToolkit::Instance().CreateIcon(QStringLiteral("cmd_subdivide")));
 }
 

@@ -4,14 +4,17 @@
 #include "dialogs/aboutcommand.h"
 
 #include "dialogs/aboutdialog.h"
+#include "language.h"
 
 namespace Workbench {
 
 AboutCommand::AboutCommand()
 {
-    setText(tr("&About Workbench"));
-    setToolTip(tr("What program this is"));
-    setWhatsThis(tr("Tells what program this is and what it is made of."));
+    inEveryLanguage(*this, [this] {
+        setText(tr("&About Workbench"));
+        setToolTip(tr("What program this is"));
+        setWhatsThis(tr("Tells what program this is and what it is made of."));
+    });
     setObjectName(QStringLiteral("about"));
     setMenuRole(QAction::AboutRole);
 }

@@ -4,6 +4,7 @@
 #include "dialogs/aboutdialog.h"
 
 #include "dialogs/dialogparts.h"
+#include "language.h"
 
 #include <QBoxLayout>
 #include <QIcon>
@@ -18,20 +19,24 @@ const QSize pictureSize(264, 165);
 
 } // namespace
 
+QString AboutDialog::description()
+{
+    return tr("<p>The workbench opens a mesh, shows it and changes it. It is the example that "
+              "comes "
+              "with lumo_ui_base: each thing that it does is a command, a tool, a view or a popup "
+              "of "
+              "that library.</p>"
+              "<p>Meshes are read by assimp, work in the background runs on oneTBB, and everything "
+              "that is seen stands on Qt %1.</p>"
+              "<p>It may be used and copied under the terms of the MIT license.</p>")
+        .arg(QLatin1String(qVersion()));
+}
+
 AboutDialog::AboutDialog(QWidget *parent)
     : DialogEx(parent, false)
 {
     setObjectName(QStringLiteral("about_dialog"));
-    const QString text =
-        tr("<p>The workbench opens a mesh, shows it and changes it. It is the example that comes "
-           "with "
-           "lumo_ui_base: each thing that it does is a command, a tool, a view or a popup of that "
-           "library.</p>"
-           "<p>Meshes are read by assimp, work in the background runs on oneTBB, and everything "
-           "that is seen stands on Qt %1.</p>"
-           "<p>It may be used and copied under the terms of the MIT license.</p>")
-            .arg(QLatin1String(qVersion()));
-    auto *label = new QLabel(text, this);
+    auto *label = new QLabel(this);
     label->setObjectName(QStringLiteral("text"));
     label->setWordWrap(true);
     label->setAlignment(Qt::AlignLeading | Qt::AlignTop);
@@ -39,18 +44,22 @@ AboutDialog::AboutDialog(QWidget *parent)
     picture->setAlignment(Qt::AlignCenter);
     picture->setPixmap(QIcon(QStringLiteral(":/workbench/pictures/shaded.png"))
                            .pixmap(parent ? parent->windowHandle() : nullptr, pictureSize));
-    auto *close = new QPushButton(tr("Close"), this);
+    auto *close = new QPushButton(this);
     close->setObjectName(QStringLiteral("ok"));
     close->setDefault(true);
     connect(close, &QPushButton::clicked, this, &QDialog::accept);
 
-    QBoxLayout *column = dressUp(*this, tr("About Workbench"));
+    QBoxLayout *column = dressUp(*this, [] { return tr("About Workbench"); });
     column->addWidget(picture);
     column->addWidget(label, 1);
     column->addWidget(close, 0, Qt::AlignTrailing);
-    setAccessibleDescription(tr("The example that comes with lumo_ui_base."));
     close->setFocus();
-    resize(dialogWidth, layout()->totalHeightForWidth(dialogWidth));
+    inEveryLanguage(*this, [this, label, close] {
+        label->setText(description());
+        close->setText(tr("Close"));
+        setAccessibleDescription(tr("The example that comes with lumo_ui_base."));
+        resize(dialogWidth, layout()->totalHeightForWidth(dialogWidth));
+    });
 }
 
 } // namespace Workbench

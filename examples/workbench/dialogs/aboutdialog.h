@@ -14,6 +14,9 @@ class AboutDialog : public Vela::UiBase::DialogEx
 
 public:
     explicit AboutDialog(QWidget *parent);
+
+private:
+    static QString description();
 };
 
 } // namespace Workbench

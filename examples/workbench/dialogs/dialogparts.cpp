@@ -4,6 +4,7 @@
 #include "dialogs/dialogparts.h"
 
 #include "closebutton.h"
+#include "language.h"
 
 #include <lumo_common_res/Styles>
 #include <ui_base/DialogEx>
@@ -19,9 +20,9 @@ namespace {
 
 const int titleHeight = 36;
 
-QLabel *makeTitle(const QString &text, QWidget *parent)
+QLabel *makeTitle(QWidget *parent)
 {
-    auto *title = new QLabel(text, parent);
+    auto *title = new QLabel(parent);
     title->setObjectName(QStringLiteral("title"));
     // What is pressed there moves the dialog.
     title->setAttribute(Qt::WA_TransparentForMouseEvents);
@@ -33,19 +34,23 @@ QLabel *makeTitle(const QString &text, QWidget *parent)
 
 } // namespace
 
-QBoxLayout *dressUp(Vela::UiBase::DialogEx &dialog, const QString &title)
+QBoxLayout *dressUp(Vela::UiBase::DialogEx &dialog, const std::function<QString()> &title)
 {
-    dialog.setWindowTitle(title);
+    QLabel *const label = makeTitle(&dialog);
+    inEveryLanguage(dialog, [&dialog, label, title] {
+        dialog.setWindowTitle(title());
+        label->setText(title());
+    });
     dialog.setStyleSheet(
         Vela::Resource::Styles::Instance().DialogGeneral().arg(dialog.objectName()));
     dialog.SetMoveBarHeight(titleHeight);
-    QToolButton *close =
-        makeCloseButton(QCoreApplication::translate("Workbench::Dialog", "Close"), &dialog);
+    QToolButton *close = makeCloseButton(
+        [] { return QCoreApplication::translate("Workbench::Dialog", "Close"); }, &dialog);
     QObject::connect(close, &QToolButton::clicked, &dialog, &QDialog::reject);
 
     auto *const row = new QHBoxLayout;
     row->setContentsMargins(12, 0, 6, 0);
-    row->addWidget(makeTitle(title, &dialog), 1);
+    row->addWidget(label, 1);
     row->addWidget(close);
     auto *const column = new QVBoxLayout;
     column->setContentsMargins(12, 0, 12, 12);

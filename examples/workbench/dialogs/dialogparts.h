@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include <functional>
+
 class QBoxLayout;
 class QString;
 
@@ -12,11 +14,11 @@ class DialogEx;
 
 namespace Workbench {
 
-/// Gives @p dialog, which has no frame of the window system, the name @p title, the look of the
+/// Gives @p dialog, which has no frame of the window system, the name that @p title tells, the look of the
 /// library's dialogs, and a title row with a button that closes it. The row stands on the bar that
 /// the dialog is moved by.
 /// @return the column below that row
-QBoxLayout *dressUp(Vela::UiBase::DialogEx &dialog, const QString &title);
+QBoxLayout *dressUp(Vela::UiBase::DialogEx &dialog, const std::function<QString()> &title);
 
 /// Gives @p text, which may hold the name of a file, a form that a dialog shows letter by letter,
 /// even if the file is called like markup.

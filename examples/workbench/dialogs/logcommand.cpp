@@ -4,6 +4,7 @@
 #include "dialogs/logcommand.h"
 
 #include "dialogs/logdialog.h"
+#include "language.h"
 
 #include <utility>
 
@@ -12,10 +13,13 @@ namespace Workbench {
 LogCommand::LogCommand(std::shared_ptr<MessageLog> log)
     : m_log(std::move(log))
 {
-    setText(tr("&Log"));
-    setToolTip(tr("What the program has said"));
-    setWhatsThis(tr("Lists the beginning and the end of every command, the problems, and what else "
-                    "the program has said since it began."));
+    inEveryLanguage(*this, [this] {
+        setText(tr("&Log"));
+        setToolTip(tr("What the program has said"));
+        setWhatsThis(
+            tr("Lists the beginning and the end of every command, the problems, and what else "
+               "the program has said since it began."));
+    });
     setObjectName(QStringLiteral("log"));
     setShortcut(Qt::CTRL + Qt::Key_L);
 }

@@ -5,6 +5,7 @@
 
 #include "dialogs/dialogparts.h"
 #include "dialogs/messagelog.h"
+#include "language.h"
 
 #include <QBoxLayout>
 #include <QFontDatabase>
@@ -48,7 +49,7 @@ LogDialog::LogDialog(std::shared_ptr<MessageLog> log, QWidget *parent)
     , m_text(new QPlainTextEdit(this))
 {
     setObjectName(QStringLiteral("log_dialog"));
-    m_text->setAccessibleName(tr("Lines of the log"));
+    inEveryLanguage(*m_text, [this] { m_text->setAccessibleName(tr("Lines of the log")); });
     m_text->setReadOnly(true);
     m_text->setLineWrapMode(QPlainTextEdit::NoWrap);
     m_text->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
@@ -69,7 +70,8 @@ QString LogDialog::text() const
 
 void LogDialog::buildLayout()
 {
-    auto *clear = new QPushButton(tr("C&lear"), this);
+    auto *clear = new QPushButton(this);
+    inEveryLanguage(*clear, [clear] { clear->setText(tr("C&lear")); });
     clear->setObjectName(QStringLiteral("clear"));
     clear->setAutoDefault(false);
     connect(clear, &QPushButton::clicked, m_log.get(), &MessageLog::clear);
@@ -78,7 +80,7 @@ void LogDialog::buildLayout()
     row->addWidget(clear);
     row->addStretch();
     row->addWidget(new GripMark(this), 0, Qt::AlignBottom);
-    QBoxLayout *column = dressUp(*this, tr("Log"));
+    QBoxLayout *column = dressUp(*this, [] { return tr("Log"); });
     column->addWidget(m_text, 1);
     column->addLayout(row);
     m_text->setFocus();

@@ -4,6 +4,7 @@
 #include "dialogs/preferencescommand.h"
 
 #include "dialogs/preferencespanel.h"
+#include "language.h"
 
 #include <ui_base/MDialogBase>
 
@@ -14,10 +15,13 @@ namespace Workbench {
 PreferencesCommand::PreferencesCommand(std::shared_ptr<Preferences> preferences)
     : m_preferences(std::move(preferences))
 {
-    setText(tr("&Preferences..."));
-    setToolTip(tr("Choose how the program looks and behaves"));
-    setWhatsThis(tr("Chooses the background of the view, whether buttons explain themselves, and "
-                    "more."));
+    inEveryLanguage(*this, [this] {
+        setText(tr("&Preferences..."));
+        setToolTip(tr("Choose how the program looks and behaves"));
+        setWhatsThis(
+            tr("Chooses the language, the background of the view, whether buttons explain "
+               "themselves, and more."));
+    });
     setObjectName(QStringLiteral("preferences"));
     setShortcut(Qt::CTRL + Qt::Key_Comma);
     setMenuRole(QAction::PreferencesRole);

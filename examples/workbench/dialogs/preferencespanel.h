@@ -12,6 +12,7 @@
 
 class QCheckBox;
 class QComboBox;
+class QLabel;
 
 namespace Vela::UiBase {
 class MDialogBase;
@@ -41,12 +42,16 @@ public Q_SLOTS:
     void giveUp();
 
 private:
+    void speak();
     void showValues();
     void takeValues();
 
     const std::shared_ptr<Preferences> m_preferences;
     SPreferences m_kept;
+    QComboBox *const m_language;
     QComboBox *const m_background;
+    QLabel *const m_languageLabel;
+    QLabel *const m_backgroundLabel;
     QCheckBox *const m_cards;
     QPointer<QWidget> m_advanced;
     // On the advanced panel, which lives and dies with the flyout.

@@ -4,6 +4,7 @@
 #include "dialogs/problemdialog.h"
 
 #include "dialogs/dialogparts.h"
+#include "language.h"
 
 #include <ui_base/TaskDialog>
 
@@ -17,7 +18,9 @@ TaskDialog *showProblem(QWidget *window, const QString &text)
 {
     auto *dialog =
         new TaskDialog(window, asWritten(text), EDialogButtons::ButtonsOk, EDialogIcon::IconError);
-    dialog->setWindowTitle(QCoreApplication::translate("Workbench::ProblemDialog", "Problem"));
+    inEveryLanguage(*dialog, [dialog] {
+        dialog->setWindowTitle(QCoreApplication::translate("Workbench::ProblemDialog", "Problem"));
+    });
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->open();
     return dialog;

@@ -15,7 +15,7 @@ using namespace Vela::UiBase;
 
 namespace {
 
-/// Waits for the flyout to open: before that it is over no view.
+/// Waits for the flyout to be open: before that it is over no view.
 class Floater : public QObject
 {
 public:
@@ -25,6 +25,9 @@ public:
         , m_companion(companion)
     {
         flyout.installEventFilter(this);
+        connect(companion, &QObject::destroyed, this, &QObject::deleteLater);
+        if (flyout.isVisible())
+            rise();
     }
 
     ~Floater() override

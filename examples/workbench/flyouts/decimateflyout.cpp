@@ -4,6 +4,7 @@
 #include "flyouts/decimateflyout.h"
 
 #include "flyouts/settingspanel.h"
+#include "language.h"
 #include "mesh/decimation.h"
 
 #include <QCheckBox>
@@ -21,22 +22,26 @@ DecimateFlyout::DecimateFlyout(std::shared_ptr<MeshDocument> document)
 
 DecimateFlyout::DecimateFlyout(std::shared_ptr<MeshDocument> document, SettingsPanel *settings,
                                SettingsPanel *details)
-    : MeshPanelCommand(tr("Decimate"), settings, details, std::move(document))
+    : MeshPanelCommand(settings, details, std::move(document))
 {
     const DecimateSettings usual;
     const auto percent = [](int value) { return tr("%1 %").arg(QLocale().toString(value)); };
-    m_kept = settings->addSlider(tr("Keep"), 1, 100, qRound(usual.keptShare * 100.0), percent);
-    m_error =
-        details->addSlider(tr("Largest error"), 1, 50, qRound(usual.largestError * 100.0), percent);
-    m_keepsRim = details->addBox(tr("Leave the rim alone"), usual.keepsRim);
-    setText(tr("Decimate"));
-    setToolTip(tr("Make do with fewer faces"));
-    setWhatsThis(
-        tr("Opens a panel that tells how many of the faces to keep. The shape stays nearly "
-           "the same: it is left with more faces rather than moved too far."));
+    m_kept = settings->addSlider([] { return tr("Keep"); }, 1, 100, qRound(usual.keptShare * 100.0),
+                                 percent);
+    m_error = details->addSlider([] { return tr("Largest error"); }, 1, 50,
+                                 qRound(usual.largestError * 100.0), percent);
+    m_keepsRim = details->addBox([] { return tr("Leave the rim alone"); }, usual.keepsRim);
+    inEveryLanguage(*this, [this] {
+        setTitle(tr("Decimate"));
+        setText(tr("Decimate"));
+        setToolTip(tr("Make do with fewer faces"));
+        setWhatsThis(
+            tr("Opens a panel that tells how many of the faces to keep. The shape stays nearly "
+               "the same: it is left with more faces rather than moved too far."));
+        setExecutionNotificationMessage(ENotification::ExecutionBegan, tr("Taking faces away"));
+    });
     setObjectName(QStringLiteral("decimate_flyout"));
     setShortcut(QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_R));
-    setExecutionNotificationMessage(ENotification::ExecutionBegan, tr("Taking faces away"));
     setDrawing(QStringLiteral("cmd_decimate_flyout"));
 }
 

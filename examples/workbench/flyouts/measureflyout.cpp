@@ -5,6 +5,7 @@
 
 #include "flyouts/settingspanel.h"
 #include "flyouts/sidepanel.h"
+#include "language.h"
 #include "mesh/measures.h"
 #include "meshdocument.h"
 
@@ -38,11 +39,13 @@ QFormLayout *makeRows(QWidget *table, const QMargins &margins)
     return rows;
 }
 
-QLabel *addRow(QFormLayout *rows, const QString &name)
+QLabel *addRow(QFormLayout *rows, const std::function<QString()> &name)
 {
     auto *const value = new QLabel;
+    auto *const label = new QLabel;
+    inEveryLanguage(*label, [label, name] { label->setText(name()); });
     value->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    rows->addRow(name, value);
+    rows->addRow(label, value);
     return value;
 }
 
@@ -53,23 +56,18 @@ MeasureFlyout::MeasureFlyout(std::shared_ptr<MeshDocument> document)
 { }
 
 MeasureFlyout::MeasureFlyout(std::shared_ptr<MeshDocument> document, QWidget *table)
-    : PanelCommand(QtUiToolkit::Instance().CreateFlyout(nullptr, tr("Measure"), table,
-                                                        tr("Figures of the faces"), true, false,
-                                                        false, false, nullptr))
+    : PanelCommand(QtUiToolkit::Instance().CreateFlyout(
+        nullptr, QString(), table, tr("Figures of the faces"), true, false, false, false, nullptr))
     , m_document(std::move(document))
 {
     QFormLayout *const rows = makeRows(table, SettingsPanel::margins());
     table->setMinimumWidth(260);
-    m_size = addRow(rows, tr("Size"));
-    m_area = addRow(rows, tr("Area"));
-    m_volume = addRow(rows, tr("Volume"));
-    m_selected = addRow(rows, tr("Selected"));
+    m_size = addRow(rows, [] { return tr("Size"); });
+    m_area = addRow(rows, [] { return tr("Area"); });
+    m_volume = addRow(rows, [] { return tr("Volume"); });
+    m_selected = addRow(rows, [] { return tr("Selected"); });
     addFacesPanel();
-    setText(tr("Measure"));
-    setToolTip(tr("Tell the sizes of the mesh"));
-    setWhatsThis(
-        tr("Opens a panel with the size, the area and the volume of the mesh, in the units of "
-           "its file, and with the area of the faces that are selected."));
+    inEveryLanguage(*this, [this] { speak(); });
     setObjectName(QStringLiteral("measure_flyout"));
     setShortcut(QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_U));
     setDrawing(QStringLiteral("cmd_measure_flyout"));
@@ -77,16 +75,29 @@ MeasureFlyout::MeasureFlyout(std::shared_ptr<MeshDocument> document, QWidget *ta
     connect(m_document.get(), &MeshDocument::selectionChanged, this, &MeasureFlyout::showSelection);
 }
 
+void MeasureFlyout::speak()
+{
+    setTitle(tr("Measure"));
+    setText(tr("Measure"));
+    setToolTip(tr("Tell the sizes of the mesh"));
+    setWhatsThis(
+        tr("Opens a panel with the size, the area and the volume of the mesh, in the units of "
+           "its file, and with the area of the faces that are selected."));
+    if (m_facesPanel)
+        m_facesPanel->setTitle(tr("Faces"));
+    showMesh();
+}
+
 void MeasureFlyout::addFacesPanel()
 {
     auto *const table = new QWidget;
     table->setMinimumWidth(180);
     QFormLayout *const rows = makeRows(table, QMargins());
-    m_shortest = addRow(rows, tr("Shortest edge"));
-    m_longest = addRow(rows, tr("Longest edge"));
-    m_mean = addRow(rows, tr("Mean edge"));
-    m_sharpest = addRow(rows, tr("Sharpest corner"));
-    m_facesPanel = new SidePanel(*flyout(), tr("Faces"), table);
+    m_shortest = addRow(rows, [] { return tr("Shortest edge"); });
+    m_longest = addRow(rows, [] { return tr("Longest edge"); });
+    m_mean = addRow(rows, [] { return tr("Mean edge"); });
+    m_sharpest = addRow(rows, [] { return tr("Sharpest corner"); });
+    m_facesPanel = new SidePanel(*flyout(), table);
     auto *const sign = flyout()->findChild<QToolButton *>(QStringLiteral("ibutton"));
     connect(sign, &QToolButton::clicked, m_facesPanel, &SidePanel::toggle);
     connect(m_facesPanel, &SidePanel::aboutToOpen, this, &MeasureFlyout::showFaces);

@@ -35,6 +35,7 @@ private:
     MeasureFlyout(std::shared_ptr<MeshDocument> document, QWidget *table);
 
     void addFacesPanel();
+    void speak();
     void showMesh();
     void showFaces();
     void showSelection();

@@ -32,10 +32,10 @@ struct MeshPanelCommand::Run
 
 namespace {
 
-FlyoutBase *makePanel(const QString &title, SettingsPanel *settings, SettingsPanel *details)
+FlyoutBase *makePanel(SettingsPanel *settings, SettingsPanel *details)
 {
-    FlyoutBase *const panel = QtUiToolkit::Instance().CreateFlyout(title, settings, details, true,
-                                                                   false, true, true, nullptr);
+    FlyoutBase *const panel = QtUiToolkit::Instance().CreateFlyout(
+        QString(), settings, details, true, false, true, true, nullptr);
     panel->SetToggleApplyButtonEnabled(true);
     if (details) {
         details->useAsDetails();
@@ -47,9 +47,9 @@ FlyoutBase *makePanel(const QString &title, SettingsPanel *settings, SettingsPan
 
 } // namespace
 
-MeshPanelCommand::MeshPanelCommand(const QString &title, SettingsPanel *settings,
-                                   SettingsPanel *details, std::shared_ptr<MeshDocument> document)
-    : PanelCommand(makePanel(title, settings, details))
+MeshPanelCommand::MeshPanelCommand(SettingsPanel *settings, SettingsPanel *details,
+                                   std::shared_ptr<MeshDocument> document)
+    : PanelCommand(makePanel(settings, details))
     , m_document(std::move(document))
 {
     addTag(MeshCommand::editTag());

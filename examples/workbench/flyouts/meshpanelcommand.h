@@ -42,7 +42,7 @@ public:
 protected:
     /// @param settings the main panel, of which the flyout becomes the owner
     /// @param details the advanced panel, likewise; may be null
-    MeshPanelCommand(const QString &title, SettingsPanel *settings, SettingsPanel *details,
+    MeshPanelCommand(SettingsPanel *settings, SettingsPanel *details,
                      std::shared_ptr<MeshDocument> document);
 
     /// What is to be done with the settings of this moment. Runs on a worker, so it must use nothing

@@ -26,6 +26,12 @@ PanelCommand::~PanelCommand()
         delete m_panel.data();
 }
 
+void PanelCommand::setTitle(const QString &title)
+{
+    if (flyout())
+        flyout()->SetTitle(title);
+}
+
 void PanelCommand::setDrawing(const QString &name)
 {
     setIcon(QtUiToolkit::Instance().CreateIcon(name, this, EIconType::IconSvg, QSize(24, 24)));

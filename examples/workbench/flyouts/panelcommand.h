@@ -37,6 +37,8 @@ protected:
     /// A checkable command without a controller.
     explicit PanelCommand(Vela::UiBase::FlyoutBase *panel);
 
+    /// Sets the title of the panel.
+    void setTitle(const QString &title);
     /// Sets the icon to a drawing of the program's own, which the library has no picture of.
     void setDrawing(const QString &name);
 

@@ -3,6 +3,8 @@
 
 #include "flyouts/settingspanel.h"
 
+#include "language.h"
+
 #include <QCheckBox>
 #include <QFormLayout>
 #include <QLabel>
@@ -23,7 +25,7 @@ void SettingsPanel::useAsDetails()
     m_rows->setContentsMargins(margins() + QMargins(room, 0, room, 0));
 }
 
-QSlider *SettingsPanel::addSlider(const QString &label, int lowest, int highest, int value,
+QSlider *SettingsPanel::addSlider(const Text &label, int lowest, int highest, int value,
                                   const std::function<QString(int)> &text)
 {
     auto *const row = new QHBoxLayout;
@@ -33,21 +35,26 @@ QSlider *SettingsPanel::addSlider(const QString &label, int lowest, int highest,
     shown->setAlignment(Qt::AlignTrailing | Qt::AlignVCenter);
     row->addWidget(slider, 1);
     row->addWidget(shown);
-    m_rows->addRow(label, row);
-    slider->setAccessibleName(label);
+    auto *const name = new QLabel;
+    m_rows->addRow(name, row);
     slider->setRange(lowest, highest);
     connect(slider, &QSlider::valueChanged, shown,
             [shown, text](int now) { shown->setText(text(now)); });
     connect(this, &SettingsPanel::ResetValues, slider,
             [slider, value] { slider->setValue(value); });
     slider->setValue(value);
-    shown->setText(text(value));
+    inEveryLanguage(*slider, [=] {
+        name->setText(label());
+        slider->setAccessibleName(label());
+        shown->setText(text(slider->value()));
+    });
     return slider;
 }
 
-QCheckBox *SettingsPanel::addBox(const QString &label, bool isChecked)
+QCheckBox *SettingsPanel::addBox(const Text &label, bool isChecked)
 {
-    auto *const box = new QCheckBox(label);
+    auto *const box = new QCheckBox;
+    inEveryLanguage(*box, [box, label] { box->setText(label()); });
     m_rows->addRow(box);
     connect(this, &SettingsPanel::ResetValues, box,
             [box, isChecked] { box->setChecked(isChecked); });

@@ -20,6 +20,9 @@ class SettingsPanel : public QWidget
     Q_OBJECT
 
 public:
+    /// A text in the present language.
+    using Text = std::function<QString()>;
+
     SettingsPanel();
 
     /// What brings the content of a main panel in line with the title and the buttons of its flyout.
@@ -29,10 +32,10 @@ public:
     void useAsDetails();
 
     /// Adds a slider. @param text what is shown for a value
-    QSlider *addSlider(const QString &label, int lowest, int highest, int value,
+    QSlider *addSlider(const Text &label, int lowest, int highest, int value,
                        const std::function<QString(int)> &text);
     /// Adds a box to check.
-    QCheckBox *addBox(const QString &label, bool isChecked);
+    QCheckBox *addBox(const Text &label, bool isChecked);
 
 Q_SIGNALS:
     void ResetValues();

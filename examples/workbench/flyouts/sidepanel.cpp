@@ -29,9 +29,9 @@ QString outlineSheet()
         .arg(styles.ColorActionPanelGroupBack().name(), styles.ColorActionPanelBorder().name());
 }
 
-QLabel *makeTitle(const QString &text)
+QLabel *makeTitle()
 {
-    auto *const title = new QLabel(text);
+    auto *const title = new QLabel;
     QFont font = title->font();
     font.setBold(true);
     title->setFont(font);
@@ -40,23 +40,29 @@ QLabel *makeTitle(const QString &text)
 
 } // namespace
 
-SidePanel::SidePanel(FlyoutBase &flyout, const QString &title, QWidget *content)
+SidePanel::SidePanel(FlyoutBase &flyout, QWidget *content)
     : QFrame(&flyout)
     , m_flyout(&flyout)
+    , m_title(makeTitle())
 {
     setObjectName(QStringLiteral("side_panel"));
-    setAccessibleName(title);
     setStyleSheet(outlineSheet());
     auto *const column = new QVBoxLayout(this);
     column->setSizeConstraint(QLayout::SetFixedSize);
     column->setContentsMargins(9, 9, 9, 9);
     column->setSpacing(8);
-    column->addWidget(makeTitle(title));
+    column->addWidget(m_title);
     column->addWidget(content);
     hide();
     flyout.AddSubWidget(this, EDirection::Right);
     flyout.installEventFilter(this);
     floatBeside(flyout, this);
+}
+
+void SidePanel::setTitle(const QString &title)
+{
+    m_title->setText(title);
+    setAccessibleName(title);
 }
 
 void SidePanel::toggle()

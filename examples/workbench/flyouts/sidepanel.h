@@ -6,6 +6,8 @@
 #include <QFrame>
 #include <QPointer>
 
+class QLabel;
+
 namespace Vela::UiBase {
 class FlyoutBase;
 }
@@ -25,7 +27,9 @@ public:
     static constexpr int gap = 5;
 
     /// A hidden panel of the flyout. @param content taken over
-    SidePanel(Vela::UiBase::FlyoutBase &flyout, const QString &title, QWidget *content);
+    SidePanel(Vela::UiBase::FlyoutBase &flyout, QWidget *content);
+
+    void setTitle(const QString &title);
 
     /// Opens it beside the flyout, or closes it.
     void toggle();
@@ -42,6 +46,7 @@ private:
     QRect flyoutArea() const;
 
     const QPointer<Vela::UiBase::FlyoutBase> m_flyout;
+    QLabel *const m_title;
 };
 
 } // namespace Workbench

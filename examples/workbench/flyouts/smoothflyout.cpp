@@ -5,6 +5,7 @@
 
 #include "flyouts/besideflyout.h"
 #include "flyouts/settingspanel.h"
+#include "language.h"
 #include "mesh/meshoperations.h"
 
 #include <ui_base/FlyoutBase>
@@ -34,37 +35,44 @@ SmoothFlyout::SmoothFlyout(std::shared_ptr<MeshDocument> document)
 
 SmoothFlyout::SmoothFlyout(std::shared_ptr<MeshDocument> document, SettingsPanel *settings,
                            SettingsPanel *details)
-    : MeshPanelCommand(tr("Smooth"), settings, details, std::move(document))
+    : MeshPanelCommand(settings, details, std::move(document))
 {
     const SmoothSettings usual;
     const auto plain = [](int value) { return QLocale().toString(value); };
-    m_steps = settings->addSlider(tr("Steps"), 1, 200, usual.steps, plain);
-    m_pull = details->addSlider(tr("Pull"), 5, 95, qRound(usual.pull * 100.0F), hundredths);
-    m_push = details->addSlider(tr("Push back"), 0, 99, qRound(usual.push * 100.0F), hundredths);
-    setText(tr("Smooth with settings"));
-    setToolTip(tr("Take the noise out, as much as you like"));
-    setWhatsThis(
-        tr("Opens a panel with the number of steps and, for those who know, how far each one "
-           "pulls a vertex and pushes it back. Apply as often as you like; reset brings "
-           "back the mesh of before."));
+    m_steps = settings->addSlider([] { return tr("Steps"); }, 1, 200, usual.steps, plain);
+    m_pull = details->addSlider([] { return tr("Pull"); }, 5, 95, qRound(usual.pull * 100.0F),
+                                hundredths);
+    m_push = details->addSlider([] { return tr("Push back"); }, 0, 99, qRound(usual.push * 100.0F),
+                                hundredths);
+    inEveryLanguage(*this, [this] {
+        setTitle(tr("Smooth"));
+        setText(tr("Smooth with settings"));
+        setToolTip(tr("Take the noise out, as much as you like"));
+        setWhatsThis(
+            tr("Opens a panel with the number of steps and, for those who know, how far each one "
+               "pulls a vertex and pushes it back. Apply as often as you like; reset brings "
+               "back the mesh of before."));
+        setExecutionNotificationMessage(ENotification::ExecutionBegan, tr("Smoothing the surface"));
+        if (flyout())
+            renewExplanation();
+    });
     setObjectName(QStringLiteral("smooth_flyout"));
     setShortcut(QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_M));
-    setExecutionNotificationMessage(ENotification::ExecutionBegan, tr("Smoothing the surface"));
     setDrawing(QStringLiteral("cmd_smooth_flyout"));
-    addExplanation();
 }
 
 /// Beneath the panel, which holds it in the width of its frame.
-void SmoothFlyout::addExplanation()
+void SmoothFlyout::renewExplanation()
 {
+    delete m_explanation;
     const QString text =
         tr("Each step pulls every vertex towards the middle of its neighbours and then pushes it "
            "back. What comes back is a little more, so that the mesh does not shrink.");
-    QWidget *const explanation = TooltipExFactory::GetInstance().CreateExtendedTooltip(
+    m_explanation = TooltipExFactory::GetInstance().CreateExtendedTooltip(
         flyout(), QString(), QString(), text, true, flyout()->width(),
         ATooltipEx::EWidgetExVisibility::ExAlwaysShown, QStringLiteral("InfoDialog"));
-    flyout()->EnableInfoButton(true, explanation);
-    floatBeside(*flyout(), explanation);
+    flyout()->EnableInfoButton(true, m_explanation);
+    floatBeside(*flyout(), m_explanation);
 }
 
 MeshPanelCommand::Operation SmoothFlyout::operation() const

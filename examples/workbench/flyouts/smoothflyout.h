@@ -5,6 +5,8 @@
 
 #include "flyouts/meshpanelcommand.h"
 
+#include <QPointer>
+
 class QSlider;
 
 namespace Workbench {
@@ -25,11 +27,12 @@ private:
     SmoothFlyout(std::shared_ptr<MeshDocument> document, SettingsPanel *settings,
                  SettingsPanel *details);
 
-    void addExplanation();
+    void renewExplanation();
 
     QSlider *m_steps;
     QSlider *m_pull;
     QSlider *m_push;
+    QPointer<QWidget> m_explanation;
 };
 
 } // namespace Workbench

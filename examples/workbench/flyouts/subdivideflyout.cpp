@@ -5,6 +5,7 @@
 
 #include "commands/subdividecommand.h"
 #include "flyouts/settingspanel.h"
+#include "language.h"
 #include "mesh/meshoperations.h"
 
 #include <QKeySequence>
@@ -20,18 +21,21 @@ SubdivideFlyout::SubdivideFlyout(std::shared_ptr<MeshDocument> document)
 { }
 
 SubdivideFlyout::SubdivideFlyout(std::shared_ptr<MeshDocument> document, SettingsPanel *settings)
-    : MeshPanelCommand(tr("Subdivide"), settings, nullptr, std::move(document))
+    : MeshPanelCommand(settings, nullptr, std::move(document))
 {
     const auto plain = [](int value) { return QLocale().toString(value); };
-    m_times = settings->addSlider(tr("Times"), 1, 4, 1, plain);
-    setText(tr("Subdivide with settings"));
-    setToolTip(tr("Make many faces of each and round the surface"));
-    setWhatsThis(
-        tr("Opens a panel that tells how many times each face becomes four. Every time the "
-           "surface gets rounder and the mesh four times as large."));
+    m_times = settings->addSlider([] { return tr("Times"); }, 1, 4, 1, plain);
+    inEveryLanguage(*this, [this] {
+        setTitle(tr("Subdivide"));
+        setText(tr("Subdivide with settings"));
+        setToolTip(tr("Make many faces of each and round the surface"));
+        setWhatsThis(
+            tr("Opens a panel that tells how many times each face becomes four. Every time the "
+               "surface gets rounder and the mesh four times as large."));
+        setExecutionNotificationMessage(ENotification::ExecutionBegan, tr("Subdividing the faces"));
+    });
     setObjectName(QStringLiteral("subdivide_flyout"));
     setShortcut(QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_D));
-    setExecutionNotificationMessage(ENotification::ExecutionBegan, tr("Subdividing the faces"));
     setDrawing(QStringLiteral("cmd_subdivide_flyout"));
 }
 

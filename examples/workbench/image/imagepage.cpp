@@ -10,6 +10,7 @@
 #include "image/imageviewcontroller.h"
 #include "image/stepimagecommand.h"
 #include "image/zoomimagecommand.h"
+#include "language.h"
 
 #include <ui_base/BaseView>
 #include <ui_base/ImageViewerToolBar>
@@ -52,8 +53,11 @@ ImagePage::ImagePage(const std::shared_ptr<ImageDocument> &document,
     connectStrip();
     connect(m_document.get(), &ImageDocument::opened, this, &ImagePage::showFile);
     connect(view(), &ImageView::placementChanged, this, &ImagePage::showPlacement);
-    showFile();
-    showPlacement();
+    inEveryLanguage(*this, [this] {
+        showFile();
+        if (view())
+            showPlacement();
+    });
 }
 
 ImagePage::~ImagePage() = default;
@@ -83,7 +87,7 @@ void ImagePage::buildLayout()
     // A long name must not make the window wide.
     m_name->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     m_name->setTextFormat(Qt::PlainText);
-    QToolButton *const close = makeCloseButton(tr("Close the image (Esc)"), this);
+    QToolButton *const close = makeCloseButton([] { return tr("Close the image (Esc)"); }, this);
     connect(close, &QToolButton::clicked, this, &ImagePage::closeRequested);
 
     auto *const line = new QHBoxLayout;

@@ -4,6 +4,7 @@
 #include "image/openimagecommand.h"
 
 #include "image/imagedocument.h"
+#include "language.h"
 
 #include <ui_base/QtUiToolkit>
 
@@ -15,10 +16,13 @@ OpenImageCommand::OpenImageCommand(std::shared_ptr<ImageDocument> document, Choo
     : m_document(std::move(document))
     , m_chooser(std::move(chooser))
 {
-    setText(tr("Open &Image..."));
-    setToolTip(tr("Open an image from a file"));
-    setWhatsThis(tr("Shows an image in place of the mesh, which stays open behind it. The images "
-                    "beside it in its folder are a key away."));
+    inEveryLanguage(*this, [this] {
+        setText(tr("Open &Image..."));
+        setToolTip(tr("Open an image from a file"));
+        setWhatsThis(
+            tr("Shows an image in place of the mesh, which stays open behind it. The images "
+               "beside it in its folder are a key away."));
+    });
     setObjectName(QStringLiteral("open_image"));
     setShortcut(int(Qt::CTRL) | int(Qt::SHIFT) | Qt::Key_O);
     // The library has no such icon: it is a drawing of the program's own.

@@ -4,6 +4,7 @@
 #include "image/stepimagecommand.h"
 
 #include "image/imagedocument.h"
+#include "language.h"
 #include "mesh/cancellation.h"
 
 #include <utility>
@@ -36,9 +37,11 @@ StepImageCommand::StepImageCommand(std::shared_ptr<ImageDocument> document, EIma
     , m_step(step)
 {
     const bool isNext = step == EImageStep::Next;
-    setText(isNext ? tr("&Next Image") : tr("&Previous Image"));
-    setToolTip(isNext ? tr("Show the next image of the folder")
-                      : tr("Show the previous image of the folder"));
+    inEveryLanguage(*this, [this, isNext] {
+        setText(isNext ? tr("&Next Image") : tr("&Previous Image"));
+        setToolTip(isNext ? tr("Show the next image of the folder")
+                          : tr("Show the previous image of the folder"));
+    });
     setObjectName(isNext ? QStringLiteral("next_image") : QStringLiteral("previous_image"));
 }
 

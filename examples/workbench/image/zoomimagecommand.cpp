@@ -5,6 +5,7 @@
 
 #include "image/imageview.h"
 #include "image/imageviewcontroller.h"
+#include "language.h"
 
 namespace Workbench {
 namespace {
@@ -59,8 +60,10 @@ ZoomImageCommand::ZoomImageCommand(EImageZoom zoom)
     , m_zoom(zoom)
 {
     const Description description = descriptionOf(zoom);
-    setText(tr(description.text));
-    setToolTip(tr(description.toolTip));
+    inEveryLanguage(*this, [this, description] {
+        setText(tr(description.text));
+        setToolTip(tr(description.toolTip));
+    });
     setObjectName(QStringLiteral("image_") + QString::fromLatin1(description.name).toLower());
 }
 

@@ -17,6 +17,7 @@
 #include "dialogs/logcommand.h"
 #include "dialogs/preferencescommand.h"
 #include "image/openimagecommand.h"
+#include "language.h"
 #include "menu/recentfiles.h"
 
 #include <ui_base/CommandGroup>
@@ -39,6 +40,15 @@ using Vela::UiBase::AppMenuItemSpecifier;
 using Vela::UiBase::MenuBuilder;
 
 namespace {
+
+const char *const itemNames[] = {
+    QT_TRANSLATE_NOOP("Workbench::MainMenu", "&File"),
+    QT_TRANSLATE_NOOP("Workbench::MainMenu", "&Edit"),
+    QT_TRANSLATE_NOOP("Workbench::MainMenu", "&View"),
+    QT_TRANSLATE_NOOP("Workbench::MainMenu", "&Tools"),
+    QT_TRANSLATE_NOOP("Workbench::MainMenu", "&Window"),
+    QT_TRANSLATE_NOOP("Workbench::MainMenu", "&Help"),
+};
 
 template<typename Commands>
 QVector<QAction *> actionsOf(const Commands &commands)
@@ -64,18 +74,20 @@ MainMenu::MainMenu(QMainWindow &window, const CommandSet &commands, RecentFiles 
     : MenuBuilder(QStringLiteral("main menu"), &window, &window, Qt::ToolButtonTextOnly, true, {})
     , m_window(window)
     , m_recent(recent)
-    , m_names {tr("&File"), tr("&Edit"), tr("&View"), tr("&Tools"), tr("&Window"), tr("&Help")}
 {
     const QString open = Vela::Resource::Styles::Instance().MenuMain()
         + QStringLiteral("QToolButton, QToolButton:hover { background-color: palette(highlight); "
                          "color: palette(highlighted-text); }");
-    for (const QString &name : qAsConst(m_names))
-        AddMenuBarItem(name, {}, open, {}, {});
+    for (const char *const name : itemNames) {
+        m_names << QString::fromLatin1(name);
+        AddMenuBarItem(m_names.constLast(), {}, open, {}, {});
+    }
     buildFile(commands);
     buildEdit(commands);
     buildView(commands);
     buildRest(commands);
     levelRows();
+    inEveryLanguage(*this, [this] { speak(); });
     // An entry that is just being chosen outlives its choice.
     connect(&recent, &RecentFiles::changed, this, &MainMenu::fillRecent, Qt::QueuedConnection);
     Start();
@@ -104,11 +116,16 @@ void MainMenu::buildFile(const CommandSet &commands)
     const QString &file = m_names.at(0);
     AddDropDownMenu(file, {commands.open.get(), commands.images.open.get(), commands.save.get()},
                     nullptr);
-    AddSubMenu(file, tr("&Recent Files"), {}, commands.save.get(), true);
-    fillRecent();
-    QList<AppMenuItemSpecifier> quit {
-        {}, {tr("&Quit"), {}, QKeySequence::Quit, nullptr, SLOT(close()), QAction::QuitRole}};
+    AddSubMenu(file, QStringLiteral("recent"), {}, commands.save.get(), true);
+    QList<AppMenuItemSpecifier> quit {{},
+                                      {QStringLiteral("quit"),
+                                       {},
+                                       QKeySequence::Quit,
+                                       nullptr,
+                                       SLOT(close()),
+                                       QAction::QuitRole}};
     AddDropDownMenu(file, quit);
+    m_quit = menuOf(file)->actions().constLast();
 }
 
 void MainMenu::buildEdit(const CommandSet &commands)
@@ -151,9 +168,21 @@ void MainMenu::levelRows()
     }
 }
 
-QAction *MainMenu::addPanel(QWidget &panel, const QString &text)
+void MainMenu::speak()
 {
-    auto *entry = new QAction(text, this);
+    for (const QString &name : qAsConst(m_names))
+        GetMenuBarItem(name)->setText(tr(name.toLatin1().constData()));
+    recentMenu()->setTitle(tr("&Recent Files"));
+    m_quit->setText(tr("&Quit"));
+    fillRecent();
+    // By then the bar has made room for what the items read.
+    QMetaObject::invokeMethod(
+        this, [this] { place(); }, Qt::QueuedConnection);
+}
+
+QAction *MainMenu::addPanel(QWidget &panel)
+{
+    auto *entry = new QAction(this);
     entry->setCheckable(true);
     entry->setChecked(!panel.isHidden());
     connect(entry, &QAction::toggled, &panel, &QWidget::setVisible);

@@ -24,11 +24,10 @@ public:
     MainMenu(QMainWindow &window, const CommandSet &commands, RecentFiles &recent);
 
     /// Adds an entry to the menu of the window that shows and hides @p panel.
-    /// @param text with the mark of its key
-    /// @return the entry, which the menu owns
-    QAction *addPanel(QWidget &panel, const QString &text);
+    /// @return the entry, which the menu owns; its text is left to the caller
+    QAction *addPanel(QWidget &panel);
 
-    /// The names of the items, in their order.
+    /// The names of the items, in their order: what they read in English, in whichever language.
     QStringList names() const;
     /// The menu of the item @p name; null when there is none.
     QMenu *menuOf(const QString &name) const;
@@ -48,12 +47,14 @@ private:
     void buildView(const CommandSet &commands);
     void buildRest(const CommandSet &commands);
     void levelRows();
+    void speak();
     void fillRecent();
     void place();
 
     QMainWindow &m_window;
     RecentFiles &m_recent;
     QStringList m_names;
+    QAction *m_quit = nullptr;
 };
 
 } // namespace Workbench

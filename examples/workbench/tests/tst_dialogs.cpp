@@ -266,12 +266,14 @@ private Q_SLOTS:
         other.isDark = true;
         window.preferences().setValues(other);
         QDialog *dialog = showPreferences(window);
-        QCOMPARE(dialog->findChild<QComboBox *>()->currentIndex(), int(EBackground::Dark));
+        QCOMPARE(dialog->findChild<QComboBox *>(QStringLiteral("background"))->currentIndex(),
+                 int(EBackground::Dark));
         QVERIFY(!dialog->findChild<QCheckBox *>(QStringLiteral("cards"))->isChecked());
         QVERIFY(!dialog->findChild<QCheckBox *>(QStringLiteral("notifications"))->isChecked());
         click(dialog, "reset_button");
         QVERIFY(window.preferences().values() == SPreferences());
-        QCOMPARE(dialog->findChild<QComboBox *>()->currentIndex(), int(EBackground::Light));
+        QCOMPARE(dialog->findChild<QComboBox *>(QStringLiteral("background"))->currentIndex(),
+                 int(EBackground::Light));
         QVERIFY(dialog->findChild<QCheckBox *>(QStringLiteral("cards"))->isChecked());
         QVERIFY(dialog->isVisible());
     }

@@ -46,8 +46,8 @@ void explainByCard(ToolButton &button, const CommandBase &command, EDirection si
         [asked = QPointer<const CommandBase>(&command), side](ATooltipObject &tooltip) {
             if (!asked)
                 return;
-            // The card has a frame of its own.
-            tooltip.SetTooltipControl(makeCard(*asked), false);
+            // The card has a frame of its own. The one of the language before is given back.
+            delete tooltip.SetTooltipControl(makeCard(*asked), false);
             tooltip.SetTooltipType(ATooltipObject::ETooltipType::TooltipHoverBottom);
             tooltip.GetPosCalculator()->SetDirection(side);
         });

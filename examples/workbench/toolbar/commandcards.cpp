@@ -3,6 +3,7 @@
 
 #include "toolbar/commandcards.h"
 
+#include "language.h"
 #include "toolbar/commandcard.h"
 
 #include <ui_base/CommandBase>
@@ -31,8 +32,11 @@ void CommandCards::explain(const CommandBase &command, EDirection side)
     ToolButton *const button = command.toolButton();
     if (!button)
         return;
-    explainByCard(*button, command, side);
     m_buttons.emplace_back(button);
+    inEveryLanguage(*button, [button, asked = QPointer<const CommandBase>(&command), side] {
+        if (asked)
+            explainByCard(*button, *asked, side);
+    });
 }
 
 ToolButton *CommandCards::explainedButton() const

@@ -30,6 +30,8 @@ void visitComparison(TourGuide &guide);
 void visitNotifications(TourGuide &guide);
 /// The dialogs beside the work: preferences, log and about.
 void visitDialogs(TourGuide &guide);
+/// Another language and back, and what is read meanwhile.
+void visitLanguages(TourGuide &guide);
 /// The bars around the view: menu, key, row for selected faces, and how they slide.
 void visitBars(TourGuide &guide);
 /// Files that can't be read, another file during a run, and saving.

@@ -61,6 +61,7 @@ int Tour::run()
         visitComparison(m_guide);
         visitNotifications(m_guide);
         visitDialogs(m_guide);
+        visitLanguages(m_guide);
         visitBars(m_guide);
         visitFiles(m_guide);
         visitImages(m_guide);

@@ -4,6 +4,7 @@
 #include "view/comparepanel.h"
 
 #include "closebutton.h"
+#include "language.h"
 #include "view/meshview.h"
 
 #include <QGridLayout>
@@ -14,9 +15,10 @@
 namespace Workbench {
 namespace {
 
-QLabel *makeTitle(const QString &text)
+QLabel *makeTitle(const std::function<QString()> &text)
 {
-    auto *title = new QLabel(text);
+    auto *title = new QLabel;
+    inEveryLanguage(*title, [title, text] { title->setText(text()); });
     title->setObjectName(QStringLiteral("title"));
     title->setContentsMargins(12, 6, 12, 6);
     return title;
@@ -42,7 +44,7 @@ ComparePanel::ComparePanel(const std::shared_ptr<CameraRig> &rig, QWidget *paren
     grid->setRowStretch(1, 1);
     grid->setColumnStretch(0, 1);
     grid->setColumnStretch(1, 1);
-    grid->addWidget(makeTitle(tr("Before")), 0, 0);
+    grid->addWidget(makeTitle([] { return tr("Before"); }), 0, 0);
     grid->addWidget(makeHeader(), 0, 1);
     grid->addWidget(m_before, 1, 0);
     grid->addWidget(m_after, 1, 1);
@@ -53,8 +55,8 @@ QWidget *ComparePanel::makeHeader()
     auto *header = new QWidget;
     auto *line = new QHBoxLayout(header);
     line->setContentsMargins(0, 0, 6, 0);
-    line->addWidget(makeTitle(tr("After")), 1);
-    QToolButton *close = makeCloseButton(tr("Close the comparison"), header);
+    line->addWidget(makeTitle([] { return tr("After"); }), 1);
+    QToolButton *close = makeCloseButton([] { return tr("Close the comparison"); }, header);
     connect(close, &QToolButton::clicked, this, &ComparePanel::closeRequested);
     line->addWidget(close);
     return header;

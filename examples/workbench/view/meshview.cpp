@@ -131,32 +131,44 @@ bool MeshView::prepareGraphics()
 {
     if (m_graphics != EGraphics::Untried)
         return m_graphics == EGraphics::Ready;
-    const QString reason = createGraphics();
-    m_graphics = reason.isEmpty() ? EGraphics::Ready : EGraphics::Unavailable;
-    if (reason.isEmpty())
+    m_reason = createGraphics();
+    m_graphics = m_reason ? EGraphics::Unavailable : EGraphics::Ready;
+    if (!m_reason)
         return true;
-    Q_EMIT unavailable(reason);
+    Q_EMIT unavailable();
     return false;
 }
 
-/// Makes the context and what is drawn with it. Returns why that is not possible, or an empty text.
-QString MeshView::createGraphics()
+QString MeshView::reason() const
+{
+    return m_reason ? m_reason() : QString();
+}
+
+/// Makes the context and what is drawn with it. Returns what tells why that is not possible; nothing
+/// when it is.
+std::function<QString()> MeshView::createGraphics()
 {
     if (isWithoutScreen())
-        return tr("the platform \"%1\" has no screen").arg(QGuiApplication::platformName());
+        return [] {
+            return tr("the platform \"%1\" has no screen").arg(QGuiApplication::platformName());
+        };
     m_context = std::make_unique<QOpenGLContext>();
     m_context->setFormat(windowHandle()->requestedFormat());
     if (!m_context->create() || !m_context->makeCurrent(windowHandle()))
-        return tr("the display offers no OpenGL");
-    const QSurfaceFormat format = m_context->format();
-    if (format.version() < qMakePair(3, 3)) {
-        return tr("the display offers version %1.%2 only")
-            .arg(format.majorVersion())
-            .arg(format.minorVersion());
+        return [] { return tr("the display offers no OpenGL"); };
+    const QPair<int, int> version = m_context->format().version();
+    if (version < qMakePair(3, 3)) {
+        return [version] {
+            return tr("the display offers version %1.%2 only")
+                .arg(version.first)
+                .arg(version.second);
+        };
     }
     m_renderer = std::make_unique<SceneRenderer>();
     const QString problem = m_renderer->errorText();
-    return problem.isEmpty() ? QString() : tr("the display's can't be used (%1)").arg(problem);
+    if (problem.isEmpty())
+        return {};
+    return [problem] { return tr("the display's can't be used (%1)").arg(problem); };
 }
 
 void MeshView::drawFrame()

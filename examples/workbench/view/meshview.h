@@ -9,6 +9,7 @@
 #include <QRect>
 #include <QWidget>
 
+#include <functional>
 #include <memory>
 
 class QOpenGLContext;
@@ -53,6 +54,9 @@ public:
     /// Draws another frame soon, also when nothing has changed.
     void requestFrame();
 
+    /// Why there is no OpenGL 3.3 for this view, for the user; empty as long as nothing says so.
+    QString reason() const;
+
     QPaintEngine *paintEngine() const override;
     QSize sizeHint() const override;
 
@@ -62,9 +66,8 @@ Q_SIGNALS:
     /// A frame was handed to the window system, which shows the present state of the view.
     void framePresented();
 
-    /// There is no OpenGL 3.3 for this view; @p reason says why, for the user. It comes once, and
-    /// the view stays blank.
-    void unavailable(const QString &reason);
+    /// There is no OpenGL 3.3 for this view; see reason(). It comes once, and the view stays blank.
+    void unavailable();
 
 protected:
     void paintEvent(QPaintEvent *event) override;
@@ -78,10 +81,11 @@ private:
     };
 
     bool prepareGraphics();
-    QString createGraphics();
+    std::function<QString()> createGraphics();
     void drawFrame();
 
     EGraphics m_graphics = EGraphics::Untried;
+    std::function<QString()> m_reason;
     std::unique_ptr<QOpenGLContext> m_context;
     std::unique_ptr<SceneRenderer> m_renderer;
     const std::shared_ptr<CameraRig> m_rig;

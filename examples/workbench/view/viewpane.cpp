@@ -4,6 +4,7 @@
 #include "view/viewpane.h"
 
 #include "controllers/meshviewcontroller.h"
+#include "language.h"
 #include "view/meshview.h"
 
 #include <ui_base/BaseView>
@@ -25,6 +26,7 @@ ViewPane::ViewPane(const std::shared_ptr<MeshDocument> &document, QWidget *paren
     m_stack->addWidget(view());
     m_stack->addWidget(m_message);
     connect(view(), &MeshView::unavailable, this, &ViewPane::showMessage);
+    inEveryLanguage(*this, [this] { sayMessage(); });
 }
 
 MeshViewController *ViewPane::controller() const
@@ -50,11 +52,18 @@ void ViewPane::showEvent(QShowEvent *event)
         m_stack->currentWidget()->show();
 }
 
-void ViewPane::showMessage(const QString &reason)
+void ViewPane::sayMessage()
 {
+    if (!view() || view()->reason().isEmpty())
+        return;
     m_message->setText(tr("The mesh can't be shown: this view needs OpenGL 3.3, and %1.\n"
                           "The commands that change it work nevertheless.")
-                           .arg(reason));
+                           .arg(view()->reason()));
+}
+
+void ViewPane::showMessage()
+{
+    sayMessage();
     // The view finds out while it paints, which is no moment to hide it.
     const auto replaceView = [this] { m_stack->setCurrentWidget(m_message); };
     QMetaObject::invokeMethod(this, replaceView, Qt::QueuedConnection);

@@ -37,7 +37,8 @@ protected:
     void showEvent(QShowEvent *event) override;
 
 private:
-    void showMessage(const QString &reason);
+    void showMessage();
+    void sayMessage();
 
     QStackedLayout *const m_stack;
     const QPointer<MeshViewController> m_controller;
