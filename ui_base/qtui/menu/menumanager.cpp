@@ -12,11 +12,13 @@
 #include <QCoreApplication>
 #include <QCursor>
 #include <QEvent>
+#include <QGuiApplication>
 #include <QMainWindow>
 #include <QMap>
 #include <QMenu>
 #include <QPointer>
 #include <QPushButton>
+#include <QScreen>
 #include <QSet>
 #include <QTimer>
 #include <QToolButton>
@@ -26,6 +28,18 @@
 #include <algorithm>
 
 namespace Vela::UiBase {
+
+/// The corner of something of @p size that belongs at @p corner: right there if the screen has the
+/// room, else as near to it as the screen allows.
+static QPoint KeptOnScreen(const QPoint &corner, const QSize &size, const QScreen *screen)
+{
+    if (!screen)
+        return corner;
+    const QRect room = screen->availableGeometry();
+    const QPoint last = room.bottomRight() - QPoint(size.width() - 1, size.height() - 1);
+    return {std::max(room.left(), std::min(corner.x(), last.x())),
+            std::max(room.top(), std::min(corner.y(), last.y()))};
+}
 
 class LumoMenuManagerPrivate
 {
@@ -263,7 +277,12 @@ void LumoMenuManagerPrivate::PlaceMenu(QAbstractButton *button) const
     const QRect geometry = button->geometry();
     const QPoint corner(geometry.left(), geometry.bottom() + menuOffsetY);
     // The geometry of a button that is a window is global already.
-    menu->move(button->parentWidget() ? button->parentWidget()->mapToGlobal(corner) : corner);
+    const QPoint place =
+        button->parentWidget() ? button->parentWidget()->mapToGlobal(corner) : corner;
+    const QScreen *const screen = QGuiApplication::screenAt(place);
+    const QSize wanted =
+        menu->sizeHint().expandedTo(menu->minimumSize()).boundedTo(menu->maximumSize());
+    menu->move(KeptOnScreen(place, wanted, screen ? screen : button->screen()));
 }
 
 QVector<QPointer<QMenu>> LumoMenuManagerPrivate::Menus() const

@@ -23,7 +23,8 @@ class LumoMenuManagerPrivate;
 /// the menus are frameless windows: one is shown as soon as the pointer enters its button, the
 /// pointer on another button switches to that one's menu without delay, and all are hidden when the
 /// pointer has been away for 200 milliseconds. The keyboard stays where it is meanwhile. In both modes
-/// the choice of an action hides the menu.
+/// the choice of an action hides the menu. The menu opens at the left end of its button, from right
+/// to left as well, and is shifted as far as the screen wants it when it does not fit there.
 ///
 /// Custom-hover mode needs no pointer: in the main window F10 or a tap on Alt opens the first menu, and
 /// a press of a button without a mouse, by its mnemonic or an assistive tool, opens its own. Such a

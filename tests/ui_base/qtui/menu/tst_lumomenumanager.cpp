@@ -9,11 +9,13 @@
 
 #include <QAction>
 #include <QCursor>
+#include <QGuiApplication>
 #include <QMainWindow>
 #include <QMap>
 #include <QMenu>
 #include <QPointer>
 #include <QPushButton>
+#include <QScreen>
 #include <QSignalSpy>
 #include <QTimer>
 #include <QToolButton>
@@ -131,6 +133,10 @@ private Q_SLOTS:
     void hoverModeMakesMenusFramelessWindows();
     void hoverModeTracksTheMouseOverTheWindow();
     void enteringAButtonShowsItsMenuBelowIt();
+    void menuThatWouldLeaveTheScreenIsShiftedIntoIt_data();
+    void menuThatWouldLeaveTheScreenIsShiftedIntoIt();
+    void menuThatJustFitsStandsAtItsButton();
+    void menuWiderThanTheScreenBeginsAtItsEdge();
     void menuWithoutParentIsNotMoved();
     void enteringAnotherButtonSwitchesAtOnce();
     void stoppedManagerOpensNothing();
@@ -304,6 +310,63 @@ void TestLumoMenuManager::enteringAButtonShowsItsMenuBelowIt()
     QVERIFY(scene.firstMenu->isVisible());
     QVERIFY(!scene.first->menu());
     QCOMPARE(scene.firstMenu->pos(), scene.window.mapToGlobal(QPoint(10, 20 + 30 - 1 + 3)));
+}
+
+void TestLumoMenuManager::menuThatWouldLeaveTheScreenIsShiftedIntoIt_data()
+{
+    QTest::addColumn<Qt::LayoutDirection>("direction");
+    QTest::addColumn<QPoint>("window");
+    const QRect room = QGuiApplication::primaryScreen()->availableGeometry();
+    QTest::newRow("right edge") << Qt::LeftToRight << QPoint(room.right() - 60, 100);
+    QTest::newRow("right edge, from right to left")
+        << Qt::RightToLeft << QPoint(room.right() - 60, 100);
+    QTest::newRow("bottom") << Qt::LeftToRight << QPoint(100, room.bottom() - 55);
+    QTest::newRow("left edge") << Qt::LeftToRight << QPoint(room.left() - 40, 100);
+}
+
+void TestLumoMenuManager::menuThatWouldLeaveTheScreenIsShiftedIntoIt()
+{
+    QFETCH(Qt::LayoutDirection, direction);
+    QFETCH(QPoint, window);
+    Scene scene(true);
+    scene.window.setLayoutDirection(direction);
+    scene.window.setGeometry(QRect(window, QSize(400, 300)));
+    scene.start();
+    send(scene.first, QEvent::Enter);
+    QVERIFY(scene.firstMenu->isVisible());
+    const QRect room = QGuiApplication::primaryScreen()->availableGeometry();
+    const QPoint wanted = scene.window.mapToGlobal(QPoint(10, 20 + 30 - 1 + 3));
+    const QRect place = scene.firstMenu->geometry();
+    QVERIFY(!room.contains(QRect(wanted, place.size())));
+    QVERIFY(room.contains(place));
+    // No further than it has to be.
+    const bool isShiftedAcross = wanted.x() < room.left() || window.x() > room.center().x();
+    QCOMPARE(place.top() == wanted.y(), isShiftedAcross);
+    QCOMPARE(place.left() == wanted.x(), !isShiftedAcross);
+    QVERIFY(place.right() == room.right() || place.bottom() == room.bottom()
+            || place.left() == room.left());
+}
+
+void TestLumoMenuManager::menuThatJustFitsStandsAtItsButton()
+{
+    Scene scene(true);
+    const QRect room = QGuiApplication::primaryScreen()->availableGeometry();
+    scene.firstMenu->setFixedWidth(200);
+    scene.window.setGeometry(room.right() + 1 - 200 - 10, 100, 400, 300);
+    scene.start();
+    send(scene.first, QEvent::Enter);
+    QCOMPARE(scene.firstMenu->pos(), scene.window.mapToGlobal(QPoint(10, 20 + 30 - 1 + 3)));
+    QCOMPARE(scene.firstMenu->geometry().right(), room.right());
+}
+
+void TestLumoMenuManager::menuWiderThanTheScreenBeginsAtItsEdge()
+{
+    Scene scene(true);
+    const QRect room = QGuiApplication::primaryScreen()->availableGeometry();
+    scene.firstMenu->setFixedWidth(room.width() + 50);
+    scene.start();
+    send(scene.first, QEvent::Enter);
+    QCOMPARE(scene.firstMenu->x(), room.left());
 }
 
 void TestLumoMenuManager::menuWithoutParentIsNotMoved()
