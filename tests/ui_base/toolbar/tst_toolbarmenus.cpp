@@ -7,13 +7,9 @@
 #include "support/testcase.h"
 #include "support/testmain.h"
 #include "support/virtualorder.h"
-#include "ui_base/command/commandbag.h"
-#include "ui_base/command/commandgroup.h"
-#include "ui_base/command/flyoutcommand.h"
-#include "ui_base/command/testcommand.h"
 #include "ui_base/popup/widgetposcalculator.h"
 #include "ui_base/qtui/tooltip/tooltipobject.h"
-#include "ui_base/toolbar/menuscene.h"
+#include "ui_base/toolbar/commandtree.h"
 
 #include <lumo_common_res/String>
 
@@ -24,10 +20,14 @@
 #include <algorithm>
 #include <functional>
 
+using Lumo::Test::addCommand;
+using Lumo::Test::CommandsBar;
 using Lumo::Test::iconOf;
+using Lumo::Test::makeGroup;
 using Lumo::Test::MenuBar;
 using Lumo::Test::MenuScene;
-using Lumo::Test::TestCommand;
+using Lumo::Test::partsOf;
+using Lumo::Test::Tree;
 using Vela::UiBase::ArrowedWindow;
 using Vela::UiBase::CommandBase;
 using Vela::UiBase::CommandGroup;
@@ -36,62 +36,32 @@ using Vela::UiBase::EDirection;
 using Vela::UiBase::EWidgetsAlign;
 using Vela::UiBase::FloatingLayer;
 using Vela::UiBase::FlyoutBase;
-using Vela::UiBase::FlyoutCommand;
 using Vela::UiBase::ToolBar;
 using Vela::UiBase::ToolBarPrivate;
 using Vela::UiBase::ToolBarUtil;
 using Vela::UiBase::ToolButton;
 using Vela::UiBase::ToolButtonWithButtonMenu;
 using Vela::UiBase::ToolButtonWithMenu;
-using Vela::UiBase::ToolButtonWithMenuPrivate;
 using Vela::UiBase::ToolButtonWithWidgetMenu;
 
 namespace {
 
-const QString tools = QStringLiteral("tools");
+const QString tools = Lumo::Test::toolsGroup();
 
-/// A command with a panel.
-class Smooth : public FlyoutCommand
+/// Knows the operations for subclasses by their addresses.
+class Operations : public CommandsBar
 {
 public:
-    Smooth(const QString &id, QWidget *panel)
-        : FlyoutCommand(panel, nullptr)
-        , m_id(id)
-    { }
-    const QString commandId() const override { return m_id; }
-    bool onExecuteAsync(bool) override { return true; }
-    void onBegin() override { ++begins; }
-    void onFinalize() override { ++ends; }
-
-    int begins = 0;
-    int ends = 0;
-
-private:
-    QString m_id;
-};
-
-/// A bar that lets the operations for subclasses be called, and records which sub menus it dismisses.
-class CommandsBar : public MenuBar
-{
-public:
-    using MenuBar::MenuBar;
-    using ToolBar::AddButton;
-    using ToolBar::AddCommandGroup;
-    using ToolBar::AddSingleCommand;
-    using ToolBar::CreateSubToolBar;
-    using ToolBar::OnDismissWidgetMenu;
-
-    static bool operationsStandInTheirOrder()
+    static bool standInTheirOrder()
     {
         return Lumo::Test::standInThisOrder(
             static_cast<ToolButton *(ToolBar::*)(CommandGroup *, CommandGroup *)>(
-                &CommandsBar::AddCommandGroup),
-            static_cast<ToolButton *(ToolBar::*)(CommandGroup *)>(&CommandsBar::AddCommandGroup),
+                &Operations::AddCommandGroup),
+            static_cast<ToolButton *(ToolBar::*)(CommandGroup *)>(&Operations::AddCommandGroup),
             &ToolBar::RemoveCommand, &ToolBar::AutoPosition,
-            static_cast<bool (ToolBar::*)()>(&ToolBar::Hovered), &CommandsBar::AddSingleCommand,
-            &CommandsBar::RemoveSingleCommand, &CommandsBar::CreateSubToolBar,
-            &CommandsBar::AddButton, &CommandsBar::OnDismissWidgetMenu,
-            &CommandsBar::ButtonIconSizeDiff);
+            static_cast<bool (ToolBar::*)()>(&ToolBar::Hovered), &Operations::AddSingleCommand,
+            &Operations::RemoveSingleCommand, &Operations::CreateSubToolBar, &Operations::AddButton,
+            &Operations::OnDismissWidgetMenu, &Operations::ButtonIconSizeDiff);
     }
 };
 
@@ -117,28 +87,6 @@ protected:
     }
 };
 
-std::shared_ptr<CommandGroup> makeGroup(const QString &name)
-{
-    auto group = std::make_shared<CommandGroup>(QString(), name, name);
-    group->setBaseGroupName(tools);
-    group->setIcon(iconOf(Qt::gray));
-    return group;
-}
-
-TestCommand *addCommand(CommandGroup &group, const QString &id, int rank = 0)
-{
-    auto *const command = new TestCommand(id);
-    command->setBaseGroupName(tools);
-    command->setIcon(iconOf(Qt::green));
-    group.addCommand(command, rank);
-    return command;
-}
-
-ToolBarPrivate &partsOf(ToolBar &bar)
-{
-    return ToolButtonWithMenuPrivate::partsOf(bar);
-}
-
 QStringList textsOn(ToolBar *bar, bool includeSubMenus = false)
 {
     QStringList texts;
@@ -146,69 +94,6 @@ QStringList textsOn(ToolBar *bar, bool includeSubMenus = false)
         texts << button->objectName();
     return texts;
 }
-
-/// A tree of groups with the commands and the menus for them. On the bar stand a command, the group
-/// "line" and the group "grid"; the line holds a command, a virtual group of two, a flyout and the
-/// group "inner", which holds two commands and a flyout; the grid holds three commands, the second
-/// of which stands in the fourth cell.
-class Tree : public MenuScene
-{
-public:
-    Tree()
-    {
-        top->setToolbar(commandsBar);
-        addCommand(*top, QStringLiteral("open"), 1);
-        line->setGrid(false);
-        grid->setGridSize(2);
-        top->addCommand(line, 2);
-        top->addCommand(grid, 3);
-        addCommand(*line, QStringLiteral("cut"), 1);
-        virtualGroup->setVirtualGroup(true);
-        addCommand(*virtualGroup, QStringLiteral("copy"), 2);
-        addCommand(*virtualGroup, QStringLiteral("paste"), 3);
-        line->addCommand(virtualGroup);
-        line->addCommand(smooth, 4);
-        line->addCommand(inner, 5);
-        inner->setGrid(false);
-        addCommand(*inner, QStringLiteral("up"), 1);
-        addCommand(*inner, QStringLiteral("down"), 2);
-        inner->addCommand(measure, 3);
-        addCommand(*grid, QStringLiteral("one"), 1);
-        addCommand(*grid, QStringLiteral("two"), 4);
-        addCommand(*grid, QStringLiteral("three"), 2);
-        smooth->setBaseGroupName(tools);
-        measure->setBaseGroupName(tools);
-        smooth->setObjectName(QStringLiteral("smooth"));
-        measure->setObjectName(QStringLiteral("measure"));
-    }
-    // The bars go with their buttons, which these outlive.
-    ~Tree() { window.reset(); }
-
-    void build() { commandsBar->ToolBar::AddCommandGroup(top.get()); }
-
-    static ToolButtonWithButtonMenu *buttonOf(const std::shared_ptr<CommandGroup> &group)
-    {
-        return qobject_cast<ToolButtonWithButtonMenu *>(group->toolButton());
-    }
-    static ToolButtonWithWidgetMenu *buttonOf(const std::shared_ptr<Smooth> &command)
-    {
-        return qobject_cast<ToolButtonWithWidgetMenu *>(command->toolButton());
-    }
-    CommandBase *command(const QString &id) const { return top->getCommand(id); }
-
-    QPointer<FlyoutBase> smoothPanel = flyout();
-    QPointer<FlyoutBase> measurePanel = flyout();
-    QPointer<CommandsBar> commandsBar = new CommandsBar(window.get(), Qt::LeftToolBarArea);
-    std::shared_ptr<CommandGroup> top = makeGroup(QStringLiteral("top"));
-    std::shared_ptr<CommandGroup> line = makeGroup(QStringLiteral("line"));
-    std::shared_ptr<CommandGroup> grid = makeGroup(QStringLiteral("grid"));
-    std::shared_ptr<CommandGroup> inner = makeGroup(QStringLiteral("inner"));
-    std::shared_ptr<CommandGroup> virtualGroup = makeGroup(QStringLiteral("virtual"));
-    std::shared_ptr<Smooth> smooth =
-        std::make_shared<Smooth>(QStringLiteral("smooth"), smoothPanel);
-    std::shared_ptr<Smooth> measure =
-        std::make_shared<Smooth>(QStringLiteral("measure"), measurePanel);
-};
 
 /// The pixel in the middle of the gap that follows the button on its bar.
 QColor colourBelow(const ToolButton &button)
@@ -300,7 +185,7 @@ void TestToolBarMenus::initTestCase()
 
 void TestToolBarMenus::operationsStandInTheirOrder()
 {
-    QVERIFY(CommandsBar::operationsStandInTheirOrder());
+    QVERIFY(Operations::standInTheirOrder());
 }
 
 void TestToolBarMenus::menuOfButtonsIsAdded()
