@@ -3,9 +3,13 @@
 
 #include "ui_base/command/childactions_p.h"
 
+#include "ui_base/command/commandbase.h"
+
 #include <QAction>
 #include <QActionGroup>
 #include <QMetaMethod>
+
+#include <memory>
 
 namespace Vela::UiBase::Internal {
 namespace {
@@ -17,6 +21,12 @@ const QMetaMethod &slotForChanges()
     static const QMetaObject &meta = QActionGroup::staticMetaObject;
     static const QMetaMethod slot = meta.method(meta.indexOfSlot("_q_actionChanged()"));
     return slot;
+}
+
+std::shared_ptr<const void> ownerOf(const QActionGroup &group)
+{
+    auto *const owner = qobject_cast<CommandBase *>(group.parent());
+    return owner ? owner->weak_from_this().lock() : nullptr;
 }
 
 bool disconnectFromSlot(QActionGroup *group, QAction *action)
@@ -36,8 +46,11 @@ void addToGroup(QActionGroup *group, QAction *action)
     // In a direct connection of the group, the group finds the sender.
     const auto hear = [group, action] {
         const bool isKnown = action->isChecked() == (action == group->checkedAction());
-        if (!isKnown && action->actionGroup() == group)
-            slotForChanges().invoke(group, Qt::DirectConnection);
+        if (isKnown || action->actionGroup() != group)
+            return;
+        // The sibling that this unchecks can let go of the commands in its run.
+        const auto owner = ownerOf(*group);
+        slotForChanges().invoke(group, Qt::DirectConnection);
     };
     QObject::connect(action, &QAction::changed, group, hear, Qt::DirectConnection);
 }

@@ -154,6 +154,7 @@ private Q_SLOTS:
     void enabledChildIsFoundWhereverItStands();
     void checkedActionFollowsTheChildren();
     void otherChildIsUncheckedBeforeTheNewOneIsHeard();
+    void siblingMayLetGoOfTheGroupThatUnchecksIt();
     void childrenOfAGroupThatIsNotExclusiveStayChecked();
     void actionBesideTheChildrenExcludesThem();
     void removedChildExcludesNoOther();
@@ -622,6 +623,27 @@ void TestCommandGroup::otherChildIsUncheckedBeforeTheNewOneIsHeard()
     QCOMPARE(order,
              QStringList({QStringLiteral("first off"), QStringLiteral("changed"),
                           QStringLiteral("second on")}));
+}
+
+void TestCommandGroup::siblingMayLetGoOfTheGroupThatUnchecksIt()
+{
+    auto group = makeGroup();
+    TestCommand *const first = addTo(*group, cut);
+    const auto second = std::make_shared<TestCommand>(copy);
+    group->addCommand(second);
+    first->setCheckable(true);
+    second->setCheckable(true);
+    first->setChecked(true);
+    const QPointer<CommandGroup> alive = group.get();
+    bool wasAlive = false;
+    connect(first, &QAction::toggled, this, [&] {
+        group.reset();
+        wasAlive = alive;
+    });
+    second->setChecked(true);
+    QVERIFY(wasAlive);
+    QVERIFY(!alive);
+    QVERIFY(second->isChecked());
 }
 
 void TestCommandGroup::childrenOfAGroupThatIsNotExclusiveStayChecked()
