@@ -643,6 +643,10 @@ ToolBar::ToolBar(ToolBarPrivate &dd, QWidget *parent, Qt::ToolBarArea area, int 
 
 ToolBar::~ToolBar()
 {
+    Q_D(ToolBar);
+    // What stands in menus tells of its popups to this bar too, and goes with its buttons.
+    for (const ToolButton *const button : d->CollectButtons<ToolButton>(true))
+        disconnect(button, nullptr, this, nullptr);
     // They go after the private part, which they would sign off from, and may close their popups.
     for (ToolButton *const button : findChildren<ToolButton *>()) {
         disconnect(button, nullptr, this, nullptr);

@@ -66,6 +66,10 @@ public:
     /// Appends the buttons of the bar, by the names of their groups and in the order of adding.
     void AddButtonsToList(QList<ToolButton *> &list, bool includeSubMenus) const;
 
+    /// Hides a widget. Of a bar the menus are closed before: whoever hears of that may delete the bar,
+    /// which Qt does not bear while it hides a widget.
+    static void hide(QWidget *widget);
+
     /// Marks all paths as out of date; they are worked out before the next painting.
     void UpdatePathMaps();
     /// Marks the separators alone as out of date.
@@ -222,6 +226,7 @@ private:
     void cutOutLayer();
 
     bool isSliding = false;
+    bool hasClosedMenus = false; ///< before it is hidden
     bool isLockedBySlide = false;
     const QPixmap &loaded(QPixmap &pixmap, const QString &file) const;
 

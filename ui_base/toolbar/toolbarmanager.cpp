@@ -205,7 +205,9 @@ void ToolbarManagerPrivate::addCommand(CommandBase *command, CommandGroup *group
         return;
     if (hasButton)
         addToolbar(bar);
-    bar->hide();
+    ToolBarPrivate::hide(bar);
+    if (!self || !bar)
+        return;
     if (!hasButton && !existed)
         endFloating(bar);
 }
@@ -235,7 +237,7 @@ void ToolbarManagerPrivate::removeToolbar(ToolBar *bar)
     const QPointer<ToolbarManager> self(q_ptr);
     const QPointer<ToolBar> leaving(bar);
     forgetToolbar(bar);
-    bar->setVisible(false);
+    ToolBarPrivate::hide(bar);
     if (self)
         calcInnerToolbarPositions();
     // Never shown by this: all of them may be hidden at the host's wish.
@@ -350,8 +352,10 @@ void ToolbarManagerPrivate::onCommandGroupStateChanged(CommandGroup *group, bool
 void ToolbarManagerPrivate::setToolbarVisible(ToolBar *bar)
 {
     const QPointer<ToolbarManager> self(q_ptr);
-    if (bar)
-        bar->setVisible(toolbarActive.value(bar));
+    if (toolbarActive.value(bar))
+        bar->show();
+    else if (bar)
+        ToolBarPrivate::hide(bar);
     if (self)
         calcInnerToolbarPositions();
 }
@@ -480,7 +484,7 @@ void ToolbarManager::setVisible(bool visible)
     const auto separators = guarded(d->separators);
     for (const QPointer<ToolBar> &bar : bars) {
         if (bar)
-            bar->setVisible(false);
+            ToolBarPrivate::hide(bar);
     }
     for (const QPointer<QLabel> &separator : separators) {
         if (separator)

@@ -14,9 +14,9 @@
 #include "ui_base/toolbar/buttonline_p.h"
 #include "ui_base/toolbar/toolbarutil.h"
 #include "ui_base/toolbar/toolbutton_p.h"
-#include "ui_base/toolbar/toolbuttonwithbuttonmenu.h"
+#include "ui_base/toolbar/toolbuttonwithbuttonmenu_p.h"
 #include "ui_base/toolbar/toolbuttonwithmenu_p.h"
-#include "ui_base/toolbar/toolbuttonwithwidgetmenu.h"
+#include "ui_base/toolbar/toolbuttonwithwidgetmenu_p.h"
 
 #include <lumo_common_res/String>
 
@@ -46,6 +46,13 @@ ToolButtonWithWidgetMenu *ToolBar::AddAction(QAction *action, QWidget *menuWidge
     Q_D(ToolBar);
     if (!action || !menuWidget)
         return nullptr;
+    // Not while the new button is made: what hears that a popup closes may delete the bar.
+    const QPointer<ToolBar> self(this);
+    const QPointer<QAction> guardedAction(action);
+    const QPointer<QWidget> guardedWidget(menuWidget);
+    ToolButtonWithWidgetMenuPrivate::takeFromButton(menuWidget);
+    if (!self || !guardedAction || !guardedWidget)
+        return nullptr;
     QtUiToolkit::Instance().UpdateIconSize(action, d->iconSize);
     QWidget *const parent = d->parentForNewButton(groupName);
     QPointer<ToolButtonWithWidgetMenu> button;
@@ -68,6 +75,14 @@ ToolButtonWithButtonMenu *ToolBar::AddAction(QAction *action, const QIcon &icon,
     Q_D(ToolBar);
     if (!menu || d->standsOn(menu))
         return nullptr;
+    const QPointer<ToolBar> self(this);
+    const QPointer<QAction> guardedAction(action);
+    const QPointer<ToolBar> guardedMenu(menu);
+    ToolButtonWithButtonMenuPrivate::takeFromButton(*menu);
+    if (guardedMenu)
+        ToolBarPrivate::hide(menu);
+    if (!self || !guardedMenu)
+        return nullptr;
     const QIcon sized = QtUiToolkit::Instance().UpdateIconSize(icon, d->iconSize);
     QWidget *const parent = d->parentForNewButton(groupName);
     QPointer<ToolButtonWithButtonMenu> button;
@@ -77,12 +92,12 @@ ToolButtonWithButtonMenu *ToolBar::AddAction(QAction *action, const QIcon &icon,
     }
     menu->d_func()->hideOnButtonClick = hideOnClick;
     OnButtonCreated(button, groupName, useTooltipDefaults, useMenuDefaults, rank);
-    if (!button)
-        return nullptr;
+    if (!button || !guardedMenu)
+        return button;
     menu->SetButtonSize(d->buttonSize);
-    if (action)
-        button->setDefaultAction(action);
-    d->setFullIcon(button, action, sized);
+    if (guardedAction)
+        button->setDefaultAction(guardedAction);
+    d->setFullIcon(button, guardedAction, sized);
     return button;
 }
 
@@ -328,7 +343,7 @@ void ToolBarPrivate::hideAfterClick(const ToolButtonWithMenu *clicked)
     Q_Q(ToolBar);
     if (!parentButton) {
         if (!clicked)
-            q->hide();
+            hide(q);
         return;
     }
     if (auto *const owner = qobject_cast<ToolButtonWithMenu *>(parentButton))

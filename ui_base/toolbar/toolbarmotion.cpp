@@ -180,7 +180,7 @@ void ToolBar::OnHideAnimationDone()
 {
     Q_D(ToolBar);
     d->isSliding = false;
-    hide();
+    ToolBarPrivate::hide(this);
 }
 
 bool ToolBar::InShowMode()
@@ -189,6 +189,23 @@ bool ToolBar::InShowMode()
     if (!isVisible())
         d->inShowMode = false;
     return d->inShowMode;
+}
+
+void ToolBarPrivate::hide(QWidget *widget)
+{
+    auto *const bar = qobject_cast<ToolBar *>(widget);
+    if (!bar || !bar->isVisible()) {
+        widget->hide();
+        return;
+    }
+    const QPointer<ToolBar> guard(bar);
+    bar->HideAllButtonMenusExcept(bar->d_func()->keepMenuStateOnHide, nullptr);
+    if (!guard)
+        return;
+    bar->d_func()->hasClosedMenus = true;
+    bar->hide();
+    if (guard)
+        bar->d_func()->hasClosedMenus = false;
 }
 
 void ToolBar::ShowMe()
@@ -204,7 +221,7 @@ void ToolBar::HideMe(bool keepMenuState)
     const QPointer<ToolBar> self(this);
     d->hideMenus(d->menuButtons(true), keepMenuState, nullptr);
     if (self)
-        hide();
+        ToolBarPrivate::hide(this);
 }
 
 bool ToolBar::event(QEvent *event)
@@ -287,7 +304,8 @@ void ToolBar::showEvent(QShowEvent *event)
 void ToolBar::hideEvent(QHideEvent *event)
 {
     Q_D(ToolBar);
-    HideAllButtonMenusExcept(d->keepMenuStateOnHide, nullptr);
+    if (!d->hasClosedMenus)
+        HideAllButtonMenusExcept(d->keepMenuStateOnHide, nullptr);
     QWidget::hideEvent(event);
 }
 

@@ -97,10 +97,8 @@ void ToolButtonWithButtonMenuPrivate::setMenu(ToolBar *next)
         return;
     const QPointer<ToolButtonWithButtonMenu> self(q);
     const QPointer<ToolBar> bar(next);
-    auto *const other =
-        qobject_cast<ToolButtonWithButtonMenu *>(partsOf(*next).parentButton.data());
-    if (other && other != q)
-        other->d_func()->letMenuGo();
+    if (partsOf(*next).parentButton != q)
+        takeFromButton(*next);
     if (!self || !bar)
         return;
     if (menu != next) {
@@ -128,6 +126,13 @@ void ToolButtonWithButtonMenuPrivate::takeMenu(ToolBar *next)
         if (menu == dead)
             menu = nullptr;
     });
+}
+
+void ToolButtonWithButtonMenuPrivate::takeFromButton(ToolBar &bar)
+{
+    if (auto *const owner =
+            qobject_cast<ToolButtonWithButtonMenu *>(partsOf(bar).parentButton.data()))
+        owner->d_func()->letMenuGo();
 }
 
 void ToolButtonWithButtonMenuPrivate::letMenuGo()
@@ -325,7 +330,7 @@ void ToolButtonWithButtonMenu::OnEnterExtendMode(ToolButton *child)
     d->inExtendMode = true;
     d->extendButton = child;
     if (d->menu)
-        d->menu->hide();
+        ToolBarPrivate::hide(d->menu);
     if (!self || !shown)
         return;
     if (d->ownIconShown) {

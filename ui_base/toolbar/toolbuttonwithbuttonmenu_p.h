@@ -22,6 +22,9 @@ public:
 
     /// The buttons of the menu, those of its own menus left out.
     QList<ToolButton *> subButtons() const;
+    /// Takes a menu from the button that opens it, if there is one. What that runs may delete
+    /// anything.
+    static void takeFromButton(ToolBar &bar);
 
     bool extendMode = false;   ///< buttons of the menu open their popups from this one
     bool inExtendMode = false; ///< one of them does so now

@@ -273,7 +273,7 @@ void ToolButtonWithMenu::HideMenu()
     if (!self || !d->menu)
         return;
     const bool wasVisible = d->menu->isVisible();
-    d->menu->hide();
+    ToolBarPrivate::hide(d->menu);
     if (!self)
         return;
     d->enableTooltip(true);

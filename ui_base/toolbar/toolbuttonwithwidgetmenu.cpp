@@ -95,7 +95,8 @@ void ToolButtonWithWidgetMenuPrivate::setMenu(QWidget *widget, bool useArrowedWi
         return;
     const QPointer<ToolButtonWithWidgetMenu> self(q);
     const QPointer<QWidget> next(widget);
-    takeFromOtherButton(widget);
+    if (buttonOf(widget) != q)
+        takeFromButton(widget);
     if (self && next)
         dropFormer(widget);
     if (!self || !next)
@@ -108,15 +109,24 @@ void ToolButtonWithWidgetMenuPrivate::setMenu(QWidget *widget, bool useArrowedWi
     placeWidget(widget, useArrowedWindow);
 }
 
-void ToolButtonWithWidgetMenuPrivate::takeFromOtherButton(QWidget *widget)
+ToolButtonWithWidgetMenu *ToolButtonWithWidgetMenuPrivate::buttonOf(const QWidget *widget)
 {
-    auto *const other = qobject_cast<ToolButtonWithWidgetMenu *>(
+    return qobject_cast<ToolButtonWithWidgetMenu *>(
         widget->property(MenuButtonProperty).value<QWidget *>());
-    if (!other || other == q_func())
+}
+
+// It goes home, where the next button finds it.
+void ToolButtonWithWidgetMenuPrivate::takeFromButton(QWidget *widget)
+{
+    ToolButtonWithWidgetMenu *const button = buttonOf(widget);
+    if (!button)
         return;
-    const QPointer<QWidget> former = other->d_func()->formerParent;
-    other->d_func()->letWidgetGo();
-    setFormerParent(former);
+    const QPointer<QWidget> guard(widget);
+    const QPointer<QWidget> home = button->d_func()->formerParent;
+    const bool wasWrapped = button->d_func()->isWrapped();
+    button->d_func()->letWidgetGo();
+    if (guard && home && wasWrapped)
+        guard->setParent(home);
 }
 
 // Lets go of the widget, which lives on.

@@ -16,6 +16,10 @@ class LUMO_UI_BASE_EXPORT ToolButtonWithWidgetMenuPrivate : public ToolButtonWit
     Q_DECLARE_PUBLIC(ToolButtonWithWidgetMenu)
 
 public:
+    /// Takes a widget from the button that opens it, if there is one. What that runs may delete
+    /// anything.
+    static void takeFromButton(QWidget *widget);
+
     QPointer<ArrowedWindow> arrowedWindow;
     QPointer<QWidget> menuWidget;       ///< as the caller gave it
     QPointer<QWidget> extendController; ///< the button that stands in for this one
@@ -27,7 +31,7 @@ private:
     bool isWrapped() const;
     bool canOpen(const QWidget *widget) const;
     void setMenu(QWidget *widget, bool useArrowedWindow);
-    void takeFromOtherButton(QWidget *widget);
+    static ToolButtonWithWidgetMenu *buttonOf(const QWidget *widget);
     void dropFormer(const QWidget *next);
     void placeWidget(QWidget *widget, bool useArrowedWindow);
     void connectFlyout(FlyoutBase *flyout);

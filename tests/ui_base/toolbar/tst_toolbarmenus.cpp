@@ -175,6 +175,11 @@ private Q_SLOTS:
     void clickMayEndAnything();
     void visibilityMayEndAnything_data();
     void visibilityMayEndAnything();
+    void closingSubMenuMayEndAnything_data();
+    void closingSubMenuMayEndAnything();
+    void takingOverAPopupMayEndTheBar_data();
+    void takingOverAPopupMayEndTheBar();
+    void barThatEndsHearsNothingOfItsMenus();
     void endsWhileItSlides();
 };
 
@@ -1194,6 +1199,104 @@ void TestToolBarMenus::visibilityMayEndAnything()
             tree.commandsBar->HideMe(false);
         QCoreApplication::processEvents();
     }
+}
+
+void TestToolBarMenus::closingSubMenuMayEndAnything_data()
+{
+    QTest::addColumn<QString>("how");
+    QTest::addColumn<QString>("ended");
+    for (const char *const how : {"menu", "outside", "bar", "extend", "click"}) {
+        for (const char *const ended : {"bar", "window", "menu", "inner"})
+            QTest::addRow("%s closes, %s ends", how, ended)
+                << QString::fromLatin1(how) << QString::fromLatin1(ended);
+    }
+}
+
+// The menu of a menu closes because the one that it stands on does.
+void TestToolBarMenus::closingSubMenuMayEndAnything()
+{
+    QFETCH(QString, how);
+    QFETCH(QString, ended);
+    MenuScene scene;
+    QPointer<MenuBar> menu = scene.menu();
+    QPointer<MenuBar> inner = scene.menu();
+    ToolButton *const plain = menu->AddAction(scene.action());
+    ToolButtonWithButtonMenu *const innerButton =
+        menu->AddAction(nullptr, iconOf(Qt::gray), inner, true);
+    ToolButtonWithButtonMenu *const button = scene.addMenu(menu);
+    button->ShowMenu();
+    innerButton->ShowMenu();
+    bool hasEnded = false;
+    connect(innerButton, &ToolButtonWithMenu::ButtonMenuVisibilityChange, this, [&] {
+        hasEnded = true;
+        if (ended == QStringLiteral("bar"))
+            delete scene.bar;
+        else if (ended == QStringLiteral("window"))
+            scene.window.reset();
+        else
+            delete (ended == QStringLiteral("menu") ? menu : inner);
+    });
+    if (how == QStringLiteral("menu"))
+        button->HideMenu();
+    else if (how == QStringLiteral("outside"))
+        scene.bar->OnMouseClickedOutside();
+    else if (how == QStringLiteral("bar"))
+        scene.bar->HideMe(true);
+    else if (how == QStringLiteral("extend"))
+        button->OnEnterExtendMode(plain);
+    else
+        plain->click();
+    QVERIFY(hasEnded);
+    QCoreApplication::processEvents();
+    const bool endsAll = ended == QStringLiteral("bar") || ended == QStringLiteral("window");
+    QCOMPARE(scene.bar.isNull(), endsAll);
+    QCOMPARE(menu.isNull(), endsAll || ended == QStringLiteral("menu"));
+    QVERIFY(!inner);
+}
+
+void TestToolBarMenus::takingOverAPopupMayEndTheBar_data()
+{
+    QTest::addColumn<bool>("isMenu");
+    QTest::newRow("menu of buttons") << true;
+    QTest::newRow("widget") << false;
+}
+
+void TestToolBarMenus::takingOverAPopupMayEndTheBar()
+{
+    QFETCH(bool, isMenu);
+    MenuScene scene;
+    // Left without a button it is the caller's again.
+    const std::unique_ptr<MenuBar> kept(scene.menu());
+    MenuBar *const menu = kept.get();
+    auto *const widget = new QWidget(scene.window.get());
+    ToolButtonWithMenu *owner = nullptr;
+    if (isMenu)
+        owner = scene.bar->AddAction(nullptr, iconOf(Qt::gray), menu, true);
+    else
+        owner = scene.bar->AddAction(scene.action(), widget);
+    QPointer<MenuBar> other = new MenuBar(scene.window.get(), Qt::RightToolBarArea);
+    owner->ShowMenu();
+    connect(scene.bar, &ToolBar::ButtonMenuVisibilityChange, this, [&other] { delete other; });
+    QAction *const action = scene.action();
+    if (isMenu)
+        QCOMPARE(other->AddAction(action, iconOf(Qt::gray), menu, true), nullptr);
+    else
+        QCOMPARE(other->AddAction(action, widget), nullptr);
+    QVERIFY(!other);
+    QVERIFY(!owner->IsMenuShowing());
+}
+
+void TestToolBarMenus::barThatEndsHearsNothingOfItsMenus()
+{
+    Tree tree;
+    tree.build();
+    tree.commandsBar->show();
+    Tree::buttonOf(tree.line)->ShowMenu();
+    Tree::buttonOf(tree.inner)->ShowMenu();
+    Tree::buttonOf(tree.measure)->ToolButtonWithMenu::ShowMenu();
+    const QSignalSpy told(tree.commandsBar, &ToolBar::ButtonMenuVisibilityChange);
+    delete tree.commandsBar;
+    QCOMPARE(told.count(), 0);
 }
 
 void TestToolBarMenus::endsWhileItSlides()

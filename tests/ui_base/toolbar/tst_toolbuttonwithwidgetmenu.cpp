@@ -122,6 +122,7 @@ private Q_SLOTS:
     void widgetOfAnotherButtonIsTakenOver();
     void windowWithoutPopupStaysHidden();
     void widgetGoesBackToItsParent();
+    void widgetOfAnotherButtonGoesBackToItsParent();
     void widgetWithoutParentGoesToThatOfTheBar();
     void widgetThatDiesClosesThePopup_data();
     void widgetThatDiesClosesThePopup();
@@ -352,6 +353,22 @@ void TestToolButtonWithWidgetMenu::widgetGoesBackToItsParent()
     // And can be given to a button once more.
     scene.bar->AddAction(scene.action(), mine)->ShowMenu();
     QVERIFY(mine->isVisible());
+}
+
+void TestToolButtonWithWidgetMenu::widgetOfAnotherButtonGoesBackToItsParent()
+{
+    Scene scene;
+    auto *const owner = new QWidget(scene.window.get());
+    const QPointer<QWidget> mine = new QWidget(owner);
+    scene.bar->AddAction(scene.action(), mine.data());
+    ToolButtonWithWidgetMenu *const next =
+        scene.bar->AddAction(scene.action(), new QWidget(scene.window.get()));
+    next->SetMenu(mine, true);
+    next->ShowMenu();
+    QVERIFY(mine->isVisible());
+    delete next;
+    QVERIFY(mine);
+    QCOMPARE(mine->parentWidget(), owner);
 }
 
 void TestToolButtonWithWidgetMenu::widgetWithoutParentGoesToThatOfTheBar()
