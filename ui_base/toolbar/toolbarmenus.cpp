@@ -61,7 +61,7 @@ ToolButtonWithWidgetMenu *ToolBar::AddAction(QAction *action, QWidget *menuWidge
         button = new ToolButtonWithWidgetMenu(action, this, menuWidget, parent);
     }
     OnButtonCreated(button, groupName, useTooltipDefaults, useMenuDefaults, rank);
-    auto *const flyout = qobject_cast<FlyoutBase *>(menuWidget);
+    auto *const flyout = qobject_cast<FlyoutBase *>(guardedWidget);
     if (button && flyout)
         flyout->SetToolButton(button);
     return button;

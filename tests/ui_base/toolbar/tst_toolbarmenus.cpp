@@ -179,6 +179,8 @@ private Q_SLOTS:
     void closingSubMenuMayEndAnything();
     void takingOverAPopupMayEndTheBar_data();
     void takingOverAPopupMayEndTheBar();
+    void newButtonMayEndAnything_data();
+    void newButtonMayEndAnything();
     void barThatEndsHearsNothingOfItsMenus();
     void endsWhileItSlides();
 };
@@ -1284,6 +1286,44 @@ void TestToolBarMenus::takingOverAPopupMayEndTheBar()
         QCOMPARE(other->AddAction(action, widget), nullptr);
     QVERIFY(!other);
     QVERIFY(!owner->IsMenuShowing());
+}
+
+void TestToolBarMenus::newButtonMayEndAnything_data()
+{
+    QTest::addColumn<bool>("isMenu");
+    QTest::addColumn<QString>("ended");
+    for (const bool isMenu : {false, true}) {
+        for (const char *const ended : {"bar", "window", "popup", "button"})
+            QTest::addRow("%s, %s ends", isMenu ? "menu" : "flyout", ended)
+                << isMenu << QString::fromLatin1(ended);
+    }
+}
+
+void TestToolBarMenus::newButtonMayEndAnything()
+{
+    QFETCH(bool, isMenu);
+    QFETCH(QString, ended);
+    MenuScene scene;
+    QAction *const action = scene.action();
+    QPointer<FlyoutBase> flyout = scene.flyout();
+    QPointer<MenuBar> menu = scene.menu();
+    const std::unique_ptr<MenuBar> unused(isMenu ? nullptr : menu.data());
+    connect(scene.bar, &ToolBar::LayoutChanged, this, [&] {
+        if (ended == QStringLiteral("bar"))
+            delete scene.bar;
+        else if (ended == QStringLiteral("window"))
+            scene.window.reset();
+        else if (ended == QStringLiteral("button"))
+            delete scene.bar->findChild<ToolButtonWithMenu *>();
+        else if (isMenu)
+            delete menu;
+        else
+            delete flyout;
+    });
+    const ToolButton *const button = isMenu
+        ? static_cast<ToolButton *>(scene.bar->AddAction(action, iconOf(Qt::gray), menu, true))
+        : static_cast<ToolButton *>(scene.bar->AddAction(action, flyout.data()));
+    QCOMPARE(button != nullptr, ended == QStringLiteral("popup"));
 }
 
 void TestToolBarMenus::barThatEndsHearsNothingOfItsMenus()
