@@ -40,6 +40,11 @@ private Q_SLOTS:
     void resetReachesSettingsAndCommand();
     void windowFollowsTheAdvancedSection();
     void informationHangsBeneathThePanel();
+    void roomIsKeptForASidePanel();
+    void wholeRoadFromBeginToEnd_data();
+    void wholeRoadFromBeginToEnd();
+    void escapeEndsEveryState_data();
+    void escapeEndsEveryState();
     void escapeClosesWhatIsIdleAndStopsWhatIsBusy_data();
     void escapeClosesWhatIsIdleAndStopsWhatIsBusy();
     void escapeOfAClosedPanelDoesNothing();
@@ -83,6 +88,101 @@ void addCloseSteps()
         }
     }
 }
+
+/// A panel that the host shows at the right of the settings.
+QWidget *addSidePanel(const FlyoutRoad &road)
+{
+    auto *const side = new QWidget(road.window.get());
+    side->setFixedSize(300, 80);
+    side->hide();
+    road.smooth->panel->AddSubWidget(side, EDirection::Right);
+    return side;
+}
+
+void showSidePanel(const FlyoutRoad &road, QWidget *side)
+{
+    side->show();
+    Q_EMIT road.smooth->panel->SubWidgetVisibilityChanged(true);
+    const QRect panel = onScreen(*road.smooth->panel);
+    side->move(road.window->mapFromGlobal(panel.topRight() + QPoint(1, 0)));
+}
+
+/// What the user may have done before Escape; the panel is open afterwards.
+struct OpenState
+{
+    const char *name;
+    bool isBusy;
+    void (*reach)(FlyoutRoad &road);
+};
+
+void openAsUser(FlyoutRoad &road)
+{
+    road.open(*road.smooth);
+}
+
+void beginWork(const FlyoutRoad &road)
+{
+    clickPart(*road.smooth, "apply_button");
+    QTRY_VERIFY(road.smooth->worksBegun.load() > 0);
+}
+
+void openByKey(FlyoutRoad &road)
+{
+    QTest::keyClick(road.window.get(), Qt::Key_M, Qt::ControlModifier);
+    road.settle();
+    road.log.take();
+    QVERIFY(road.smooth->panel->isVisible());
+}
+
+void openWith(FlyoutRoad &road, const char *name)
+{
+    openAsUser(road);
+    clickPart(*road.smooth, name);
+}
+
+const OpenState openStates[] = {
+    {"just opened", false, openAsUser},
+    {"opened by its key", false, openByKey},
+    {"opened from code", false,
+     [](FlyoutRoad &road) {
+         road.smooth->trigger();
+         road.settle();
+         road.log.take();
+     }},
+    {"reset", false, [](FlyoutRoad &road) { openWith(road, "reset_button"); }},
+    {"advanced section", false, [](FlyoutRoad &road) { openWith(road, "advanced_button"); }},
+    {"information", false, [](FlyoutRoad &road) { openWith(road, "info_button"); }},
+    {"side panel", false,
+     [](FlyoutRoad &road) {
+         openAsUser(road);
+         showSidePanel(road, addSidePanel(road));
+     }},
+    {"after work", false,
+     [](FlyoutRoad &road) {
+         openAsUser(road);
+         beginWork(road);
+         road.smooth->letWorkEnd();
+         QTRY_VERIFY(!road.smooth->isRunning());
+         road.settle();
+         road.log.take();
+     }},
+    {"busy", true,
+     [](FlyoutRoad &road) {
+         openAsUser(road);
+         beginWork(road);
+     }},
+    {"busy, opened by its key", true,
+     [](FlyoutRoad &road) {
+         openByKey(road);
+         beginWork(road);
+     }},
+    {"busy, apply button that stops", true,
+     [](FlyoutRoad &road) {
+         road.smooth->panel->SetToggleApplyButtonEnabled(true);
+         openAsUser(road);
+         beginWork(road);
+     }},
+};
 
 } // namespace
 
@@ -274,6 +374,132 @@ void TestFlyoutRoad::informationHangsBeneathThePanel()
     QVERIFY(road.smooth->panel->isVisible());
     clickPart(*road.smooth, "close_button");
     QVERIFY(!road.info->isVisible());
+}
+
+void TestFlyoutRoad::roomIsKeptForASidePanel()
+{
+    FlyoutRoad road;
+    QVERIFY(road.isReady());
+    QWidget *const side = addSidePanel(road);
+    road.window->layout()->setAlignment(road.bar, Qt::AlignHCenter);
+    road.window->layout()->activate();
+    road.open(*road.smooth);
+    const QWidget *const frame = road.smooth->button->GetArrowedWindow();
+    const QRect alone = onScreen(*frame);
+    // The popup keeps 30 pixels off the edge of the window.
+    const int edge = onScreen(*road.window).right() - 30;
+    QVERIFY(alone.right() + side->width() > edge);
+    showSidePanel(road, side);
+    QCOMPARE(onScreen(*frame).right() + side->width(), edge);
+    QVERIFY(onScreen(*road.window).contains(onScreen(*side)));
+    QVERIFY(!onScreen(*side).intersects(onScreen(*road.smooth->panel)));
+    side->hide();
+    Q_EMIT road.smooth->panel->SubWidgetVisibilityChanged(false);
+    QCOMPARE(onScreen(*frame), alone);
+}
+
+void TestFlyoutRoad::wholeRoadFromBeginToEnd_data()
+{
+    QTest::addColumn<QString>("begin");
+    QTest::addColumn<bool>("checkable");
+    for (const char *const begin : {"click", "shortcut", "code"}) {
+        for (const bool checkable : {true, false})
+            QTest::addRow("%s%s", begin, checkable ? "" : ", plain")
+                << QString::fromLatin1(begin) << checkable;
+    }
+}
+
+void TestFlyoutRoad::wholeRoadFromBeginToEnd()
+{
+    QFETCH(QString, begin);
+    QFETCH(bool, checkable);
+    FlyoutRoad road(checkable);
+    QVERIFY(road.isReady());
+    RoadCommand &smooth = *road.smooth;
+    QWidget *const side = addSidePanel(road);
+    if (begin == QStringLiteral("click"))
+        clickOn(smooth.button);
+    else if (begin == QStringLiteral("shortcut"))
+        QTest::keyClick(road.window.get(), Qt::Key_M, Qt::ControlModifier);
+    else
+        smooth.trigger();
+    QTRY_VERIFY(smooth.panel->isVisible());
+    QTRY_VERIFY(!road.save->isEnabled());
+    road.settle();
+    QVERIFY(smooth.panel->isVisible());
+    QCOMPARE(smooth.button->isChecked(), checkable);
+    QCOMPARE(road.controller->runningCommand().get(), &smooth);
+    const QWidget *const frame = smooth.button->GetArrowedWindow();
+    QVERIFY(frame->isAncestorOf(smooth.panel));
+    QVERIFY(onScreen(*smooth.panel).top() > onScreen(*smooth.button).bottom());
+
+    clickPart(smooth, "apply_button");
+    QTRY_COMPARE(smooth.worksBegun.load(), 1);
+    QVERIFY(!part(smooth, "close_button")->isEnabled());
+    smooth.letWorkEnd();
+    QTRY_VERIFY(!smooth.isRunning());
+    QVERIFY(part(smooth, "close_button")->isEnabled());
+    clickPart(smooth, "reset_button");
+    QCOMPARE(smooth.resets, 1);
+    clickPart(smooth, "advanced_button");
+    QVERIFY(smooth.panel->AdvancedPanel()->isVisible());
+    clickPart(smooth, "info_button");
+    QVERIFY(road.info->isVisible());
+    showSidePanel(road, side);
+    QVERIFY(onScreen(*frame).contains(onScreen(*smooth.panel)));
+    road.settle();
+    QVERIFY(!road.save->isEnabled());
+
+    QTest::keyClick(smooth.panel->MainPanel(), Qt::Key_Escape);
+    QTRY_VERIFY(!frame->isVisible());
+    QTRY_VERIFY(road.save->isEnabled());
+    road.settle();
+    QVERIFY(!road.info->isVisible());
+    QVERIFY(!smooth.button->isChecked());
+    QVERIFY(!road.controller->runningCommand());
+    QCOMPARE(
+        road.log.take(),
+        QStringList({QStringLiteral("opened(smooth)"), QStringLiteral("began(smooth,false)"),
+                     QStringLiteral("ended(smooth,false)"), QStringLiteral("closed(smooth)")}));
+}
+
+void TestFlyoutRoad::escapeEndsEveryState_data()
+{
+    QTest::addColumn<int>("state");
+    QTest::addColumn<bool>("inPanel");
+    for (int i = 0; i < int(std::size(openStates)); ++i) {
+        QTest::addRow("%s, in the view", openStates[i].name) << i << false;
+        QTest::addRow("%s, in the panel", openStates[i].name) << i << true;
+    }
+}
+
+void TestFlyoutRoad::escapeEndsEveryState()
+{
+    QFETCH(int, state);
+    QFETCH(bool, inPanel);
+    FlyoutRoad road;
+    QVERIFY(road.isReady());
+    openStates[state].reach(road);
+    QVERIFY(road.smooth->panel->isVisible());
+    QVERIFY(!road.save->isEnabled());
+    QWidget *const target = inPanel ? road.smooth->panel->MainPanel() : road.view->getQtWidget();
+    QTest::keyClick(target, Qt::Key_Escape);
+    road.settle();
+    if (openStates[state].isBusy) {
+        QTRY_VERIFY(!road.smooth->isRunning());
+        QVERIFY(road.smooth->wasStopped);
+        QVERIFY(road.smooth->panel->isVisible());
+        QVERIFY(!road.save->isEnabled());
+        QTest::keyClick(target, Qt::Key_Escape);
+    }
+    QTRY_VERIFY(!road.smooth->panel->isVisible());
+    QTRY_VERIFY(road.save->isEnabled());
+    road.settle();
+    QVERIFY(!road.info->isVisible());
+    QVERIFY(!road.smooth->isChecked());
+    QVERIFY(!road.smooth->button->isChecked());
+    QVERIFY(!road.controller->runningCommand());
+    QCOMPARE(road.log.take().last(), QStringLiteral("closed(smooth)"));
 }
 
 void TestFlyoutRoad::escapeClosesWhatIsIdleAndStopsWhatIsBusy_data()
