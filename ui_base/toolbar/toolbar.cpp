@@ -791,6 +791,8 @@ int ToolBar::GetButtonGroupSpacing() const
 void ToolBar::SetButtonSize(const QSize &size)
 {
     Q_D(ToolBar);
+    if (size.width() < 0 || size.height() < 0)
+        return;
     d->buttonSize = size;
     const int difference = ButtonIconSizeDiff();
     d->iconSize = size - QSize(difference, difference);

@@ -39,6 +39,10 @@ class ToolButtonWithWidgetMenu;
 /// lowest of its buttons, the panels. All buttons have the same fixed size; the bar is as large as
 /// its contents.
 ///
+/// What hears of a click, of a command or of the end of a slide may delete the bar and all that stands
+/// on it. ButtonMenuVisibilityChange() can come while Qt toggles a button, or hides or resizes a widget,
+/// in the midst of which these must not be deleted: use QObject::deleteLater() there.
+///
 /// The bar belongs to its parent; buttons and panels belong to the bar. It takes no focus. For a bar
 /// in the frame of a main window, with a handle and docking, QToolBar will do. Main thread only.
 class LUMO_UI_BASE_EXPORT ToolBar : public QWidget
@@ -155,6 +159,7 @@ public:
 
     /// Sets the size of all buttons, 36 x 36 by default, and with it that of their icons, which are
     /// smaller by ButtonIconSizeDiff().
+    /// @param size one with a negative length is ignored
     void SetButtonSize(const QSize &size);
     /// \sa SetButtonSize()
     QSize ButtonSize() const;
@@ -338,7 +343,8 @@ public Q_SLOTS:
 Q_SIGNALS:
     /// Buttons were added or removed.
     void LayoutChanged();
-    /// The menu of a button was opened or closed.
+    /// The menu of a button on this bar or in one of its menus was opened or closed. What hears of it
+    /// must not delete bars or buttons at once, see the class.
     void ButtonMenuVisibilityChange(Vela::UiBase::ToolButton *button, bool isVisible);
     /// The bar has slid in.
     void ShowAnimationFinished();

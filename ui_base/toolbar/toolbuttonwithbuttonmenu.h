@@ -52,7 +52,7 @@ public:
     /// Whether that is a widget of @p child.
     bool IsStandingInFor(const ToolButton *child) const;
     /// Sets whether closing the menu unchecks all actions of it, also when it is closed already; off by
-    /// default.
+    /// default. What that runs must not delete this button at once, for Qt may be toggling it.
     /// \sa ButtonMenuCleared()
     void SetClearSelectionOnHide(bool clear);
     /// Begins to stand in for a button of the menu: closes the menu and shows the icon of that

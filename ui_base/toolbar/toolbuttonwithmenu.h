@@ -72,7 +72,8 @@ public Q_SLOTS:
     void OnActionTriggered(bool checked);
 
 Q_SIGNALS:
-    /// The popup of @p button was opened or closed.
+    /// The popup of @p button was opened or closed. What hears of it must not delete bars or buttons at
+    /// once, see ToolBar.
     void ButtonMenuVisibilityChange(Vela::UiBase::ToolButton *button, bool isMenuVisible);
 
 protected:
