@@ -8,6 +8,7 @@
 #include "ui_base/command/testcommand.h"
 #include "ui_base/toolbar/menuscene.h"
 
+#include <functional>
 #include <memory>
 
 namespace Lumo::Test {
@@ -27,10 +28,11 @@ public:
         , m_id(id)
     { }
     const QString commandId() const override { return m_id; }
-    bool onExecuteAsync(bool) override { return true; }
+    bool onExecuteAsync(bool) override { return !work || work(); }
     void onBegin() override { ++begins; }
     void onFinalize() override { ++ends; }
 
+    std::function<bool()> work; ///< done in the background; none by default
     int begins = 0;
     int ends = 0;
 
