@@ -175,6 +175,7 @@ ToolBar *ToolbarManagerPrivate::getToolbar(CommandGroup *group, bool &existed, b
     bar->setProperty(ToolbarManager::COMMANDGROUP_PROPERTY.toLatin1().constData(),
                      group->commandId());
     bar->CopyAllParametersFrom(mainToolBar);
+    bar->SetTooltipGroup(mainToolBar->GetTooltipGroupName());
     bar->SetEnableAutoPosition(false);
     bar->SetCentered(false);
     bar->setEnabled(mainToolBar->isEnabled());

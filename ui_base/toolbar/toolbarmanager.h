@@ -31,8 +31,9 @@ class ToolbarManagerPrivate;
 ///
 /// The bars stand in the order of adding, behind the main bar and a separator: to the right of a
 /// horizontal one, below a vertical one. A bar that is not active takes no room. They float above
-/// native views, look like the main bar, follow it when it moves, and are enabled as it is. Each is a
-/// horizontal line, also beside a vertical main bar.
+/// native views, look like the main bar, follow it when it moves, and are enabled as it is. Their
+/// tooltips are of the group that those of the main bar had when the bar was made. Each is a horizontal
+/// line, also beside a vertical main bar.
 ///
 /// The manager belongs to the parent of the main bar and can go earlier or later than the bar. It takes
 /// its bars and its separator with it; none of them holds a command or a group alive. Once the main

@@ -12,6 +12,7 @@
 #include "ui_base/popup/floatinglayer.h"
 #include "ui_base/qtui/panel/flyoutbase.h"
 #include "ui_base/qtui/qtuitoolkit.h"
+#include "ui_base/qtui/tooltip/tooltipobject.h"
 #include "ui_base/toolbar/toolbar_p.h"
 #include "ui_base/toolbar/toolbarmanager_p.h"
 
@@ -38,6 +39,7 @@ using Vela::UiBase::ToolbarManager;
 using Vela::UiBase::ToolbarManagerPrivate;
 using Vela::UiBase::ToolBarPrivate;
 using Vela::UiBase::ToolButton;
+using Vela::UiBase::TooltipObject;
 
 namespace {
 
@@ -279,6 +281,7 @@ private Q_SLOTS:
 
     void firstCommandOfAGroupMakesItsBar();
     void barLooksLikeTheMainBar();
+    void oneTooltipIsUpInTheRowAtATime();
     void barOverAMainBarThatFloatsHasTheSameParent();
     void groupWithoutCommandsHasNoBar();
     void nestedGroupsHaveBarsOfTheirOwn();
@@ -444,6 +447,30 @@ void TestToolbarManager::firstCommandOfAGroupMakesItsBar()
     QVERIFY(!scene.separator()->isVisible());
     QCOMPARE(scene.idsOn(sculpt), QStringList({cut, smooth}));
     QCOMPARE(group->getCommand(cut)->toolButton()->window(), bar->window());
+}
+
+void TestToolbarManager::oneTooltipIsUpInTheRowAtATime()
+{
+    Scene scene;
+    scene.mainBar->SetTooltipGroup(QStringLiteral("row"));
+    scene.mainBar->AddAction(new QAction(QStringLiteral("Undo"), scene.mainBar));
+    scene.show();
+    const auto group = makeGroup(sculpt, {cut});
+    group->getCommand(cut)->setText(QStringLiteral("Cut"));
+    scene.manager->addDynamicCommandGroup(group.get());
+    scene.manager->commandGroupBegan(group.get());
+    const auto tooltipOn = [](ToolBar *bar) {
+        return OpenBar::opened(bar)->CollectButtons<ToolButton>().last()->GetTooltipObject();
+    };
+    TooltipObject *const ofMainBar = tooltipOn(scene.mainBar);
+    TooltipObject *const ofRow = tooltipOn(scene.barOf(sculpt));
+    ofMainBar->ShowTooltip();
+    QVERIFY(ofMainBar->IsVisible());
+    ofRow->ShowTooltip();
+    QVERIFY(ofRow->IsVisible());
+    QVERIFY(!ofMainBar->IsVisible());
+    ofMainBar->ShowTooltip();
+    QVERIFY(!ofRow->IsVisible());
 }
 
 void TestToolbarManager::barLooksLikeTheMainBar()
