@@ -95,9 +95,11 @@ void MenuKeys::OnWindowKey(const QKeyEvent &event)
 
 void MenuKeys::OnMenuKey(QMenu &menu, const QKeyEvent &event)
 {
-    const bool isLeft = event.key() == Qt::Key_Left;
-    if (event.key() == Qt::Key_F10)
+    if (event.key() == Qt::Key_F10) {
         m_manager.OnMenuHideTimerTimeOut();
+        return; // what hides with the menus may have ended this
+    }
+    const bool isLeft = event.key() == Qt::Key_Left;
     if (!m_menu || (!isLeft && event.key() != Qt::Key_Right))
         return;
     // QMenu itself goes into sub menus and out of them.

@@ -26,6 +26,7 @@
 #include <QVector>
 
 #include <algorithm>
+#include <utility>
 
 namespace Vela::UiBase {
 
@@ -63,16 +64,22 @@ public:
     void DropMenu(QMenu *menu);
     void ShowClosedFace(QAbstractButton *button) const;
     void LetGo(QMenu *menu) const;
+    void WatchSubMenus(QMenu *menu) const;
+    void End();
 
     bool IsCursorOver() const;
+    bool IsAnyOpen() const;
     void PlaceMenu(QAbstractButton *button) const;
+    void PlaceOpenMenus() const;
     void SwitchTo(QAbstractButton *button);
+    void Show(QMenu *menu) const;
     void HideAll();
     void HideSubMenus(QMenu *menu) const;
     void ApplyStyle(QMenu *menu, const char *property) const;
     void TellVisibility(QMenu *menu, bool isVisible) const;
     void OnEvent(QObject *watched, QEvent::Type type);
     void OnEnter(QObject *watched);
+    void OnMenuHidden(QMenu *menu) const;
     void Open(QAbstractButton *button);
     QVector<QPointer<QMenu>> Menus() const;
 
@@ -86,6 +93,8 @@ public:
     MenuKeys *keys = nullptr;
     int menuHideInterval = 200;
     bool started = false;
+    /// Whether the end of the links has set the timer going, which their new beginning takes back.
+    bool isLeaving = false;
     QSet<QMenu *> watchedMenus;
     /// Counts what shows and hides menus, so that a call that was overtaken notices it.
     int turns = 0;
@@ -170,9 +179,15 @@ void LumoMenuManagerPrivate::LinkHover(QAbstractButton *button, QMenu *menu, boo
     if (!menu)
         return;
     SyncShortcuts(button, menu);
+    menu->installEventFilter(q);
+    WatchSubMenus(menu);
+}
+
+void LumoMenuManagerPrivate::WatchSubMenus(QMenu *menu) const
+{
     const QVector<QMenu *> menus = WithSubMenus(menu);
-    for (QMenu *each : menus)
-        each->installEventFilter(q);
+    std::for_each(menus.cbegin() + 1, menus.cend(),
+                  [this](QMenu *each) { each->installEventFilter(q); });
 }
 
 void LumoMenuManagerPrivate::SyncShortcuts(QAbstractButton *button, QMenu *menu) const
@@ -251,6 +266,32 @@ void LumoMenuManagerPrivate::LetGo(QMenu *menu) const
     menu->hide();
 }
 
+// Whoever ends the manager may be in the middle of anything: no style change runs the event loop.
+void LumoMenuManagerPrivate::End()
+{
+    if (!customHover)
+        return;
+    const QList<QAbstractButton *> linked = buttonMenus.keys();
+    const QVector<QPointer<QAbstractButton>> buttons(linked.cbegin(), linked.cend());
+    const QVector<QPointer<QMenu>> menus = Menus();
+    for (QMenu *menu : menus) {
+        DropShortcuts(menu);
+        const QVector<QMenu *> watched = WithSubMenus(menu);
+        for (QMenu *each : watched)
+            each->removeEventFilter(q);
+    }
+    for (const QPointer<QMenu> &menu : menus) {
+        if (menu)
+            HideSubMenus(menu);
+        if (menu)
+            menu->hide();
+    }
+    for (const QPointer<QAbstractButton> &button : buttons) {
+        if (button)
+            ShowClosedFace(button);
+    }
+}
+
 bool LumoMenuManagerPrivate::IsCursorOver() const
 {
     const QPoint cursor = QCursor::pos();
@@ -285,6 +326,20 @@ void LumoMenuManagerPrivate::PlaceMenu(QAbstractButton *button) const
     menu->move(KeptOnScreen(place, wanted, screen ? screen : button->screen()));
 }
 
+void LumoMenuManagerPrivate::PlaceOpenMenus() const
+{
+    for (auto it = buttonMenus.cbegin(); it != buttonMenus.cend(); ++it) {
+        if (it.value() && it.value()->isVisible())
+            PlaceMenu(it.key());
+    }
+}
+
+bool LumoMenuManagerPrivate::IsAnyOpen() const
+{
+    return std::any_of(buttonMenus.cbegin(), buttonMenus.cend(),
+                       [](const QMenu *menu) { return menu && menu->isVisible(); });
+}
+
 QVector<QPointer<QMenu>> LumoMenuManagerPrivate::Menus() const
 {
     QVector<QPointer<QMenu>> menus;
@@ -308,17 +363,34 @@ void LumoMenuManagerPrivate::SwitchTo(QAbstractButton *button)
     for (const QPointer<QMenu> &menu : menus) {
         if (!menu)
             continue;
-        if (menu != own) {
+        if (menu != own)
             menu->hide();
-        } else {
-            menu->show();
-            if (menu)
-                menu->raise();
-        }
+        else
+            Show(menu);
         // Changed styles run the event loop, where the pointer may have reached another button.
         if (!alive || turn != turns)
             return;
     }
+}
+
+// While a menu is being shown, a changed style runs the event loop, where the menu may be hidden again.
+// Qt goes on with the showing then, and the window would stay on the screen.
+void LumoMenuManagerPrivate::Show(QMenu *menu) const
+{
+    const QPointer<LumoMenuManager> manager(q);
+    const QPointer<QMenu> living(menu);
+    menu->show();
+    if (!living)
+        return;
+    if (menu->isVisible()) {
+        menu->raise();
+        return;
+    }
+    menu->removeEventFilter(manager);
+    menu->show();
+    menu->hide();
+    if (manager && living)
+        menu->installEventFilter(manager);
 }
 
 void LumoMenuManagerPrivate::HideAll()
@@ -365,6 +437,30 @@ void LumoMenuManagerPrivate::TellVisibility(QMenu *menu, bool isVisible) const
         Internal::AccessibleOpener::tellState(*button, isVisible);
 }
 
+void LumoMenuManagerPrivate::OnMenuHidden(QMenu *menu) const
+{
+    const QPointer<LumoMenuManager> manager(q);
+    const QPointer<QMenu> living(menu);
+    TellVisibility(menu, false);
+    HideSubMenus(menu);
+    if (manager && living)
+        ApplyStyle(menu, LumoMenuManager::OriginalStyleProperty);
+}
+
+// As QMenu::popup() does, so that a menu may be filled at the last moment and is as large as what is in
+// it: left to itself, a window is no higher than two thirds of the screen.
+static void Prepare(QMenu *menu)
+{
+    if (!menu || menu->isVisible())
+        return;
+    const QPointer<QMenu> living(menu);
+    Q_EMIT menu->aboutToShow();
+    if (!living)
+        return;
+    menu->ensurePolished();
+    menu->resize(menu->sizeHint());
+}
+
 void LumoMenuManagerPrivate::OnEnter(QObject *watched)
 {
     menuHideTimer->stop();
@@ -374,7 +470,11 @@ void LumoMenuManagerPrivate::OnEnter(QObject *watched)
 
 void LumoMenuManagerPrivate::Open(QAbstractButton *button)
 {
+    const QPointer<LumoMenuManager> manager(q);
     const QPointer<QAbstractButton> alive(button);
+    Prepare(buttonMenus.value(button));
+    if (!manager || !alive)
+        return;
     PlaceMenu(button);
     SwitchTo(button);
     if (alive)
@@ -397,15 +497,16 @@ void LumoMenuManagerPrivate::OnEvent(QObject *watched, QEvent::Type type)
         menuHideTimer->start();
     } else if (type == QEvent::Show && menu) {
         TellVisibility(menu, true);
+        WatchSubMenus(menu);
         ApplyStyle(menu, LumoMenuManager::AlternateStyleProperty);
     } else if (type == QEvent::Hide && menu) {
-        TellVisibility(menu, false);
-        HideSubMenus(menu);
-        ApplyStyle(menu, LumoMenuManager::OriginalStyleProperty);
+        OnMenuHidden(menu);
     } else if (type == QEvent::EnabledChange && button) {
         SyncShortcuts(button, buttonMenus.value(button));
     } else if (type == QEvent::Hide && watched == mainWindow) {
         HideAll(); // a window of their own would stay
+    } else if (type == QEvent::Move && watched == mainWindow) {
+        PlaceOpenMenus();
     }
 }
 
@@ -417,7 +518,10 @@ LumoMenuManager::LumoMenuManager(QMainWindow *mainWindow, int menuOffsetY, bool 
     d->Initialize();
 }
 
-LumoMenuManager::~LumoMenuManager() = default;
+LumoMenuManager::~LumoMenuManager()
+{
+    d->End();
+}
 
 void LumoMenuManager::AddButtonMenuLinkage(QAbstractButton *button, QMenu *menu)
 {
@@ -455,12 +559,19 @@ void LumoMenuManager::Start()
 {
     d->LinkButtonMenu(true);
     d->started = true;
+    if (std::exchange(d->isLeaving, false))
+        d->menuHideTimer->stop();
 }
 
 void LumoMenuManager::Stop()
 {
     d->LinkButtonMenu(false);
     d->started = false;
+    // Buttons tell no more that the pointer leaves them.
+    if (!d->menuHideTimer || d->menuHideTimer->isActive() || !d->IsAnyOpen())
+        return;
+    d->isLeaving = true;
+    d->menuHideTimer->start();
 }
 
 bool LumoMenuManager::IsStarted() const

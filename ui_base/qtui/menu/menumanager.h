@@ -23,16 +23,17 @@ class LumoMenuManagerPrivate;
 /// the menus are frameless windows: one is shown as soon as the pointer enters its button, the
 /// pointer on another button switches to that one's menu without delay, and all are hidden when the
 /// pointer has been away for 200 milliseconds. The keyboard stays where it is meanwhile. In both modes
-/// the choice of an action hides the menu. The menu opens at the left end of its button, from right
-/// to left as well, and is shifted as far as the screen wants it when it does not fit there.
+/// a menu is told by QMenu::aboutToShow() that it opens, so that it can be filled then, and the choice
+/// of an action hides it. The menu opens at the left end of its button, from right to left as well,
+/// and is shifted as far as the screen wants it when it does not fit there.
 ///
 /// Custom-hover mode needs no pointer: in the main window F10 or a tap on Alt opens the first menu, and
 /// a press of a button without a mouse, by its mnemonic or an assistive tool, opens its own. Such a
 /// menu is the active window: the arrow keys go through it and to its neighbours, and when it has gone
 /// the main window is active again. A click on a button opens its menu again, and Escape that nothing
-/// in the main window takes hides all menus. A main window that is hidden takes the menus along. The
-/// shortcuts in the menus of enabled buttons work in the main window, which holds the actions of those
-/// menus for it.
+/// in the main window takes hides all menus. A main window that is hidden takes the menus along, and
+/// one that is moved has open menus move with it. The shortcuts in the menus of enabled buttons work in
+/// the main window, which holds the actions of those menus for it.
 ///
 /// While a menu of custom-hover mode is open, its button has the style sheet of its property
 /// AlternateStyleProperty, otherwise that of OriginalStyleProperty; an empty one changes nothing. The
@@ -59,6 +60,7 @@ public:
     ///                    custom-hover mode
     /// @param customHover true for custom-hover mode, false for plain mode
     LumoMenuManager(QMainWindow *mainWindow, int menuOffsetY, bool customHover, QObject *parent);
+    /// Hides the open menus of custom-hover mode.
     ~LumoMenuManager() override;
 
     /// Links @p menu to @p button in place of the one that was linked; on a started manager at once.
@@ -77,7 +79,8 @@ public:
     /// Makes the links work. A second call does nothing new.
     void Start();
     /// Takes the menus from the buttons in plain mode; in custom-hover mode buttons no longer open
-    /// theirs. The links are kept for the next Start().
+    /// theirs, and one that is open goes 200 milliseconds later unless the pointer is in it or Start()
+    /// comes before. The links are kept for the next Start().
     void Stop();
     /// Whether the links work. False at first.
     bool IsStarted() const;

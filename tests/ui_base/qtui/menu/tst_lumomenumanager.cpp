@@ -19,6 +19,7 @@
 #include <QSignalSpy>
 #include <QTimer>
 #include <QToolButton>
+#include <QWindow>
 
 #include <memory>
 
@@ -164,6 +165,18 @@ private Q_SLOTS:
     void styleChangeToleratesTheEndOfTheManager();
     void styleChangeToleratesTheEndOfAnotherMenu();
     void buttonThatDiesInTheStyleChangeGetsNoEvent();
+
+    void menuHiddenByItsOwnerInTheStyleChangeIsGone();
+    void menuIsFilledAtTheLastMoment();
+    void menuIsAsHighAsItsEntries();
+    void menuMayEndInsteadOfBeingFilled_data();
+    void menuMayEndInsteadOfBeingFilled();
+    void subMenusThatComeWithTheOpeningAreWatched();
+    void managerMayEndWhenASubMenuGoes();
+    void managerTakesItsOpenMenuAlong();
+    void openMenuMovesWithTheWindow();
+    void stoppedManagerClosesWhatThePointerIsNotIn();
+    void restartedManagerKeepsWhatIsOpen();
 
     void dyingButtonIsDropped();
     void dyingOpenMenuLeavesAButtonWithoutMenu();
@@ -675,6 +688,7 @@ void TestLumoMenuManager::styleChangeToleratesASwitchFromTheEventLoop()
         send(entered, QEvent::Enter);
         QVERIFY(scene.manager->GetMenu(other)->isVisible());
         QVERIFY(!scene.manager->GetMenu(entered)->isVisible());
+        QVERIFY(!scene.manager->GetMenu(entered)->windowHandle()->isVisible());
         QCOMPARE(other->styleSheet(), Open);
         QCOMPARE(entered->styleSheet(), Closed);
     }
@@ -687,7 +701,9 @@ void TestLumoMenuManager::styleChangeToleratesTheEndOfTheManager()
     QTimer::singleShot(0, &scene.window, [&scene] { delete scene.manager; });
     send(scene.first, QEvent::Enter);
     QVERIFY(!scene.manager);
-    QVERIFY(scene.firstMenu->isVisible());
+    QVERIFY(!scene.firstMenu->isVisible());
+    QVERIFY(!scene.firstMenu->windowHandle()->isVisible());
+    QCOMPARE(scene.first->styleSheet(), Closed);
 }
 
 void TestLumoMenuManager::styleChangeToleratesTheEndOfAnotherMenu()
@@ -715,6 +731,165 @@ void TestLumoMenuManager::buttonThatDiesInTheStyleChangeGetsNoEvent()
     QVERIFY(scene.manager->eventFilter(button, &enter));
     QVERIFY(!button);
     QVERIFY(!menu.isVisible());
+}
+
+void TestLumoMenuManager::menuHiddenByItsOwnerInTheStyleChangeIsGone()
+{
+    Scene scene(true);
+    scene.start();
+    QTimer::singleShot(0, scene.firstMenu, &QWidget::hide);
+    send(scene.first, QEvent::Enter);
+    QVERIFY(!scene.firstMenu->isVisible());
+    QVERIFY(!scene.firstMenu->windowHandle()->isVisible());
+    QCOMPARE(scene.first->styleSheet(), Closed);
+    send(scene.first, QEvent::Enter);
+    QVERIFY(scene.firstMenu->windowHandle()->isVisible());
+    QCOMPARE(scene.first->styleSheet(), Open);
+}
+
+void TestLumoMenuManager::menuIsFilledAtTheLastMoment()
+{
+    Scene scene(true);
+    scene.start();
+    const QSignalSpy filled(scene.firstMenu, &QMenu::aboutToShow);
+    connect(scene.firstMenu, &QMenu::aboutToShow, scene.firstMenu,
+            [&scene] { scene.firstMenu->addAction(QStringLiteral("A much longer entry")); });
+    send(scene.first, QEvent::Enter);
+    QCOMPARE(filled.count(), 1);
+    QCOMPARE(scene.firstMenu->actions().size(), 2);
+    QCOMPARE(scene.firstMenu->size(), scene.firstMenu->sizeHint());
+    send(scene.first, QEvent::Enter);
+    QCOMPARE(filled.count(), 1);
+    send(scene.second, QEvent::Enter);
+    send(scene.first, QEvent::Enter);
+    QCOMPARE(filled.count(), 2);
+    QCOMPARE(scene.firstMenu->size(), scene.firstMenu->sizeHint());
+}
+
+// Of a window left to itself a third of the screen stays free.
+void TestLumoMenuManager::menuIsAsHighAsItsEntries()
+{
+    Scene scene(true);
+    // A change of style would have Qt work the size out again.
+    scene.first->setProperty(LumoMenuManager::AlternateStyleProperty, QVariant());
+    scene.start();
+    const int screen = scene.window.screen()->availableGeometry().height();
+    const int count = screen * 3 / 4 / scene.firstMenu->fontMetrics().height();
+    for (int i = 0; i < count; ++i)
+        scene.firstMenu->addAction(QStringLiteral("Action"));
+    send(scene.first, QEvent::Enter);
+    QVERIFY(scene.firstMenu->sizeHint().height() > screen * 2 / 3);
+    QCOMPARE(scene.firstMenu->size(), scene.firstMenu->sizeHint());
+    QVERIFY(scene.firstMenu->rect().contains(
+        scene.firstMenu->actionGeometry(scene.firstMenu->actions().constLast())));
+}
+
+void TestLumoMenuManager::menuMayEndInsteadOfBeingFilled_data()
+{
+    QTest::addColumn<int>("what");
+    QTest::newRow("menu") << 0;
+    QTest::newRow("button") << 1;
+    QTest::newRow("manager") << 2;
+}
+
+void TestLumoMenuManager::menuMayEndInsteadOfBeingFilled()
+{
+    QFETCH(int, what);
+    Scene scene(true);
+    QMenu menu;
+    scene.manager->AddButtonMenuLinkage(scene.plain, &menu);
+    scene.start();
+    const QVector<QObject *> ends {scene.firstMenu, scene.plain, scene.manager};
+    const QPointer<QObject> end = ends.at(what);
+    connect(what == 1 ? &menu : scene.firstMenu, &QMenu::aboutToShow, qApp, [end] { delete end; });
+    send(what == 1 ? scene.plain : scene.first, QEvent::Enter);
+    QVERIFY(!end);
+    QVERIFY(!menu.isVisible());
+}
+
+void TestLumoMenuManager::subMenusThatComeWithTheOpeningAreWatched()
+{
+    Scene scene(true);
+    scene.start();
+    QMenu later;
+    QMenu deeper;
+    connect(scene.firstMenu, &QMenu::aboutToShow, &later,
+            [&] { scene.firstMenu->addMenu(&later); });
+    connect(&later, &QMenu::aboutToShow, &deeper, [&] { later.addMenu(&deeper); });
+    send(scene.first, QEvent::Enter);
+    send(&later, QEvent::Leave);
+    QVERIFY(scene.timer().isActive());
+    later.popup(QPoint(300, 300));
+    scene.timer().start();
+    send(&deeper, QEvent::Enter);
+    QVERIFY(!scene.timer().isActive());
+}
+
+void TestLumoMenuManager::managerMayEndWhenASubMenuGoes()
+{
+    Scene scene(true);
+    QMenu *sub = scene.firstMenu->addMenu(QStringLiteral("Sub"));
+    sub->addAction(QStringLiteral("Action"));
+    scene.start();
+    send(scene.first, QEvent::Enter);
+    sub->popup(QPoint(300, 300));
+    connect(sub, &QMenu::aboutToHide, qApp, [&scene] { delete scene.manager; });
+    scene.manager->OnMenuHideTimerTimeOut();
+    QVERIFY(!scene.manager);
+    QVERIFY(!scene.firstMenu->isVisible());
+}
+
+void TestLumoMenuManager::managerTakesItsOpenMenuAlong()
+{
+    Scene scene(true);
+    QMenu *sub = scene.firstMenu->addMenu(QStringLiteral("Sub"));
+    sub->addAction(QStringLiteral("Action"));
+    scene.start();
+    send(scene.first, QEvent::Enter);
+    sub->popup(QPoint(300, 300));
+    bool isLoopRun = false;
+    QTimer::singleShot(0, &scene.window, [&isLoopRun] { isLoopRun = true; });
+    delete scene.manager;
+    QVERIFY(!isLoopRun);
+    QVERIFY(!scene.firstMenu->isVisible() && !sub->isVisible());
+    QCOMPARE(scene.first->styleSheet(), Closed);
+    QVERIFY(!scene.window.actions().contains(scene.firstMenu->menuAction()));
+}
+
+void TestLumoMenuManager::openMenuMovesWithTheWindow()
+{
+    Scene scene(true);
+    scene.start();
+    send(scene.first, QEvent::Enter);
+    const QPoint place = scene.firstMenu->pos();
+    scene.window.move(scene.window.pos() + QPoint(30, 40));
+    QTRY_COMPARE(scene.firstMenu->pos(), place + QPoint(30, 40));
+}
+
+void TestLumoMenuManager::stoppedManagerClosesWhatThePointerIsNotIn()
+{
+    Scene scene(true);
+    scene.start();
+    scene.manager->Stop();
+    QVERIFY(!scene.timer().isActive());
+    scene.manager->Start();
+    send(scene.first, QEvent::Enter);
+    scene.manager->Stop();
+    QVERIFY(scene.firstMenu->isVisible());
+    QTRY_VERIFY(!scene.firstMenu->isVisible());
+}
+
+void TestLumoMenuManager::restartedManagerKeepsWhatIsOpen()
+{
+    Scene scene(true);
+    scene.start();
+    send(scene.first, QEvent::Enter);
+    scene.manager->AddButtonMenuLinkage(scene.plain, Scene::addMenu(scene.plain));
+    QVERIFY(!scene.timer().isActive());
+    send(scene.first, QEvent::Leave);
+    scene.manager->AddButtonMenuLinkage(scene.plain, nullptr);
+    QVERIFY(scene.timer().isActive());
+    QVERIFY(scene.firstMenu->isVisible());
 }
 
 void TestLumoMenuManager::dyingButtonIsDropped()
