@@ -92,6 +92,21 @@ struct Scene
     QPointer<LumoMenuManager> manager;
 };
 
+// The second movement is one over the widget.
+void putCursorOn(const QWidget &widget)
+{
+    for (const QPoint &step : {QPoint(5, 5), QPoint(7, 6)}) {
+        QCursor::setPos(widget.mapToGlobal(step));
+        QCoreApplication::processEvents();
+    }
+}
+
+void putCursorAway(const QWidget &window)
+{
+    QCursor::setPos(window.mapToGlobal(QPoint(390, 290)));
+    QCoreApplication::processEvents();
+}
+
 // Counts the events of one type that an object gets.
 class EventCounter : public QObject
 {
@@ -157,6 +172,11 @@ private Q_SLOTS:
     void shortcutsOfMenusWork();
     void subMenusAreWatched();
     void noEventIsConsumed();
+
+    void theCursorOpensSwitchesAndLeaves();
+    void theCursorGoesIntoSubMenus();
+    void theCursorDoesNotKeepTheMenuOfADisabledButton();
+    void theCursorOpensNothingOfAStoppedManager();
 
     void openMenuChangesTheStyleOfItsButton();
     void withoutAlternateStyleTheStyleStays();
@@ -630,6 +650,70 @@ void TestLumoMenuManager::noEventIsConsumed()
         QEvent event(type);
         QVERIFY(!scene.manager->eventFilter(scene.first, &event));
     }
+}
+
+void TestLumoMenuManager::theCursorOpensSwitchesAndLeaves()
+{
+    Scene scene(true);
+    scene.start();
+    putCursorOn(*scene.first);
+    QTRY_VERIFY(scene.firstMenu->isVisible());
+    QCOMPARE(scene.first->styleSheet(), Open);
+    scene.timer().setInterval(1'000'000); // so that nothing goes by the timer
+    putCursorOn(*scene.second);
+    QTRY_VERIFY(scene.secondMenu->isVisible());
+    QVERIFY(!scene.firstMenu->isVisible());
+    QCOMPARE(scene.first->styleSheet(), Closed);
+    putCursorOn(*scene.secondMenu);
+    QTRY_VERIFY(!scene.timer().isActive());
+    scene.timer().setInterval(200);
+    putCursorAway(scene.window);
+    QTRY_VERIFY(!scene.secondMenu->isVisible());
+    QCOMPARE(scene.second->styleSheet(), Closed);
+}
+
+void TestLumoMenuManager::theCursorGoesIntoSubMenus()
+{
+    Scene scene(true);
+    QMenu *sub = scene.firstMenu->addMenu(QStringLiteral("Sub"));
+    QAction *action = sub->addAction(QStringLiteral("Action"));
+    const QSignalSpy chosen(action, &QAction::triggered);
+    scene.start();
+    putCursorOn(*scene.first);
+    QTRY_VERIFY(scene.firstMenu->isVisible());
+    scene.firstMenu->setActiveAction(sub->menuAction());
+    QTRY_VERIFY(sub->isVisible());
+    putCursorOn(*sub);
+    QTRY_VERIFY(!scene.timer().isActive());
+    QVERIFY(scene.firstMenu->isVisible() && sub->isVisible());
+    QTest::mouseClick(sub, Qt::LeftButton, {}, sub->actionGeometry(action).center());
+    QCOMPARE(chosen.count(), 1);
+    QVERIFY(!scene.firstMenu->isVisible() && !sub->isVisible());
+}
+
+void TestLumoMenuManager::theCursorDoesNotKeepTheMenuOfADisabledButton()
+{
+    Scene scene(true);
+    scene.start();
+    scene.first->setEnabled(false);
+    putCursorOn(*scene.first);
+    QTRY_VERIFY(scene.firstMenu->isVisible());
+    putCursorOn(*scene.firstMenu);
+    QTRY_VERIFY(!scene.firstMenu->isVisible());
+}
+
+void TestLumoMenuManager::theCursorOpensNothingOfAStoppedManager()
+{
+    Scene scene(true);
+    scene.start();
+    scene.manager->Stop();
+    putCursorOn(*scene.first);
+    QCoreApplication::processEvents();
+    QVERIFY(!scene.firstMenu->isVisible());
+    scene.manager->Start();
+    scene.manager->Start();
+    putCursorOn(*scene.second);
+    QTRY_VERIFY(scene.secondMenu->isVisible());
 }
 
 void TestLumoMenuManager::openMenuChangesTheStyleOfItsButton()
