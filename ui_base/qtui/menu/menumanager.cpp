@@ -244,7 +244,14 @@ void LumoMenuManagerPrivate::DropMenu(QMenu *menu)
         if (it.value() != menu)
             continue;
         it.value() = nullptr;
-        ShowClosedFace(it.key());
+        // Not at once: a change of style reaches the children of the button, where Qt would take up
+        // the dying menu once more and meet it with the next style sheet of the application.
+        const QPointer<QAbstractButton> button = it.key();
+        QTimer::singleShot(0, q, [this, button] {
+            const QMenu *next = buttonMenus.value(button);
+            if (button && !(next && next->isVisible()))
+                ShowClosedFace(button);
+        });
     }
 }
 
@@ -427,8 +434,10 @@ void LumoMenuManagerPrivate::ApplyStyle(QMenu *menu, const char *property) const
     if (style.isEmpty())
         return;
     button->setStyleSheet(style);
-    // The button shows its change before the menu paints itself.
-    QCoreApplication::processEvents();
+    // The button shows its change before the menu paints itself. In a window that is going, perhaps
+    // with its end, there is nothing to show.
+    if (button->isVisible() && button->window()->isVisible())
+        QCoreApplication::processEvents();
 }
 
 void LumoMenuManagerPrivate::TellVisibility(QMenu *menu, bool isVisible) const

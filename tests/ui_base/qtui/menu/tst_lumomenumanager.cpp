@@ -15,13 +15,16 @@
 #include <QMenu>
 #include <QPointer>
 #include <QPushButton>
+#include <QScopeGuard>
 #include <QScreen>
 #include <QSignalSpy>
 #include <QTimer>
 #include <QToolButton>
 #include <QWindow>
 
+#include <functional>
 #include <memory>
+#include <utility>
 
 using namespace Lumo::Test;
 using Vela::UiBase::LumoMenuManager;
@@ -106,6 +109,26 @@ void putCursorAway(const QWidget &window)
     QCursor::setPos(window.mapToGlobal(QPoint(390, 290)));
     QCoreApplication::processEvents();
 }
+
+// Tells of all events that pass.
+class CallFilter : public QObject
+{
+public:
+    using Call = std::function<void(QObject *, QEvent *)>;
+    CallFilter(QObject &watched, Call call)
+        : m_call(std::move(call))
+    {
+        watched.installEventFilter(this);
+    }
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        m_call(watched, event);
+        return false;
+    }
+
+private:
+    const Call m_call;
+};
 
 // Counts the events of one type that an object gets.
 class EventCounter : public QObject
@@ -200,6 +223,9 @@ private Q_SLOTS:
 
     void dyingButtonIsDropped();
     void dyingOpenMenuLeavesAButtonWithoutMenu();
+    void dyingOpenMenuIsNotStyledOnceMore();
+    void nextMenuOfAButtonKeepsItsOpenFace();
+    void dyingWindowRunsNoEventLoop();
     void replacedOpenMenuIsHidden();
     void dyingWindowIsSurvived();
     void windowMayBeNull();
@@ -1003,12 +1029,64 @@ void TestLumoMenuManager::dyingOpenMenuLeavesAButtonWithoutMenu()
     send(scene.first, QEvent::Enter);
     delete scene.firstMenu;
     QVERIFY(!scene.manager->GetMenu(scene.first));
-    QCOMPARE(scene.first->styleSheet(), Closed);
+    QTRY_COMPARE(scene.first->styleSheet(), Closed);
     pointAt(&scene.window, QPoint(390, 290));
     scene.timer().stop();
     send(scene.first, QEvent::Enter);
     QVERIFY(scene.timer().isActive());
     scene.manager->OnMenuHideTimerTimeOut();
+}
+
+// Qt would remember it by its address, and meet it with the next style sheet of the application.
+void TestLumoMenuManager::dyingOpenMenuIsNotStyledOnceMore()
+{
+    qApp->setStyleSheet(QStringLiteral("QMenu { padding: 1px; }"));
+    const auto reset = qScopeGuard([] { qApp->setStyleSheet({}); });
+    Scene scene(true);
+    QMenu *menu = Scene::addMenu(scene.plain);
+    int events = 0;
+    bool isDead = false;
+    connect(menu, &QObject::destroyed, this, [&isDead] { isDead = true; });
+    scene.manager->AddButtonMenuLinkage(scene.plain, menu);
+    scene.start();
+    send(scene.plain, QEvent::Enter);
+    QCOMPARE(scene.plain->styleSheet(), Open);
+    const CallFilter filter(*qApp, [&](QObject *watched, QEvent *event) {
+        if (isDead && watched == menu && event->type() == QEvent::StyleChange)
+            ++events;
+    });
+    delete menu;
+    QVERIFY(isDead);
+    QTRY_COMPARE(scene.plain->styleSheet(), Closed);
+    QCOMPARE(events, 0);
+}
+
+void TestLumoMenuManager::nextMenuOfAButtonKeepsItsOpenFace()
+{
+    Scene scene(true);
+    scene.start();
+    send(scene.first, QEvent::Enter);
+    delete scene.firstMenu;
+    QMenu *next = Scene::addMenu(scene.first);
+    scene.manager->AddButtonMenuLinkage(scene.first, next);
+    send(scene.first, QEvent::Enter);
+    QCoreApplication::processEvents();
+    QVERIFY(next->isVisible());
+    QCOMPARE(scene.first->styleSheet(), Open);
+}
+
+// What waits there would find a window that is no main window any more.
+void TestLumoMenuManager::dyingWindowRunsNoEventLoop()
+{
+    auto scene = std::make_unique<Scene>(true);
+    scene->start();
+    send(scene->first, QEvent::Enter);
+    QVERIFY(scene->firstMenu->isVisible());
+    int turns = 0;
+    QTimer::singleShot(0, this, [&turns] { ++turns; });
+    scene.reset();
+    QCOMPARE(turns, 0);
+    QTRY_COMPARE(turns, 1);
 }
 
 void TestLumoMenuManager::replacedOpenMenuIsHidden()
