@@ -12,6 +12,7 @@
 #include <QKeyEvent>
 #include <QMenu>
 #include <QStyle>
+#include <QTimer>
 #include <QWidget>
 
 #include <algorithm>
@@ -119,8 +120,20 @@ void MenuKeys::OnMenuEvent(QMenu &menu, QEvent::Type type)
         return;
     else if (type == QEvent::Hide)
         Leave();
-    else if (type == QEvent::WindowDeactivate)
-        menu.hide();
+    else if (type == QEvent::WindowDeactivate && !menu.isHidden()) // not by its own hiding
+        LoseActivation(menu);
+}
+
+// The user has gone to another window, which keeps the activation. That is still under way: what the
+// hiding of a menu sets off, perhaps the end of that window, waits until it is done.
+void MenuKeys::LoseActivation(QMenu &menu)
+{
+    m_menu = nullptr;
+    const QPointer<QMenu> lost(&menu);
+    QTimer::singleShot(0, this, [this, lost] {
+        if (lost && lost != m_menu)
+            lost->hide();
+    });
 }
 
 void MenuKeys::OnPressed(QAbstractButton *button)

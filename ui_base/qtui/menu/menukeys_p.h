@@ -55,6 +55,7 @@ private:
     void OnWindowKey(const QKeyEvent &event);
     void OnMenuKey(QMenu &menu, const QKeyEvent &event);
     void OnMenuEvent(QMenu &menu, QEvent::Type type);
+    void LoseActivation(QMenu &menu);
     void OpenMenuOf(QAbstractButton *button);
     void OpenFirst();
     void OpenNeighbour(int step);
