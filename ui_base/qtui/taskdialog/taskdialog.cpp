@@ -15,6 +15,7 @@
 #include <QFontMetrics>
 #include <QGraphicsDropShadowEffect>
 #include <QMouseEvent>
+#include <QRegularExpression>
 #include <QStyle>
 #include <QTextBoundaryFinder>
 #include <QTextDocument>
@@ -123,6 +124,14 @@ SSign signOf(EDialogIcon icon)
 QString plainText(const QString &text)
 {
     return Qt::mightBeRichText(text) ? QTextDocumentFragment::fromHtml(text).toPlainText() : text;
+}
+
+// QLabel breaks plain lines at line feeds only, and draws some of the other breaks as boxes.
+QString withLineFeeds(QString text)
+{
+    static const QRegularExpression otherBreak(
+        QStringLiteral("\\r(?!\\n)|[\\x{0B}\\f\\x{85}\\x{2028}\\x{2029}]"));
+    return Qt::mightBeRichText(text) ? text : text.replace(otherBreak, QStringLiteral("\n"));
 }
 
 // Puts a place to break into every word that is wider than a line.
@@ -266,10 +275,10 @@ void TaskDialogPrivate::fillCard()
 void TaskDialogPrivate::buildMessage(const QString &title, const QString &message)
 {
     Q_Q(TaskDialog);
-    ui->title_label->setText(title);
+    ui->title_label->setText(withLineFeeds(title));
     hasMessage = !message.isEmpty();
     if (hasMessage) {
-        ui->msg_label->setText(message);
+        ui->msg_label->setText(withLineFeeds(message));
         ui->height_adjust_label->hide();
     } else {
         ui->msg_label->hide();

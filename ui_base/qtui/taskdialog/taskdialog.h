@@ -83,8 +83,10 @@ struct SIconButton
 /// does. Assistive tools get title and message as name and description of the dialog. The texts of
 /// the library's own follow a change of language while the dialog is shown; the caller's stay.
 ///
-/// Title and message may be rich text. Lines are wrapped at the greatest width, and a word that is
-/// longer than a line, such as a path, is broken.
+/// Title and message may be rich text. In plain texts every line break of Unicode breaks the line.
+/// Lines are wrapped at the greatest width, and a word that is longer than a line, such as a path, is
+/// broken. The width follows these texts; a button text that does not fit into it ends in an ellipsis
+/// and is whole in the tool tip.
 ///
 /// The style sheet of the dialog reaches the labels, frames and buttons of a widget in it, whose
 /// own sheet wins over it. A dialog takes its colours from Resource::Styles when it is made.

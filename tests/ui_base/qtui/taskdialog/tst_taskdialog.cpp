@@ -14,6 +14,7 @@
 #include <QGraphicsDropShadowEffect>
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <QHelpEvent>
 #include <QLabel>
 #include <QLayout>
 #include <QLineEdit>
@@ -25,6 +26,7 @@
 #include <QScopeGuard>
 #include <QTimer>
 #include <QToolButton>
+#include <QToolTip>
 #include <QTranslator>
 #include <QVBoxLayout>
 
@@ -547,6 +549,55 @@ private Q_SLOTS:
         QVERIFY(button(dialog, 1)->icon().isNull());
     }
 
+    void textThatIsTooLongEndsInAnEllipsis()
+    {
+        const auto dialogWith = [](const QString &text) {
+            auto dialog = std::make_unique<TaskDialog>(
+                nullptr, Title, EDialogButtons::ButtonsCustom4, EDialogIcon::IconNone,
+                QList<SIconButton> {{{}, text}, {Cross, text}, {{}, text}, {{}, text}});
+            dialog->show();
+            return dialog;
+        };
+        const QString beginning = QStringLiteral("Save everything now");
+        const auto one = dialogWith(beginning + QStringLiteral(" and &do not close & it"));
+        const auto other = dialogWith(beginning + QStringLiteral(" or never in the whole world"));
+        for (const int number : {2, 3}) { // the first one has the focus
+            QCOMPARE(button(*one, number)->size(), button(*other, number)->size());
+            QCOMPARE(button(*one, number)->grab().toImage(),
+                     button(*other, number)->grab().toImage());
+        }
+        QVERIFY(button(*one, 1)->text().startsWith(beginning));
+    }
+
+    void textThatIsTooLongIsAToolTip_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("own");
+        QTest::addColumn<QString>("shown");
+        const QString text = QStringLiteral("&Save <everything> now and do not close it");
+        QTest::newRow("too long") << text << QString()
+                                  << "Save &lt;everything&gt; now and do not close it";
+        QTest::newRow("too long with a tool tip") << text << "Own"
+                                                  << "Own";
+        QTest::newRow("fits") << "Save" << QString() << QString();
+    }
+    void textThatIsTooLongIsAToolTip()
+    {
+        QFETCH(const QString, text);
+        QFETCH(const QString, own);
+        QFETCH(const QString, shown);
+        TaskDialog dialog(nullptr, Title, EDialogButtons::ButtonsCustom3, EDialogIcon::IconNone,
+                          {{{}, text}});
+        button(dialog, 1)->setToolTip(own);
+        dialog.show();
+        QHelpEvent help(QEvent::ToolTip, QPoint(5, 5), dialog.mapToGlobal(QPoint(5, 5)));
+        QApplication::sendEvent(button(dialog, 1), &help);
+        const QString tip = QToolTip::text();
+        QToolTip::hideText();
+        QTRY_VERIFY(!QToolTip::isVisible());
+        QCOMPARE(tip, shown);
+    }
+
     // Icon
 
     void iconShowsItsSign_data()
@@ -971,6 +1022,39 @@ private Q_SLOTS:
             QVERIFY2(needed <= shownLabel.width(), qPrintable(QString::number(needed)));
             QVERIFY(!dialog->grab().isNull());
         }
+    }
+
+    void breaksOfEveryKindBreakLines_data()
+    {
+        QTest::addColumn<QString>("lineBreak");
+        QTest::newRow("line feed") << QStringLiteral("\n");
+        QTest::newRow("carriage return and line feed") << QStringLiteral("\r\n");
+        QTest::newRow("carriage return") << QStringLiteral("\r");
+        QTest::newRow("vertical tab") << QStringLiteral("\v");
+        QTest::newRow("form feed") << QStringLiteral("\f");
+        QTest::newRow("next line") << QString(QChar(0x85));
+        QTest::newRow("line separator") << QStringLiteral("\u2028");
+        QTest::newRow("paragraph separator") << QStringLiteral("\u2029");
+    }
+    void breaksOfEveryKindBreakLines()
+    {
+        QFETCH(const QString, lineBreak);
+        const QString text = QStringLiteral("One%1Two").arg(lineBreak);
+        const QString expected = QStringLiteral("One\nTwo");
+        const auto dialog = shown(text, text);
+        for (const char *name : {"title_label", "msg_label"}) {
+            const QLabel &part = *label(*dialog, name);
+            QCOMPARE(part.text().remove(QLatin1Char('\r')), expected);
+            QCOMPARE(part.alignment(), Qt::AlignLeft | Qt::AlignVCenter);
+            QVERIFY(2 * part.heightForWidth(part.width()) > 3 * part.fontMetrics().height());
+        }
+        QCOMPARE(dialog->width(), shown(expected, expected)->width());
+    }
+
+    void breaksInMarkupStay()
+    {
+        const QString text = QStringLiteral("<pre>One\rTwo\fThree</pre>");
+        QCOMPARE(label(*shown(Title, text), "msg_label")->text(), text);
     }
 
     void wordThatFitsIsNotBroken()
