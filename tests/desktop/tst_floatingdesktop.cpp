@@ -11,6 +11,7 @@
 #include <lumo_app_service/ApplicationService>
 
 #include <QApplication>
+#include <QDialog>
 #include <QDockWidget>
 #include <QLineEdit>
 #include <QMainWindow>
@@ -385,6 +386,46 @@ private Q_SLOTS:
         QCOMPARE(colourOnScreen(inTheBox()), QColor(246, 246, 246));
         QVERIFY(pointAsUser({5, 5}));
         QTRY_VERIFY(!held->isVisible());
+    }
+
+    void layerThatIsShownAgainStaysBelowAModalDialog()
+    {
+        Scene scene;
+        QVERIFY(scene.isActive());
+        scene.patch->setGeometry(30, 40, 160, 50);
+        QWidget *const layer = scene.floatPatch();
+        QTRY_COMPARE(colourInside(*scene.patch), QColor(Qt::green));
+        QDialog dialog(&scene.window);
+        dialog.setStyleSheet(QStringLiteral("background: red"));
+        const QPoint covered = scene.patch->mapToGlobal(QPoint(140, 25));
+        dialog.setGeometry(QRect(covered - QPoint(60, 65), QSize(200, 130)));
+        dialog.open();
+        QTRY_COMPARE(colourOnScreen(covered), QColor(Qt::red));
+        layer->show();
+        const QPoint beside = dialog.frameGeometry().topRight() + QPoint(20, 20);
+        QWidget late(&scene.window, Qt::Dialog | Qt::FramelessWindowHint);
+        late.setStyleSheet(QStringLiteral("background: blue"));
+        late.setGeometry(QRect(beside, QSize(30, 30)));
+        late.show();
+        // What was asked for before has been done when this is seen.
+        QTRY_COMPARE(colourInside(late), QColor(Qt::blue));
+        QCOMPARE(colourOnScreen(covered), QColor(Qt::red));
+    }
+
+    void layerOfAModalDialogIsSeenAboveIt()
+    {
+        Scene scene;
+        QVERIFY(scene.isActive());
+        QDialog dialog(&scene.window);
+        dialog.setGeometry(300, 300, 200, 130);
+        QPointer<QWidget> patch = new Patch(&dialog);
+        patch->setGeometry(30, 40, 80, 50);
+        FloatingLayer::makeWidgetFloating(patch, {});
+        dialog.open();
+        QTRY_VERIFY(dialog.windowHandle() && dialog.windowHandle()->isExposed());
+        patch->show();
+        QTRY_COMPARE(colourInside(*patch), QColor(Qt::green));
+        delete patch.data();
     }
 
     void severalLayersStandInTheOrderInWhichTheyWereShown()

@@ -6,6 +6,7 @@
 #include <lumo_app_service/ApplicationService>
 
 #include <QAccessibleWidget>
+#include <QApplication>
 #include <QCloseEvent>
 #include <QEvent>
 #include <QKeyEvent>
@@ -34,6 +35,26 @@ QPoint corner(const QMargins &margins)
 QSize grown(const QSize &size, const QMargins &margins)
 {
     return size + QSize(margins.left() + margins.right(), margins.top() + margins.bottom());
+}
+
+const QWidget *outermost(const QWidget *widget)
+{
+    while (widget->parentWidget())
+        widget = widget->parentWidget();
+    return widget;
+}
+
+// The modal dialog that blocks the window which a layer floats over.
+QWidget *dialogBefore(const QWidget &layer)
+{
+    QWidget *const dialog = QApplication::activeModalWidget();
+    if (!dialog || outermost(dialog) != outermost(&layer))
+        return nullptr;
+    for (const QWidget *above = &layer; above; above = above->parentWidget()) {
+        if (above == dialog)
+            return nullptr; // it floats over the dialog
+    }
+    return dialog;
 }
 
 // The parent that a position of the widget is relative to; a window stands on the screen whoever
@@ -162,6 +183,7 @@ public:
     void followIntoOtherWindow();
     void letGo();
     void forgetMinimised();
+    void comeUp();
 
     FloatingLayer *const q;
     QPointer<QWidget> attachedWidget;
@@ -331,6 +353,14 @@ void FloatingLayerPrivate::forgetMinimised()
         q->setWindowState(q->windowState() & ~Qt::WindowMinimized);
 }
 
+// What comes up in a blocked window is not to cover the dialog.
+void FloatingLayerPrivate::comeUp()
+{
+    q->raise();
+    if (QWidget *const dialog = dialogBefore(*q))
+        dialog->raise();
+}
+
 void FloatingLayerPrivate::letGo()
 {
     q->setEventFilterForAttachedWidget(false);
@@ -462,7 +492,7 @@ void FloatingLayer::setVisible(bool visible)
     if (!self)
         return;
     if (visible)
-        raise();
+        d->comeUp();
     else if (QWidget *const window = windowOf(*this); hadKeys && window->isVisible())
         window->activateWindow();
 }
