@@ -166,7 +166,7 @@ void showRecent(TourGuide &guide)
     guide.check(TourGuide::tr("F10 opens the first menu"),
                 guide.waitUntil([&] { return file.isVisible() && file.isActiveWindow(); }));
     file.setActiveAction(recent.menuAction());
-    guide.pressKey(file, Qt::Key_Right);
+    guide.pressKey(file, file.isRightToLeft() ? Qt::Key_Left : Qt::Key_Right);
     guide.check(TourGuide::tr("the recent files are shown"), guide.waitUntil([&recent] {
         return recent.isVisible() && recent.windowHandle()->isExposed();
     }));
