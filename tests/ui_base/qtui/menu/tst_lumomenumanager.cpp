@@ -176,6 +176,7 @@ private Q_SLOTS:
     void menuThatWouldLeaveTheScreenIsShiftedIntoIt();
     void menuThatJustFitsStandsAtItsButton();
     void menuWiderThanTheScreenBeginsAtItsEdge();
+    void menuIsInLineAtTheRightFromRightToLeft();
     void menuWithoutParentIsNotMoved();
     void enteringAnotherButtonSwitchesAtOnce();
     void stoppedManagerOpensNothing();
@@ -426,6 +427,18 @@ void TestLumoMenuManager::menuWiderThanTheScreenBeginsAtItsEdge()
     scene.start();
     send(scene.first, QEvent::Enter);
     QCOMPARE(scene.firstMenu->x(), room.left());
+}
+
+void TestLumoMenuManager::menuIsInLineAtTheRightFromRightToLeft()
+{
+    Scene scene(true);
+    scene.window.setLayoutDirection(Qt::RightToLeft);
+    scene.firstMenu->addAction(QStringLiteral("An action with a long name"));
+    scene.start();
+    send(scene.first, QEvent::Enter);
+    QVERIFY(scene.firstMenu->width() > scene.first->width());
+    QCOMPARE(scene.firstMenu->geometry().topRight(),
+             scene.window.mapToGlobal(QPoint(10 + 80 - 1, 20 + 30 - 1 + 3)));
 }
 
 void TestLumoMenuManager::menuWithoutParentIsNotMoved()
