@@ -47,8 +47,9 @@ QImage seenImage(const TourGuide &guide)
     const ImageView &view = imageView(guide);
     const QRectF place(view.mapTo(&guide.window(), QPoint(0, 0)), QSizeF(view.size()));
     const qreal ratio = picture.devicePixelRatio();
+    // Where a pixel of the window is no whole number of those of the screen, Qt rounds the corner.
     QImage seen =
-        picture.copy(QRectF(place.topLeft() * ratio, place.size() * ratio).toAlignedRect());
+        picture.copy(QRect((place.topLeft() * ratio).toPoint(), (place.size() * ratio).toSize()));
     seen.setDevicePixelRatio(1);
     return seen.convertToFormat(QImage::Format_RGB32);
 }
