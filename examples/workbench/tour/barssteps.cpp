@@ -143,6 +143,7 @@ void deleteFaces(TourGuide &guide)
 void hideBars(TourGuide &guide)
 {
     guide.begin(TourGuide::tr("Bars slide out"));
+    const QImage before = guide.viewPictureAtRest();
     CommandBase &command = *guide.window().commands().bars;
     const CommandBars &bars = guide.window().bars();
     const int height = guide.window().pane().height();
@@ -166,6 +167,7 @@ void hideBars(TourGuide &guide)
         return placeIn(guide.window(), bars.panel()) == panelPlace
             && placeIn(guide.window(), bars.strip().bar()) == barPlace;
     }));
+    guide.checkViewChanged(TourGuide::tr("nothing is left on their way"), before, 0.0, 0.0);
     guide.finishWithPicture();
 }
 
