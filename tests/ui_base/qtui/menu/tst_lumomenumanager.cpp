@@ -433,6 +433,7 @@ void TestLumoMenuManager::menuIsInLineAtTheRightFromRightToLeft()
 {
     Scene scene(true);
     scene.window.setLayoutDirection(Qt::RightToLeft);
+    scene.window.move(350, 100);
     scene.firstMenu->addAction(QStringLiteral("An action with a long name"));
     scene.start();
     send(scene.first, QEvent::Enter);
