@@ -15,6 +15,7 @@
 #include <lumo_common_res/Styles>
 #include <lumo_math/LumoMath>
 
+#include <QAccessibleWidget>
 #include <QCoreApplication>
 #include <QEvent>
 #include <QGraphicsOpacityEffect>
@@ -154,9 +155,38 @@ NotificationBarPrivate::NotificationBarPrivate()
 
 NotificationBarPrivate::~NotificationBarPrivate() = default;
 
+QAccessibleInterface *NotificationBarPrivate::makeAccessible(const QString &className,
+                                                             QObject *object)
+{
+    class AccessibleMessage : public QAccessibleWidget
+    {
+    public:
+        using QAccessibleWidget::QAccessibleWidget;
+        QString text(QAccessible::Text type) const override
+        {
+            const QString own = QAccessibleWidget::text(type);
+            if (type != QAccessible::Name || !own.isEmpty())
+                return own;
+            return static_cast<const NotificationBar *>(object())->d_func()->spokenText();
+        }
+    };
+    if (className != QLatin1String(NotificationBar::staticMetaObject.className()))
+        return nullptr;
+    return new AccessibleMessage(static_cast<QWidget *>(object), QAccessible::AlertMessage);
+}
+
+QString NotificationBarPrivate::spokenText() const
+{
+    if (!control)
+        return label ? text : QString();
+    QAccessibleInterface *const content = QAccessible::queryAccessibleInterface(control);
+    return content ? content->text(QAccessible::Name) : QString();
+}
+
 void NotificationBarPrivate::Initialize(QWidget *parent)
 {
     Q_Q(NotificationBar);
+    QAccessible::installFactory(makeAccessible);
     parentWidget = parent;
     if (parent) {
         parent->installEventFilter(q);
@@ -524,6 +554,8 @@ void NotificationBarPrivate::ShowInCorrectStackOrder()
     if (closeButtonVisible)
         q->raise();
     q->show();
+    QAccessibleEvent alert(q, QAccessible::Alert);
+    QAccessible::updateAccessibility(&alert);
 }
 
 void NotificationBarPrivate::preparePictures()

@@ -16,6 +16,7 @@
 #include <QString>
 
 class QAbstractAnimation;
+class QAccessibleInterface;
 class QGraphicsOpacityEffect;
 class QLabel;
 class QParallelAnimationGroup;
@@ -36,6 +37,11 @@ class LUMO_UI_BASE_EXPORT NotificationBarPrivate
 public:
     NotificationBarPrivate();
     virtual ~NotificationBarPrivate();
+
+    /// What assistive tools see of a bar.
+    static QAccessibleInterface *makeAccessible(const QString &className, QObject *object);
+    /// The whole message, also when it is shown abridged; that of a widget is its name.
+    QString spokenText() const;
 
     void Initialize(QWidget *parent);
     QString ProcessSimpleText(const QString &simpleText) const;

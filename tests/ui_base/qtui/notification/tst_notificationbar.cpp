@@ -5,11 +5,13 @@
 #include <ui_base/NotificationBar>
 
 #include "drivenbar.h"
+#include "support/accessibleevents.h"
 #include "support/testcase.h"
 #include "support/testmain.h"
 
 #include <QImage>
 #include <QLayout>
+#include <QLineEdit>
 #include <QMetaMethod>
 #include <QPointer>
 #include <QPushButton>
@@ -551,6 +553,28 @@ private Q_SLOTS:
         QVERIFY(!scene.bar->data().closeButton->accessibleName().isEmpty());
         scene.bar->showNow(eNotificationFadeOutOnly, false);
         QVERIFY(!scene.bar->data().closeButton->isVisible());
+    }
+
+    void assistiveToolsHearTheWholeMessage()
+    {
+        const Scene scene;
+        const Lumo::Test::AccessibleEvents events;
+        QVERIFY(events.isPossible());
+        QAccessibleInterface *const seen = QAccessible::queryAccessibleInterface(scene.bar);
+        QCOMPARE(seen->role(), QAccessible::AlertMessage);
+        QCOMPARE(seen->text(QAccessible::Name), QString());
+        QVERIFY(!events.hasHeard(scene.bar, QAccessible::Alert));
+        const QString text(2000, QLatin1Char('w'));
+        scene.bar->ShowSimpleText(text, eNotificationFadeOutOnly, 60'000, false);
+        scene.bar->appear();
+        QVERIFY(events.hasHeard(scene.bar, QAccessible::Alert));
+        QCOMPARE(seen->text(QAccessible::Name), text);
+        auto *const control = new QLineEdit;
+        control->setAccessibleName(QStringLiteral("How many"));
+        scene.bar->ShowControl(control, eNotificationFadeOutOnly, 60'000, false);
+        QCOMPARE(seen->text(QAccessible::Name), QStringLiteral("How many"));
+        scene.bar->setAccessibleName(QStringLiteral("Mine"));
+        QCOMPARE(seen->text(QAccessible::Name), QStringLiteral("Mine"));
     }
 
     void closeButtonIsNotShownUnasked()
