@@ -5,8 +5,11 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QRect>
 #include <QTest>
 #include <QWidget>
+
+#include <algorithm>
 
 namespace Lumo::Test {
 namespace {
@@ -23,6 +26,20 @@ bool isForTab(const QWidget &widget)
     const bool isControl = qobject_cast<const QAbstractButton *>(&widget)
         || (widget.focusPolicy() & Qt::TabFocus) == Qt::TabFocus;
     return isControl && !widget.focusProxy() && widget.isVisible() && widget.isEnabled();
+}
+
+QRect placeOf(const QWidget &widget)
+{
+    return {widget.mapToGlobal(QPoint(0, 0)), widget.size()};
+}
+
+bool isBefore(const QWidget &one, const QWidget &other)
+{
+    const QRect a = placeOf(one);
+    const QRect b = placeOf(other);
+    if (a.bottom() < b.top() || b.bottom() < a.top())
+        return a.bottom() < b.top();
+    return one.isRightToLeft() ? a.right() > b.right() : a.left() < b.left();
 }
 
 } // namespace
@@ -44,16 +61,29 @@ QVector<QWidget *> tabStops(QWidget &window)
     }
 }
 
-QStringList missedByTab(QWidget &window)
+QStringList missedByTab(QWidget &part)
 {
-    const QVector<QWidget *> stops = tabStops(window);
+    const QVector<QWidget *> stops = tabStops(*part.window());
+    const auto passesOn = [&stops](const QWidget *widget) {
+        return std::any_of(stops.begin(), stops.end(),
+                           [widget](const QWidget *stop) { return widget->isAncestorOf(stop); });
+    };
     QStringList missed;
-    const auto widgets = window.findChildren<QWidget *>();
+    const auto widgets = part.findChildren<QWidget *>();
     for (QWidget *widget : widgets) {
-        if (widget->window() == &window && isForTab(*widget) && !stops.contains(widget))
+        if (widget->window() == part.window() && isForTab(*widget) && !stops.contains(widget)
+            && !passesOn(widget))
             missed << nameOf(*widget);
     }
     return missed;
+}
+
+int stepsBack(const QVector<QWidget *> &stops)
+{
+    int count = 0;
+    for (int i = 0; i < stops.size(); ++i)
+        count += isBefore(*stops.at(i), *stops.at((i + 1) % stops.size())) ? 0 : 1;
+    return count;
 }
 
 QStringList namesOf(const QVector<QWidget *> &widgets)

@@ -31,6 +31,8 @@ bool DialogCommand::onExecuteAsync(bool checked)
         if (!m_dialog)
             return false;
         m_dialog->setAttribute(Qt::WA_DeleteOnClose);
+        if (m_dialog->accessibleDescription().isEmpty())
+            m_dialog->setAccessibleDescription(whatsThis());
         centerOver(*view->window(), *m_dialog);
     }
     if (!m_dialog)
