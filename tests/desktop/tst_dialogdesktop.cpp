@@ -38,24 +38,31 @@ QLineEdit *makePanel()
     return panel;
 }
 
-Dialog makeFlyoutDialog()
+Dialog makeFlyoutDialog(QWidget *parent = nullptr)
 {
     auto *const advanced = new QWidget;
     advanced->setFixedSize(200, 90);
     return Dialog(QtUiToolkit::Instance().CreateFlyoutDialog(
-        nullptr, QStringLiteral("Smooth"), makePanel(), advanced, true, true, true, false));
+        parent, QStringLiteral("Smooth"), makePanel(), advanced, true, true, true, false));
 }
 
-Dialog makeTaskDialog()
+Dialog makeTaskDialog(QWidget *parent = nullptr)
 {
-    return std::make_unique<TaskDialog>(nullptr, QStringLiteral("Close the mesh?"),
+    return std::make_unique<TaskDialog>(parent, QStringLiteral("Close the mesh?"),
                                         QStringLiteral("It has changes."),
                                         EDialogButtons::ButtonsYesNo, EDialogIcon::IconQuestion);
 }
 
-Dialog makePlainDialog()
+Dialog makePlainDialog(QWidget *parent = nullptr)
 {
-    return std::make_unique<DialogEx>(nullptr, true);
+    return std::make_unique<DialogEx>(parent, true);
+}
+
+Dialog makeDialog(int kind, QWidget *parent = nullptr)
+{
+    if (kind == 0)
+        return makeFlyoutDialog(parent);
+    return kind == 1 ? makeTaskDialog(parent) : makePlainDialog(parent);
 }
 
 /// The dialog on the screen, with the keyboard, where the user can take hold of it.
@@ -98,9 +105,7 @@ private Q_SLOTS:
     {
         QFETCH(const int, kind);
         QFETCH(const QPoint, from);
-        const Dialog dialog = kind == 0 ? makeFlyoutDialog()
-            : kind == 1                 ? makeTaskDialog()
-                                        : makePlainDialog();
+        const Dialog dialog = makeDialog(kind);
         QVERIFY(bringUp(*dialog));
         QVERIFY(drag(Place + from, Way));
         QTRY_COMPARE(dialog->mapToGlobal(QPoint(0, 0)), Place + Way);
@@ -161,6 +166,31 @@ private Q_SLOTS:
         QVERIFY(dialog->isVisible());
         QVERIFY(pressKeyAsUser(QStringLiteral("Escape")));
         QTRY_VERIFY(!dialog->isVisible());
+    }
+
+    void theFocusComesBackFromADialog_data()
+    {
+        QTest::addColumn<int>("kind");
+        QTest::newRow("flyout dialog") << 0;
+        QTest::newRow("task dialog") << 1;
+        QTest::newRow("dialog of one's own") << 2;
+    }
+    void theFocusComesBackFromADialog()
+    {
+        QFETCH(const int, kind);
+        QWidget window;
+        window.setGeometry(QRect(Place - QPoint(100, 100), QSize(500, 400)));
+        new QLineEdit(&window);
+        auto *const field = new QLineEdit(&window);
+        window.show();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        field->setFocus();
+        const Dialog dialog = makeDialog(kind, &window);
+        QVERIFY(bringUp(*dialog));
+        QTRY_COMPARE(QApplication::activeWindow(), dialog.get());
+        QVERIFY(pressKeyAsUser(QStringLiteral("Escape")));
+        QTRY_VERIFY(!dialog->isVisible());
+        QTRY_VERIFY(field->hasFocus());
     }
 
     void theKeyboardAnswersATaskDialog()
