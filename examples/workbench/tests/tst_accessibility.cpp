@@ -347,6 +347,7 @@ private Q_SLOTS:
         button.GetTooltipObject()->ShowTooltip();
         QVERIFY(button.GetTooltipObject()->IsVisible());
         QWidget &card = *button.GetTooltipObject()->TooltipControl();
+        QVERIFY(!textOf(*card.window(), QAccessible::Name).isEmpty());
         QCOMPARE(said(Lumo::Test::namelessControls(*card.window())), QString());
         QCOMPARE(said(Lumo::Test::misreadControls(*card.window())), QString());
     }

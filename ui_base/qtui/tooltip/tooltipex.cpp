@@ -8,9 +8,12 @@
 #include "ui_base/qtui/tooltip/formpalette_p.h"
 #include "ui_tooltipex.h"
 
+#include <QAccessibleWidget>
 #include <QEvent>
 #include <QPalette>
 #include <QStackedWidget>
+#include <QTextDocument>
+#include <QTextDocumentFragment>
 
 namespace Vela::UiBase {
 
@@ -21,10 +24,23 @@ public:
     Internal::FormTexts texts;
 };
 
+static QAccessibleInterface *makeAccessible(const QString &className, QObject *object)
+{
+    if (className != QLatin1String(TooltipEx::staticMetaObject.className()))
+        return nullptr;
+    return new QAccessibleWidget(static_cast<QWidget *>(object), QAccessible::ToolTip);
+}
+
+static QString plainText(const QString &text)
+{
+    return Qt::mightBeRichText(text) ? QTextDocumentFragment::fromHtml(text).toPlainText() : text;
+}
+
 TooltipEx::TooltipEx(QWidget *parent)
     : ATooltipEx(*new TooltipExPrivate, parent)
 {
     Q_D(TooltipEx);
+    QAccessible::installFactory(makeAccessible);
     d->ui.setupUi(this);
     d->texts.take(*this);
     Internal::dressForPalette(*this);
@@ -52,6 +68,8 @@ void TooltipEx::SetParams(const QString &title, const QString &content, QStacked
     d->visibility = visibility;
     d->ui.title_label->setText(title);
     d->ui.content_label->setText(content);
+    setAccessibleName(plainText(title));
+    setAccessibleDescription(plainText(content));
     SetAdvancedWidget(advanced);
     SetAdvancedWidgetVisibility(visibility != EWidgetExVisibility::ExHidden);
     adjustSize();

@@ -16,6 +16,7 @@
 
 #include <lumo_common_res/Styles>
 
+#include <QAccessible>
 #include <QApplication>
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -125,6 +126,7 @@ private Q_SLOTS:
     void theDarkPaletteReachesTheForm();
     void startsWithTheWidthOfANewWidget();
     void showsTitleAndContent();
+    void assistiveToolsGetTitleAndContent();
     void takesItsPagesOver();
     void aSecondStackIsLeftAlone();
     void aStackWithoutPagesDiesWithTheCard();
@@ -304,6 +306,17 @@ void TooltipExTest::showsTitleAndContent()
     QCOMPARE(card->part<QLabel>("title_label")->text(), QStringLiteral("Smooth"));
     QCOMPARE(card->part<QLabel>("content_label")->text(), Text);
     QCOMPARE(card->state().maxWidth, Wide);
+}
+
+void TooltipExTest::assistiveToolsGetTitleAndContent()
+{
+    Card card;
+    card.SetParams(QStringLiteral("<b>Smooth</b>"), QStringLiteral("Takes the noise out"), nullptr,
+                   true, Wide, EVisibility::ExHidden);
+    QAccessibleInterface *const seen = QAccessible::queryAccessibleInterface(&card);
+    QCOMPARE(seen->role(), QAccessible::ToolTip);
+    QCOMPARE(seen->text(QAccessible::Name), QStringLiteral("Smooth"));
+    QCOMPARE(seen->text(QAccessible::Description), QStringLiteral("Takes the noise out"));
 }
 
 void TooltipExTest::takesItsPagesOver()
