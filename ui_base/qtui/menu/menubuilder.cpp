@@ -39,10 +39,24 @@ static int Extent(int length)
     return qBound(0, length, QWIDGETSIZE_MAX - 1);
 }
 
-/// The text of an item without the mark of its key.
+/// A text without the mark of its key.
 static QString NameOf(const QString &text)
 {
     return QAction(text).iconText();
+}
+
+/// Names a sub menu by its title for assistive tools, to which Qt tells the title of a window only.
+static void NameAfterTitle(QMenu *subMenu)
+{
+    const QString title = NameOf(subMenu->title());
+    subMenu->setAccessibleName(title);
+    QObject::connect(subMenu->menuAction(), &QAction::changed, subMenu,
+                     [subMenu, last = title]() mutable {
+                         if (subMenu->accessibleName() != last)
+                             return; // the owner's
+                         last = NameOf(subMenu->title());
+                         subMenu->setAccessibleName(last);
+                     });
 }
 
 /// Adds the actions of @p menu to @p actions, each followed by those of its own menu. An action may
@@ -331,7 +345,7 @@ QMenu *MenuBuilderPrivate::AddActionForSubMenu(QMenu *menu, const QString &title
     if (QMenu *found = FindMenu(menu, title))
         return found;
     auto *subMenu = new QMenu(title, menu);
-    subMenu->setAccessibleName(NameOf(title));
+    NameAfterTitle(subMenu);
     if (before)
         subMenu->setFocusPolicy(Qt::NoFocus);
     menu->insertMenu(before, subMenu);
@@ -614,7 +628,7 @@ bool MenuBuilder::AddSubMenu(const QString &item, const QString &title,
     const ManagerPause pause(d->menuManager);
     QMenu *mirror = d->mirrorMenus.value(item);
     QMenu *subMenu = menu->addMenu(title);
-    subMenu->setAccessibleName(NameOf(title));
+    NameAfterTitle(subMenu);
     QMenu *subMirror = mirror ? mirror->addMenu(title) : nullptr;
     for (const AppMenuItemSpecifier &spec : std::as_const(specs)) {
         if (spec.text.isEmpty())

@@ -776,11 +776,18 @@ void TestMenuBuilder::subMenusAreNamedByTheirTitles()
     QList<AppMenuItemSpecifier> specs {entry(QStringLiteral("a"))};
     QVERIFY(bar.AddSubMenu(File, QStringLiteral("&One"), specs));
     QVERIFY(bar.AddSubMenu(File, QStringLiteral("T&wo"), {nullptr}, nullptr, false));
-    QStringList names;
-    for (const QMenu *sub : bar.menu(File)->findChildren<QMenu *>())
-        names << QAccessible::queryAccessibleInterface(const_cast<QMenu *>(sub))
-                     ->text(QAccessible::Name);
-    QCOMPARE(names, (QStringList {QStringLiteral("One"), QStringLiteral("Two")}));
+    const QList<QMenu *> subs = bar.menu(File)->findChildren<QMenu *>();
+    const auto nameOf = [](QMenu *sub) {
+        return QAccessible::queryAccessibleInterface(sub)->text(QAccessible::Name);
+    };
+    QCOMPARE(subs.size(), 2);
+    QCOMPARE(nameOf(subs.first()), QStringLiteral("One"));
+    QCOMPARE(nameOf(subs.last()), QStringLiteral("Two"));
+    subs.first()->setTitle(QStringLiteral("&Eins"));
+    QCOMPARE(nameOf(subs.first()), QStringLiteral("Eins"));
+    subs.last()->setAccessibleName(QStringLiteral("Mine"));
+    subs.last()->setTitle(QStringLiteral("&Zwei"));
+    QCOMPARE(nameOf(subs.last()), QStringLiteral("Mine"));
 }
 
 void TestMenuBuilder::assistiveToolsSeeAndOpenTheMenus_data()
