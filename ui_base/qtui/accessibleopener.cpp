@@ -6,7 +6,7 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QMenu>
-#include <QTimer>
+#include <QMetaObject>
 
 #include <utility>
 
@@ -88,7 +88,7 @@ void AccessibleOpener::doAction(const QString &actionName)
     if (!isOurs)
         QAccessibleWidget::doAction(actionName);
     else if (button().isEnabled())
-        QTimer::singleShot(0, &button(), &QAbstractButton::click);
+        QMetaObject::invokeMethod(&button(), "click", Qt::QueuedConnection);
 }
 
 QStringList AccessibleOpener::keyBindingsForAction(const QString &actionName) const
