@@ -91,12 +91,14 @@ bool isForKeys(const QWidget &widget)
     return (widget.focusPolicy() & Qt::TabFocus) == Qt::TabFocus && widget.isEnabled();
 }
 
-/// Whether there is something in a layer that the keyboard is for.
-bool hasTabStop(const QWidget &layer)
+/// Whether there is something in a widget that the keyboard is for. What floats over it has keys of
+/// its own.
+bool hasTabStop(const QWidget &widget)
 {
-    const auto widgets = layer.findChildren<QWidget *>();
-    return std::any_of(widgets.begin(), widgets.end(),
-                       [](const QWidget *widget) { return isForKeys(*widget); });
+    const auto parts = widget.findChildren<QWidget *>();
+    return std::any_of(parts.begin(), parts.end(), [&widget](const QWidget *part) {
+        return part->window() == widget.window() && isForKeys(*part);
+    });
 }
 
 /// The window, and what floats over it that the keyboard is for.
@@ -114,10 +116,11 @@ QVector<QWidget *> panesOf(QWidget &window)
 /// Which way a key leads among the panes of a window; 0 for a key that is for something else.
 int stepOf(const QKeyEvent &event)
 {
-    const bool isBack = event.modifiers() == Qt::ShiftModifier;
-    const bool isForUs =
-        event.key() == Qt::Key_F6 && (isBack || event.modifiers() == Qt::NoModifier);
-    return isForUs ? (isBack ? -1 : 1) : 0;
+    if (event.key() != Qt::Key_F6)
+        return 0;
+    if (event.modifiers() == Qt::NoModifier)
+        return 1;
+    return event.modifiers() == Qt::ShiftModifier ? -1 : 0;
 }
 
 /// A layer is a dialog when there is something to be done in it, and called as its widget is.

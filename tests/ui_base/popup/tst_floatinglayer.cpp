@@ -255,6 +255,20 @@ private Q_SLOTS:
         QCOMPARE(seen->role(), QAccessible::Pane);
     }
 
+    void whatFloatsOverALayerHasKeysOfItsOwn()
+    {
+        Scene scene;
+        FloatingLayer *const layer = scene.makeFloating();
+        const auto inner = std::make_unique<QWidget>(scene.widget);
+        new QLineEdit(inner.get());
+        FloatingLayer::makeWidgetFloating(inner.get(), QMargins());
+        const auto roleOf = [](QWidget *seen) {
+            return QAccessible::queryAccessibleInterface(seen)->role();
+        };
+        QCOMPARE(roleOf(layer), QAccessible::Pane);
+        QCOMPARE(roleOf(layerOf(inner.get())), QAccessible::Dialog);
+    }
+
     void assistiveToolsTakeALayerWithAFrameForWhatIsInIt()
     {
         QWidget window;
