@@ -323,17 +323,13 @@ void LumoMenuManagerPrivate::PlaceMenu(QAbstractButton *button) const
     if (!menu || !menu->parentWidget())
         return;
     const QRect geometry = button->geometry();
-    menu->ensurePolished();
-    const QSize wanted =
-        menu->sizeHint().expandedTo(menu->minimumSize()).boundedTo(menu->maximumSize());
-    // From right to left they are in line at the right.
-    const int left =
-        button->isRightToLeft() ? geometry.right() + 1 - wanted.width() : geometry.left();
-    const QPoint corner(left, geometry.bottom() + menuOffsetY);
+    const QPoint corner(geometry.left(), geometry.bottom() + menuOffsetY);
     // The geometry of a button that is a window is global already.
     const QPoint place =
         button->parentWidget() ? button->parentWidget()->mapToGlobal(corner) : corner;
     const QScreen *const screen = QGuiApplication::screenAt(place);
+    const QSize wanted =
+        menu->sizeHint().expandedTo(menu->minimumSize()).boundedTo(menu->maximumSize());
     menu->move(KeptOnScreen(place, wanted, screen ? screen : button->screen()));
 }
 

@@ -57,8 +57,7 @@ public:
     /// @param mainWindow the window around the buttons, which tells in custom-hover mode that the
     ///                   pointer is away; its mouse tracking is turned on then. Not owned, may be null
     /// @param menuOffsetY logical pixels from the bottom of a button to the top of its menu, in
-    ///                    custom-hover mode, where both are in line at the left, from right to left
-    ///                    at the right
+    ///                    custom-hover mode
     /// @param customHover true for custom-hover mode, false for plain mode
     LumoMenuManager(QMainWindow *mainWindow, int menuOffsetY, bool customHover, QObject *parent);
     /// Hides the open menus of custom-hover mode.

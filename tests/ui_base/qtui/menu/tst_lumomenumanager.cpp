@@ -176,7 +176,6 @@ private Q_SLOTS:
     void menuThatWouldLeaveTheScreenIsShiftedIntoIt();
     void menuThatJustFitsStandsAtItsButton();
     void menuWiderThanTheScreenBeginsAtItsEdge();
-    void menuIsInLineAtTheRightFromRightToLeft();
     void menuWithoutParentIsNotMoved();
     void enteringAnotherButtonSwitchesAtOnce();
     void stoppedManagerOpensNothing();
@@ -427,19 +426,6 @@ void TestLumoMenuManager::menuWiderThanTheScreenBeginsAtItsEdge()
     scene.start();
     send(scene.first, QEvent::Enter);
     QCOMPARE(scene.firstMenu->x(), room.left());
-}
-
-void TestLumoMenuManager::menuIsInLineAtTheRightFromRightToLeft()
-{
-    Scene scene(true);
-    scene.window.setLayoutDirection(Qt::RightToLeft);
-    scene.window.move(350, 100);
-    scene.firstMenu->addAction(QStringLiteral("An action with a long name"));
-    scene.start();
-    send(scene.first, QEvent::Enter);
-    QVERIFY(scene.firstMenu->width() > scene.first->width());
-    QCOMPARE(scene.firstMenu->geometry().topRight(),
-             scene.window.mapToGlobal(QPoint(10 + 80 - 1, 20 + 30 - 1 + 3)));
 }
 
 void TestLumoMenuManager::menuWithoutParentIsNotMoved()
