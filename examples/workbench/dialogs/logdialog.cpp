@@ -8,6 +8,7 @@
 #include "language.h"
 
 #include <QBoxLayout>
+#include <QEvent>
 #include <QFontDatabase>
 #include <QPainter>
 #include <QPlainTextEdit>
@@ -26,6 +27,7 @@ public:
     explicit GripMark(QWidget *parent)
         : QWidget(parent)
     {
+        setObjectName(QStringLiteral("grip"));
         setFixedSize(16, 16);
         setAttribute(Qt::WA_TransparentForMouseEvents);
     }
@@ -47,6 +49,7 @@ LogDialog::LogDialog(std::shared_ptr<MessageLog> log, QWidget *parent)
     : DialogEx(parent, true)
     , m_log(std::move(log))
     , m_text(new QPlainTextEdit(this))
+    , m_row(new QHBoxLayout)
 {
     setObjectName(QStringLiteral("log_dialog"));
     inEveryLanguage(*m_text, [this] { m_text->setAccessibleName(tr("Lines of the log")); });
@@ -68,6 +71,19 @@ QString LogDialog::text() const
     return m_text->toPlainText();
 }
 
+void LogDialog::changeEvent(QEvent *event)
+{
+    DialogEx::changeEvent(event);
+    if (event->type() == QEvent::LayoutDirectionChange)
+        keepGripAtTheRight();
+}
+
+/// The dialog is resized there in either direction of reading, and nothing else may stand there.
+void LogDialog::keepGripAtTheRight()
+{
+    m_row->setDirection(isRightToLeft() ? QBoxLayout::RightToLeft : QBoxLayout::LeftToRight);
+}
+
 void LogDialog::buildLayout()
 {
     auto *clear = new QPushButton(this);
@@ -76,13 +92,13 @@ void LogDialog::buildLayout()
     clear->setAutoDefault(false);
     connect(clear, &QPushButton::clicked, m_log.get(), &MessageLog::clear);
 
-    auto *const row = new QHBoxLayout;
-    row->addWidget(clear);
-    row->addStretch();
-    row->addWidget(new GripMark(this), 0, Qt::AlignBottom);
+    m_row->addWidget(clear);
+    m_row->addStretch();
+    m_row->addWidget(new GripMark(this), 0, Qt::AlignBottom);
+    keepGripAtTheRight();
     QBoxLayout *column = dressUp(*this, [] { return tr("Log"); });
     column->addWidget(m_text, 1);
-    column->addLayout(row);
+    column->addLayout(m_row);
     m_text->setFocus();
     EnableMouseTracking(true);
 }

@@ -7,6 +7,7 @@
 
 #include <memory>
 
+class QBoxLayout;
 class QPlainTextEdit;
 
 namespace Workbench {
@@ -25,11 +26,16 @@ public:
     /// The lines that are shown.
     QString text() const;
 
+protected:
+    void changeEvent(QEvent *event) override;
+
 private:
     void buildLayout();
+    void keepGripAtTheRight();
 
     const std::shared_ptr<MessageLog> m_log;
     QPlainTextEdit *const m_text;
+    QBoxLayout *const m_row;
 };
 
 } // namespace Workbench

@@ -255,6 +255,23 @@ private Q_SLOTS:
         QVERIFY(window.pane().view()->appearance().background == EBackground::Grey);
     }
 
+    void theGripOfTheLogIsWhereTheDialogIsResized()
+    {
+        MainWindow window;
+        window.show();
+        LogCommand &command = *window.commands().log;
+        command.trigger();
+        QDialog *const dialog = command.dialog();
+        const auto placeOf = [dialog](const char *name) {
+            return dialog->findChild<QWidget *>(QLatin1String(name))->geometry();
+        };
+        for (const Qt::LayoutDirection direction : {Qt::LeftToRight, Qt::RightToLeft}) {
+            dialog->setLayoutDirection(direction);
+            QTRY_VERIFY(placeOf("grip").left() > dialog->width() - 40);
+            QTRY_VERIFY(placeOf("clear").right() < dialog->width() / 2);
+        }
+    }
+
     void resetShowsTheDefaults()
     {
         MainWindow window;
