@@ -1,11 +1,14 @@
 // SPDX-FileCopyrightText: 2026 The lumo_ui_base authors
 // SPDX-License-Identifier: MIT
 
+#include <ui_base/ActionPanel>
 #include <ui_base/BaseView>
 #include <ui_base/CmdsViewController>
 #include <ui_base/CommandGroup>
 #include <ui_base/FlyoutBase>
+#include <ui_base/ImageViewerToolBar>
 #include <ui_base/InfoDialog>
+#include <ui_base/MDialogBase>
 #include <ui_base/NotificationBar>
 #include <ui_base/QtUiToolkit>
 #include <ui_base/SampleInnerTooltip>
@@ -13,6 +16,7 @@
 #include <ui_base/ToolBar>
 #include <ui_base/ToolButton>
 #include <ui_base/TooltipEx>
+#include <ui_base/TooltipExFactory>
 #include <ui_base/TooltipObject>
 
 #include "support/testcase.h"
@@ -30,6 +34,7 @@
 #include <QToolButton>
 #include <QTranslator>
 
+#include <functional>
 #include <memory>
 
 using namespace Vela::UiBase;
@@ -55,6 +60,54 @@ std::unique_ptr<TaskDialog> makeQuestion()
     return std::make_unique<TaskDialog>(nullptr, QStringLiteral("Close the mesh?"),
                                         QStringLiteral("It has changed."),
                                         EDialogButtons::ButtonsYesNo, EDialogIcon::IconQuestion);
+}
+
+QWidget *makeContent()
+{
+    auto *const panel = new QWidget;
+    panel->setFixedSize(240, 60);
+    return panel;
+}
+
+std::unique_ptr<QWidget> makeUnfoldedFlyout()
+{
+    std::unique_ptr<QWidget> flyout = makeFlyout();
+    flyout->findChild<QAbstractButton *>(QStringLiteral("advanced_button"))->click();
+    return flyout;
+}
+
+std::unique_ptr<QWidget> makeInfoFlyout()
+{
+    return std::unique_ptr<QWidget>(QtUiToolkit::Instance().CreateFlyout(
+        nullptr, QStringLiteral("Smooth"), makeContent(), QStringLiteral("Evens out the surface."),
+        true, true, true, true, nullptr));
+}
+
+std::unique_ptr<QWidget> makeFlyoutDialog()
+{
+    return std::unique_ptr<QWidget>(QtUiToolkit::Instance().CreateFlyoutDialog(
+        nullptr, QStringLiteral("Smooth"), makeContent(), makeContent(), true, true, true, true));
+}
+
+std::unique_ptr<QWidget> makeCard(const char *type, bool isOpen)
+{
+    using EVisibility = ATooltipEx::EWidgetExVisibility;
+    return std::unique_ptr<QWidget>(TooltipExFactory::GetInstance().CreateExtendedTooltip(
+        nullptr, QStringLiteral("Smooth"), QStringLiteral("Evens out the surface of the mesh."),
+        QStringLiteral("Works on the selection, or on all faces when none is selected."), true, 300,
+        isOpen ? EVisibility::ExShown : EVisibility::ExHidden, QString::fromLatin1(type)));
+}
+
+std::unique_ptr<QWidget> makePanel()
+{
+    auto window = std::make_unique<QWidget>();
+    window->resize(400, 300);
+    auto *const panel = new ActionPanel(window.get());
+    for (const char *const text : {"Open", "Save", "Smooth"})
+        panel->AddAction(new QAction(QString::fromLatin1(text), window.get()),
+                         QStringLiteral("group"), 1, true);
+    panel->ShowMe();
+    return window;
 }
 
 template<typename Child>
@@ -138,7 +191,27 @@ QString firstOutside(const QWidget &form)
     return {};
 }
 
+/// The first text that has less room than it wants.
+QString firstCutOff(const QWidget &form)
+{
+    for (const QWidget *const leaf : visibleLeaves(form)) {
+        const auto *const label = qobject_cast<const QLabel *>(leaf);
+        const bool isWrapped = label && label->wordWrap();
+        const QString text = leaf->property("text").toString();
+        const int textWidth = leaf->fontMetrics().size(Qt::TextShowMnemonic, text).width();
+        const bool isCut = isWrapped ? leaf->height() < leaf->heightForWidth(leaf->width())
+                                     : leaf->width() < textWidth;
+        if (!text.isEmpty() && isCut)
+            return leaf->objectName() + QLatin1Char(' ') + text;
+    }
+    return {};
+}
+
+using Maker = std::function<std::unique_ptr<QWidget>()>;
+
 } // namespace
+
+Q_DECLARE_METATYPE(Maker)
 
 class TestTranslations : public Lumo::Test::TestCase
 {
@@ -164,11 +237,15 @@ private Q_SLOTS:
     void tooltipThatTheHostWroteStays();
     void tooltipFollowsNothingButTheLanguage();
     void buttonOfACommandGroupFollows();
-    void rightToLeftBreaksNoForm_data();
+    void rightToLeftBreaksNoForm_data() { everyForm(); }
     void rightToLeftBreaksNoForm();
+    void aChangeOfLanguageBreaksNoForm_data() { everyForm(); }
+    void aChangeOfLanguageBreaksNoForm();
+    void closeButtonOfANotificationCoversNoTextFromRightToLeft();
     void closeButtonChangesSidesFromRightToLeft();
 
 private:
+    static void everyForm();
     void speakGerman();
 
     QTranslator m_german;
@@ -391,34 +468,60 @@ void TestTranslations::buttonOfACommandGroupFollows()
              QStringLiteral("Darstellungen"));
 }
 
-void TestTranslations::rightToLeftBreaksNoForm_data()
+void TestTranslations::everyForm()
 {
-    QTest::addColumn<int>("form");
-    QTest::newRow("flyout") << 0;
-    QTest::newRow("question") << 1;
-    QTest::newRow("card") << 2;
+    QTest::addColumn<Maker>("make");
+    QTest::newRow("flyout") << Maker([] { return std::unique_ptr<QWidget>(makeFlyout()); });
+    QTest::newRow("flyout, unfolded") << Maker(makeUnfoldedFlyout);
+    QTest::newRow("flyout with an info strip") << Maker(makeInfoFlyout);
+    QTest::newRow("dialog around a flyout") << Maker(makeFlyoutDialog);
+    QTest::newRow("question") << Maker([] { return std::unique_ptr<QWidget>(makeQuestion()); });
+    QTest::newRow("card") << Maker([] { return makeCard("TooltipEx", false); });
+    QTest::newRow("open card") << Maker([] { return makeCard("TooltipEx", true); });
+    QTest::newRow("info dialog") << Maker([] { return makeCard("InfoDialog", true); });
+    QTest::newRow("strip of an image viewer")
+        << Maker([] { return std::make_unique<Vela::UiToolkit::ImageViewerToolBar>(); });
+    QTest::newRow("action panel") << Maker(makePanel);
 }
 
 void TestTranslations::rightToLeftBreaksNoForm()
 {
-    QFETCH(int, form);
+    QFETCH(Maker, make);
     qApp->setLayoutDirection(Qt::RightToLeft);
-    std::unique_ptr<QWidget> widget;
-    if (form == 0) {
-        widget = makeFlyout();
-    } else if (form == 1) {
-        widget = makeQuestion();
-    } else {
-        auto card = std::make_unique<TooltipEx>();
-        card->SetParams(QStringLiteral("Smooth"), QStringLiteral("Evens out the surface."), nullptr,
-                        false, 300, TooltipEx::EWidgetExVisibility::ExHidden);
-        widget = std::move(card);
-    }
+    const std::unique_ptr<QWidget> widget = make();
     widget->show();
     QVERIFY(QTest::qWaitForWindowExposed(widget.get()));
     QVERIFY(visibleLeaves(*widget).size() > 1);
+    QTRY_COMPARE(firstOutside(*widget), QString());
+    QCOMPARE(firstOverlap(*widget), QString());
+    QCOMPARE(firstCutOff(*widget), QString());
+}
+
+void TestTranslations::aChangeOfLanguageBreaksNoForm()
+{
+    QFETCH(Maker, make);
+    const std::unique_ptr<QWidget> widget = make();
+    widget->show();
+    QVERIFY(QTest::qWaitForWindowExposed(widget.get()));
+    speakGerman();
+    QTRY_COMPARE(firstCutOff(*widget), QString());
     QCOMPARE(firstOutside(*widget), QString());
     QCOMPARE(firstOverlap(*widget), QString());
+}
+
+void TestTranslations::closeButtonOfANotificationCoversNoTextFromRightToLeft()
+{
+    qApp->setLayoutDirection(Qt::RightToLeft);
+    QWidget window;
+    window.resize(400, 300);
+    NotificationBar bar(&window);
+    window.show();
+    bar.ShowSimpleText(QStringLiteral("Saved"), eNotificationNoFade, 60'000, true);
+    QTRY_VERIFY(bar.isVisible());
+    const QRect close = placeIn(bar, *bar.findChild<QToolButton *>());
+    const QRect text = placeIn(bar, *bar.findChild<QLabel *>());
+    QVERIFY(bar.rect().contains(close) && bar.rect().contains(text));
+    QVERIFY(!close.intersects(text));
 }
 
 void TestTranslations::closeButtonChangesSidesFromRightToLeft()
