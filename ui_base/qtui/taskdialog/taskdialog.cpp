@@ -465,6 +465,7 @@ void TaskDialogPrivate::fitSize()
 {
     Q_Q(TaskDialog);
     QLayout *const layout = q->layout();
+    mirrorMargins();
     q->adjustSize();
     QSize size = q->size();
     if (hasWidget)
@@ -472,6 +473,42 @@ void TaskDialogPrivate::fitSize()
     if (layout->hasHeightForWidth())
         size.setHeight(layout->totalHeightForWidth(size.width()));
     q->resize(size);
+}
+
+// Margins stay where they are when the rest of a layout changes sides.
+void TaskDialogPrivate::mirrorMargins()
+{
+    if (isMirrored == q_ptr->isRightToLeft())
+        return;
+    isMirrored = !isMirrored;
+    QMargins text = ui->gridLayout_3->contentsMargins();
+    if (isMirrored)
+        marginBehindText = text.right();
+    else
+        text.setLeft(marginBehindText);
+    ui->gridLayout_3->setContentsMargins(text.right(), text.top(), text.left(), text.bottom());
+    const QMargins cross = ui->horizontalLayout_2->contentsMargins();
+    ui->horizontalLayout_2->setContentsMargins(cross.right(), cross.top(), cross.left(),
+                                               cross.bottom());
+    keepRoomForIcon();
+}
+
+// The dialog can be a little narrower than all its parts. From left to right the text then stands in
+// the margin behind it; from right to left it would stand over the icon before it.
+void TaskDialogPrivate::keepRoomForIcon()
+{
+    if (!isMirrored)
+        return;
+    QMargins margins = ui->gridLayout_3->contentsMargins();
+    margins.setLeft(marginBehindText);
+    ui->gridLayout_3->setContentsMargins(margins);
+    ui->gridLayout_2->activate();
+    q_ptr->layout()->activate();
+    const int missing = q_ptr->layout()->totalMinimumSize().width() - q_ptr->maximumWidth();
+    if (missing <= 0)
+        return;
+    margins.setLeft(std::max(0, marginBehindText - missing));
+    ui->gridLayout_3->setContentsMargins(margins);
 }
 
 // The bar ends where the cross begins.
@@ -674,6 +711,8 @@ void TaskDialog::changeEvent(QEvent *event)
     QDialog::changeEvent(event);
     if (event->type() == QEvent::LanguageChange)
         d_func()->retranslate();
+    else if (event->type() == QEvent::LayoutDirectionChange)
+        d_func()->mirrorMargins();
 }
 
 void TaskDialog::mouseMoveEvent(QMouseEvent *event)
@@ -720,6 +759,7 @@ void TaskDialog::showEvent(QShowEvent *event)
 {
     d_func()->updateTitleBar();
     QDialog::showEvent(event);
+    d_func()->keepRoomForIcon(); // the frames are as wide as their style wants them by now
 }
 
 void TaskDialog::connectSignalSlots()

@@ -68,6 +68,8 @@ private:
     int widthOf(QLabel *label, bool *multiline) const;
     void breakLongWords(QLabel *label, int width) const;
     void fitSize();
+    void mirrorMargins();
+    void keepRoomForIcon();
 
     void updateTitleBar();
     bool isOnTitleBar(const QPoint &position) const;
@@ -76,6 +78,8 @@ private:
     EDialogIcon icon = EDialogIcon::IconNone;
     QList<SIconButton> faces;
     QString formTitle;
+    bool isMirrored = false;
+    int marginBehindText = 0; ///< as the form has it; known while it is mirrored
 
     Q_DISABLE_COPY(TaskDialogPrivate)
 };

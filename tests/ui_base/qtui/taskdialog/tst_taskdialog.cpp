@@ -24,6 +24,7 @@
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QScopeGuard>
+#include <QStyle>
 #include <QTimer>
 #include <QToolButton>
 #include <QToolTip>
@@ -1337,6 +1338,38 @@ private Q_SLOTS:
             dragTo(dialog.get(), at + QPoint(7, -5));
             release(dialog.get(), at);
             QCOMPARE(dialog->pos(), place.second ? QPoint(107, 95) : QPoint(100, 100));
+        }
+    }
+
+    void fromRightToLeftIsTheMirrorOfFromLeftToRight_data()
+    {
+        QTest::addColumn<bool>("whileShown");
+        QTest::newRow("at once") << false;
+        QTest::newRow("while it is shown") << true;
+    }
+    void fromRightToLeftIsTheMirrorOfFromLeftToRight()
+    {
+        QFETCH(bool, whileShown);
+        const auto make = [] {
+            return std::unique_ptr<TaskDialog>(
+                makeDialog(joined(Title, 9), joined(Message, 40), EDialogButtons::ButtonsOk, 500));
+        };
+        const auto dialog = make();
+        const auto mirrored = make();
+        for (const char *const name : {"icon_label", "title_label", "close_button"}) {
+            dialog->show();
+            if (whileShown)
+                mirrored->show();
+            mirrored->setLayoutDirection(Qt::RightToLeft);
+            mirrored->show();
+            const auto placeIn = [name](const TaskDialog &one) {
+                auto *const widget = part<QWidget>(one, name);
+                return QRect(widget->mapTo(&one, QPoint()), widget->size());
+            };
+            QTRY_COMPARE(placeIn(*mirrored),
+                         QStyle::visualRect(Qt::RightToLeft, dialog->rect(), placeIn(*dialog)));
+            mirrored->setLayoutDirection(Qt::LeftToRight);
+            QTRY_COMPARE(placeIn(*mirrored), placeIn(*dialog));
         }
     }
 
