@@ -143,7 +143,16 @@ QMenu::separator {
     margin: 4px 8px;
 }
 QMenu::icon {
-    left: 7px;
+    left: 5px;
+    padding: 2px;
+}
+QMenu::icon:checked, QMenu::icon:selected:enabled {
+    background-color: @hoverPlate;
+    border-radius: 3px;
+}
+QMenu::icon:checked {
+    padding: 1px;
+    border: 1px solid @accent;
 }
 QMenu::indicator {
     width: 16px;

@@ -16,6 +16,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QPlainTextEdit>
+#include <QPainter>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
@@ -197,6 +198,10 @@ private Q_SLOTS:
     void paletteTextContrastIsReadable_data();
     void paletteTextContrastIsReadable();
     void hoveredToolButtonShowsThePlate();
+    void checkedMenuEntryShowsThePlateBehindItsIcon_data();
+    void checkedMenuEntryShowsThePlateBehindItsIcon();
+    void selectedMenuEntryShowsThePlateBehindItsIcon_data();
+    void selectedMenuEntryShowsThePlateBehindItsIcon();
     void toolTipLabelStandsOnItsGround();
     void separatorIsFilledWithItsLine();
     void applicationSheetIsTheFileOfTheLightPalette();
@@ -229,6 +234,33 @@ QString fetchSheet(const QString &getter, EPalette palette)
 {
     Styles::Instance().SetPalette(palette);
     return (Styles::Instance().*sheetGetters()[getter])();
+}
+
+/// The rectangle around the pixels of @p color; null without any.
+QRect placeOf(const QColor &color, const QImage &image)
+{
+    QRect place;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            if (image.pixelColor(x, y) == color)
+                place |= QRect(x, y, 1, 1);
+        }
+    }
+    return place;
+}
+
+/// What stands behind a hovered or checked icon.
+QColor plateOf(EPalette palette)
+{
+    return palette == EPalette::Light ? "#D6E4F1" : "#C9DBEC";
+}
+
+QIcon iconWithDot()
+{
+    QPixmap picture(16, 16);
+    picture.fill(Qt::transparent);
+    QPainter(&picture).fillRect(6, 6, 4, 4, Qt::red);
+    return picture;
 }
 
 /// Fills the placeholders that the callers of a sheet fill.
@@ -523,6 +555,61 @@ void tst_Styles::hoveredToolButtonShowsThePlate()
     QCOMPARE(button.grab().toImage().pixelColor(18, 18), QColor("#D6E4F1"));
     button.setChecked(false);
     QVERIFY(button.grab().toImage().pixelColor(18, 18) != QColor("#D6E4F1"));
+}
+
+void tst_Styles::checkedMenuEntryShowsThePlateBehindItsIcon_data()
+{
+    QTest::addColumn<QString>("getter");
+    QTest::addColumn<EPalette>("palette");
+    for (const char *const getter : {"MenuMain", "ApplicationStyleSheet"}) {
+        QTest::addRow("%s/light", getter) << getter << EPalette::Light;
+        QTest::addRow("%s/dark", getter) << getter << EPalette::Dark;
+    }
+}
+
+// An entry with an icon has no check mark, so its icon has to tell.
+void tst_Styles::checkedMenuEntryShowsThePlateBehindItsIcon()
+{
+    QFETCH(QString, getter);
+    QFETCH(EPalette, palette);
+    QMenu menu;
+    menu.setStyleSheet(fetchSheet(getter, palette));
+    QAction *const entry = menu.addAction(iconWithDot(), "Shaded");
+    entry->setCheckable(true);
+
+    const QImage unchecked = menu.grab().toImage();
+    QVERIFY(placeOf(plateOf(palette), unchecked).isNull());
+    entry->setChecked(true);
+    const QImage checked = menu.grab().toImage();
+    const QRect place = placeOf(plateOf(palette), checked);
+    QVERIFY(menu.actionGeometry(entry).contains(place));
+    QCOMPARE(placeOf(Qt::red, checked), placeOf(Qt::red, unchecked));
+    QCOMPARE(placeOf(Qt::red, checked).center(), place.center());
+}
+
+void tst_Styles::selectedMenuEntryShowsThePlateBehindItsIcon_data()
+{
+    checkedMenuEntryShowsThePlateBehindItsIcon_data();
+}
+
+// The active icon has the colour of the selected row.
+void tst_Styles::selectedMenuEntryShowsThePlateBehindItsIcon()
+{
+    QFETCH(QString, getter);
+    QFETCH(EPalette, palette);
+    QMenu menu;
+    menu.setStyleSheet(fetchSheet(getter, palette));
+    QAction *const entry = menu.addAction(iconWithDot(), "Shaded");
+    entry->setCheckable(true);
+    menu.setActiveAction(entry);
+
+    const QImage unchecked = menu.grab().toImage();
+    QVERIFY(menu.actionGeometry(entry).contains(placeOf(plateOf(palette), unchecked)));
+    entry->setChecked(true);
+    QVERIFY(menu.grab().toImage() != unchecked);
+    entry->setEnabled(false);
+    entry->setChecked(false);
+    QVERIFY(placeOf(plateOf(palette), menu.grab().toImage()).isNull());
 }
 
 void tst_Styles::toolTipLabelStandsOnItsGround()
