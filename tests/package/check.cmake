@@ -78,6 +78,18 @@ function(mode_readme)
     build_target(all)
 endfunction()
 
+# So are the files and the build file of the first page.
+function(mode_start)
+    file(READ "${here}/../../docs/start.md" text)
+    string(REGEX MATCH "```cmake\n([^`]*)```" found "${text}")
+    file(CONFIGURE OUTPUT "${build}/source/CMakeLists.txt" CONTENT "${CMAKE_MATCH_1}" @ONLY)
+    foreach(name IN ITEMS shapeview.h commands.h window.h main.cpp)
+        file(COPY "${here}/../../examples/start/${name}" DESTINATION "${build}/source")
+    endforeach()
+    configure("${build}/source" -D CMAKE_PREFIX_PATH=${PREFIX})
+    build_target(all)
+endfunction()
+
 function(mode_pkgconfig)
     set(ENV{PKG_CONFIG_PATH} "${PREFIX}/${LIBDIR}/pkgconfig")
     run("pkg-config" pkg-config --cflags --libs lumo_ui_base)

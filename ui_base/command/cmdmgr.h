@@ -37,6 +37,7 @@ class CommandBase;
 /// of the commands that it holds. Main thread only, except for the queries, which other threads may
 /// ask and then wait for the main thread. Observers may add and remove commands, push and pop
 /// contexts, and let go of the manager from within their calls.
+/// \sa docs/commands.md
 class LUMO_UI_BASE_EXPORT CmdMgr : public Tessel::Delegator<CmdMgrProtocol>,
                                    public CommandStateProtocol,
                                    public virtual Tessel::SharedObject<CmdMgr>

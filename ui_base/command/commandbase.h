@@ -77,6 +77,7 @@ class ToolButton;
 /// A command has no parent. It lives by shared pointers; the bag, group or manager that it is added
 /// to owns it, and it dies with the last owner. Main thread only, except for onExecuteAsync() of a
 /// command with a background quality of service, and for broadcast() and the observer lists.
+/// \sa docs/commands.md
 class LUMO_UI_BASE_EXPORT CommandBase : public QAction,
                                         public Tessel::Broadcaster<CommandStateProtocol>,
                                         public Vela::Services::CloudServiceProtocol,
@@ -146,7 +147,8 @@ public:
     virtual bool isExecutionNotificationEnabled() const;
     /// Switches the busy cursor and the messages on or off.
     virtual void enableExecutionNotification(bool enable);
-    /// The message, or an empty text when none was set.
+    /// The message, or an empty text when none was set. Asked for when it is to be shown: override it
+    /// to say something else at the end of a run that was stopped.
     virtual const QString getExecutionNotificationMessage(ENotification notification) const;
     /// Sets a message; an empty text shows none. Keep values small: there is a place for each up to the
     /// largest. A negative @p notification and the largest int are ignored.
@@ -175,9 +177,11 @@ public:
     /// Called by tool bars that make a button for the command; null takes the button away.
     virtual void setToolButton(ToolButton *button);
 
-    /// Name of the group that the command is meant for; a fixed default when none was set.
+    /// Name of the group that the command is meant for; Resource::String::COMMAND_DEFAULT_GROUP
+    /// until one is set.
     virtual const QString baseGroupName() const;
-    /// Sets the name of the group that the command is meant for.
+    /// Sets the name of the group that the command is meant for, on a tool bar the panel of its
+    /// button. An empty one is a name too, and not that of the default group.
     virtual void setBaseGroupName(const QString &name);
 
     /// A mark that applications set and read; off by default.

@@ -21,7 +21,8 @@ class ToolBar;
 
 /// A command that holds commands, which may be groups again: one checkable action for all of them.
 ///
-/// The children stand in an exclusive QActionGroup, so checking one unchecks the other. The group is
+/// The children stand in an exclusive QActionGroup, so checking one unchecks the other, and the user
+/// can't uncheck the one that is checked; groupActionGroup() makes them independent. The group is
 /// enabled as soon as a child changes and one of them is enabled, and its check mark follows the child
 /// that ran last. It is never run itself; only its children are. Observers and states are passed
 /// down to the children of that moment.
@@ -29,6 +30,7 @@ class ToolBar;
 /// The group owns its children by shared pointers and lives by shared pointers itself. A virtual group is
 /// one that only exists to give a single command a group of its own. Main thread only, apart from
 /// what CommandBase allows.
+/// \sa docs/commands.md
 class LUMO_UI_BASE_EXPORT CommandGroup : public CommandBase
 {
     Q_OBJECT
@@ -38,7 +40,8 @@ public:
     /// main thread and without a controller.
     /// @param icon name of the icon for QtUiToolkit::CreateIcon()
     /// @param toolTip text of the action's tool tip
-    /// @param name object name, which makes the last part of the id
+    /// @param name object name, which makes the last part of the id: the groups of one controller need
+    ///             different ones, or they are merged
     explicit CommandGroup(const QString &icon = {}, const QString &toolTip = {},
                           const QString &name = {});
     /// The children that outlive the group have none afterwards.

@@ -207,7 +207,8 @@ public:
     /// @param from may be this bar; null leaves all but the tooltips as it is
     /// @param tooltipGroup see SetTooltipGroup()
     void ApplyDefaultToolbarParams(const ToolBar *from, const QString &tooltipGroup);
-    /// Sets how menus of buttons that are added later open.
+    /// Sets how menus of buttons that are added later open. By default they open above the buttons, on a
+    /// bar at the top too.
     /// @param shadow whether they have a drop shadow
     /// @param arrow their arrow
     /// @param offset distance from the button
@@ -218,7 +219,8 @@ public:
                                         int offset, EDirection direction, EWidgetsAlign align,
                                         QPoint additionalOffset);
     /// Sets where the tooltips of buttons that are added later stand; the parameters are those of
-    /// SetButtonDefaultMenuParameters().
+    /// SetButtonDefaultMenuParameters(). By default they stand 10 pixels above, on a bar at the top and
+    /// on a vertical one too.
     void SetButtonDefaultTooltipParameters(const ArrowedWindow::SArrowParam &arrow, int offset,
                                            EDirection direction, EWidgetsAlign align,
                                            QPoint additionalOffset);

@@ -200,7 +200,9 @@ protected:
     virtual void moveEvent(QMoveEvent *event);
     /// The widget has a new native window. Nothing by default.
     virtual void winIdChangeEvent(QEvent *event);
-    /// The widget is about to paint itself, and paints over what the hook does. Nothing by default.
+    /// The widget is about to paint itself, and paints over what the hook does, which for a plain
+    /// widget is nothing: a view that paints itself opens its QPainter on getQtWidget() here.
+    /// Nothing by default.
     virtual void paintEvent(QPaintEvent *event);
     /// The pointer came in. Nothing by default.
     virtual void enterEvent(QEvent *event);

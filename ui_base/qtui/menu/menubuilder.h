@@ -154,7 +154,8 @@ public:
     /// Adds actions to the sub menu of this title, which is made when there is none. False when
     /// @p item has no menu.
     /// @param before where a new sub menu and the actions are added; null is the end
-    /// @param separatorAfter whether a separator follows a new sub menu
+    /// @param separatorAfter whether a separator follows a new sub menu. One that has become empty is
+    ///                       still there, with its separator
     bool AddSubMenu(const QString &item, const QString &title, const QVector<QAction *> &actions,
                     QAction *before, bool separatorAfter);
     /// Adds one entry to the menu that the button of @p item holds itself: plain mode, started.
