@@ -59,11 +59,10 @@ public:
     using CmdMgr::setDelegate;
 
     /// The group for the commands of an action panel, exclusive. Owned by the controller and not
-    /// among its commands until a host adds it; null in a controller that was made without a view.
-    /// Its title, which is its tool tip, follows the language of the application unless a host has
-    /// put another one in its place.
     /// among its commands until a host adds it, which it does for them to take part in contexts and
-    /// to be removed with the view; null in a controller that was made without a view.
+    /// to be removed with the view; null in a controller that was made without a view. Its title,
+    /// which is its tool tip, follows the language of the application unless a host has put another
+    /// one in its place.
     CommandGroup *ActionPanelGroup() const;
     /// The same for a tool bar. Not exclusive: several tools can be checked at once.
     CommandGroup *ToolPanelGroup() const;
