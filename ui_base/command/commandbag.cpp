@@ -14,6 +14,14 @@ namespace {
 // Atomic because a thread may have bags of its own.
 std::atomic<unsigned> changes {0};
 
+// Ids of a family begin alike and differ at the end, so most are told apart by that without a call.
+bool isSameId(const QString &left, const QString &right)
+{
+    const int size = left.size();
+    return size == right.size()
+        && (size == 0 || (left.at(size - 1) == right.at(size - 1) && left == right));
+}
+
 } // namespace
 
 CommandBag::~CommandBag() = default;
@@ -22,10 +30,13 @@ bool CommandBag::addCommand(const std::shared_ptr<CommandBase> &command)
 {
     if (!command)
         return false;
-    value_type entry(command->commandId(), command);
-    if (std::find(begin(), end(), entry) != end())
+    const QString id = command->commandId();
+    const auto isHere = [&](const value_type &entry) {
+        return entry.second == command && isSameId(entry.first, id);
+    };
+    if (std::any_of(begin(), end(), isHere))
         return false;
-    push_back(std::move(entry));
+    emplace_back(id, command);
     ++changes;
     return true;
 }
@@ -48,7 +59,7 @@ CommandBase *CommandBag::getCommand(const QString &id) const
 
 CommandBase *CommandBag::getCommand(const QString &id, int &index) const
 {
-    const auto hasId = [&id](const value_type &entry) { return entry.first == id; };
+    const auto hasId = [&id](const value_type &entry) { return isSameId(entry.first, id); };
     const auto found = std::find_if(begin(), end(), hasId);
     index = static_cast<int>(found - begin());
     return found == end() ? nullptr : found->second.get();

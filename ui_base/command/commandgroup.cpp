@@ -11,7 +11,7 @@
 #include "ui_base/toolbar/toolbutton.h"
 
 #include <QActionGroup>
-#include <QMap>
+#include <QHash>
 #include <QPointer>
 
 #include <algorithm>
@@ -31,7 +31,7 @@ public:
     // A child of the group that made it, so it can go before a group that shares this object.
     QPointer<QActionGroup> actionGroup;
     CommandBag commandBag;
-    QMap<QString, int> commandRanks;
+    QHash<QString, int> commandRanks;
     bool virtualGroup = false;
     bool grid = true;
     int gridSize = 2;
