@@ -20,22 +20,25 @@ struct SRule
     QStringRef declarations;
 };
 
-/// A selector taken apart as far as it matters here.
-struct SSelector
+// Where the two characters stand beside each other. Qt searches for one character much faster than
+// for a text.
+int indexOfPair(const QString &sheet, char first, char second, int begin)
 {
-    QStringRef element; // of the widget it selects; empty for any
-    QSet<QString> names;
-    bool looksAround = false; // at other widgets, or at properties
-};
+    int place = sheet.indexOf(QLatin1Char(first), begin);
+    while (place >= 0 && sheet.midRef(place + 1, 1) != QLatin1Char(second))
+        place = sheet.indexOf(QLatin1Char(first), place + 1);
+    return place;
+}
 
 QString withoutComments(const QString &sheet)
 {
     QString rest;
+    rest.reserve(sheet.size());
     int begin = 0;
     while (begin >= 0) {
-        const int comment = sheet.indexOf(QLatin1String("/*"), begin);
+        const int comment = indexOfPair(sheet, '/', '*', begin);
         rest += sheet.midRef(begin, comment < 0 ? -1 : comment - begin);
-        const int end = comment < 0 ? -1 : sheet.indexOf(QLatin1String("*/"), comment + 2);
+        const int end = comment < 0 ? -1 : indexOfPair(sheet, '*', '/', comment + 2);
         begin = end < 0 ? -1 : end + 2;
     }
     return rest;
@@ -87,17 +90,9 @@ int lastPart(const QStringRef &selector)
     return begin;
 }
 
-SSelector parsed(const QStringRef &text)
+QStringRef elementOf(const QStringRef &part)
 {
-    SSelector result;
-    const QStringRef selector = text.trimmed();
-    const int begin = lastPart(selector);
-    const QStringRef part = selector.mid(begin);
-    result.looksAround = begin > 0 || selector.contains(QLatin1Char('['));
-    result.element = nameAt(part, part.startsWith(QLatin1Char('.')) ? 1 : 0);
-    for (int i = 0; (i = part.indexOf(QLatin1Char('#'), i)) >= 0; ++i)
-        result.names << nameAt(part, i + 1).toString();
-    return result;
+    return nameAt(part, part.startsWith(QLatin1Char('.')) ? 1 : 0);
 }
 
 /// The names by which a sheet knows the class.
@@ -114,17 +109,26 @@ bool isOneOf(const QStringList &elements, const QStringRef &element)
 {
     return element.isEmpty()
         || std::any_of(elements.cbegin(), elements.cend(), [&element](const QString &name) {
-               return element.compare(name, Qt::CaseInsensitive) == 0;
+               return element.size() == name.size()
+                   && element.compare(name, Qt::CaseInsensitive) == 0;
            });
 }
 
-void addSelector(SSheetScope &scope, const SSelector &selector, bool setsProperties)
+bool setsProperties(const SRule &rule)
 {
-    const bool isForNames = !selector.looksAround && !selector.names.isEmpty();
-    if (isForNames)
-        scope.names |= selector.names;
-    else if (selector.looksAround || setsProperties)
+    return rule.declarations.contains(QLatin1String("qproperty-"), Qt::CaseInsensitive);
+}
+
+void addSelector(SSheetScope &scope, const QStringRef &selector, int lastPart, const SRule &rule)
+{
+    const QStringRef part = selector.mid(lastPart);
+    const bool looksAround = lastPart > 0 || selector.contains(QLatin1Char('['));
+    if (looksAround || (!part.contains(QLatin1Char('#')) && setsProperties(rule)))
         scope.isCommon = false;
+    if (looksAround)
+        return;
+    for (int i = 0; (i = part.indexOf(QLatin1Char('#'), i)) >= 0; ++i)
+        scope.names << nameAt(part, i + 1).toString();
 }
 
 /// The scope of both sheets, kept since it is asked for at each painting.
@@ -166,12 +170,11 @@ SSheetScope scopeOfSheet(const QString &sheet, const QMetaObject &ofClass)
     const QStringList elements = elementsOf(ofClass);
     scope.isCommon = takeApart(text, rules);
     for (const SRule &rule : qAsConst(rules)) {
-        const bool setsProperties =
-            rule.declarations.contains(QLatin1String("qproperty-"), Qt::CaseInsensitive);
         for (const QStringRef &part : rule.selectors.split(QLatin1Char(','))) {
-            const SSelector selector = parsed(part);
-            if (isOneOf(elements, selector.element))
-                addSelector(scope, selector, setsProperties);
+            const QStringRef selector = part.trimmed();
+            const int last = lastPart(selector);
+            if (isOneOf(elements, elementOf(selector.mid(last))))
+                addSelector(scope, selector, last, rule);
         }
     }
     return scope;
