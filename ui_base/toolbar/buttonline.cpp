@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <memory>
 #include <type_traits>
+#include <typeinfo>
 #include <utility>
 
 namespace Vela::UiBase::Internal {
@@ -31,21 +32,22 @@ public:
     }
 };
 
-QList<QPointer<QWidget>> guarded(const QList<QWidget *> &widgets)
-{
-    QList<QPointer<QWidget>> list;
-    for (QWidget *const widget : widgets)
-        list << widget;
-    return list;
-}
-
 } // namespace
 
 ButtonLine::~ButtonLine() = default;
 
 ButtonLine *ButtonLine::of(const QWidget *panel)
 {
-    return panel ? dynamic_cast<ButtonLine *>(panel->layout()) : nullptr;
+    QLayout *const layout = panel ? panel->layout() : nullptr;
+    if (!layout)
+        return nullptr;
+    // It is asked several times for each new button, and a dynamic_cast to a base class on the side
+    // takes as long as making a small object.
+    if (typeid(*layout) == typeid(ButtonRow))
+        return static_cast<ButtonRow *>(layout);
+    if (typeid(*layout) == typeid(ButtonColumn))
+        return static_cast<ButtonColumn *>(layout);
+    return nullptr;
 }
 
 ButtonLine::SettingUp::SettingUp(ButtonLine *line)
@@ -61,18 +63,19 @@ ButtonLine::SettingUp::~SettingUp()
         --m_line->setups;
 }
 
-ButtonLine::Resizing::Resizing(const QList<QWidget *> &panels)
-    : m_panels(guarded(panels))
+ButtonLine::Resizing::Resizing(const QMap<QString, QWidget *> &panels)
 {
-    for (const QPointer<QWidget> &panel : m_panels) {
-        if (ButtonLine *const line = of(panel))
+    for (QWidget *const panel : panels) {
+        if (ButtonLine *const line = of(panel)) {
             ++line->resizings;
+            m_panels.append(panel);
+        }
     }
 }
 
 ButtonLine::Resizing::~Resizing()
 {
-    for (const QPointer<QWidget> &panel : m_panels) {
+    for (const QPointer<QWidget> &panel : qAsConst(m_panels)) {
         ButtonLine *const line = of(panel);
         if (line && --line->resizings == 0 && line->isWaiting)
             line->place();

@@ -4,8 +4,9 @@
 #pragma once
 
 #include <QHBoxLayout>
-#include <QList>
+#include <QMap>
 #include <QPointer>
+#include <QVarLengthArray>
 #include <QVBoxLayout>
 
 class QAbstractButton;
@@ -48,12 +49,12 @@ public:
     class Resizing
     {
     public:
-        explicit Resizing(const QList<QWidget *> &panels);
+        explicit Resizing(const QMap<QString, QWidget *> &panels);
         ~Resizing();
         Q_DISABLE_COPY(Resizing)
 
     private:
-        const QList<QPointer<QWidget>> m_panels;
+        QVarLengthArray<QPointer<QWidget>, 8> m_panels;
     };
 
 protected:

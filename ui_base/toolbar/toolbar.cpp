@@ -700,7 +700,7 @@ void ToolBar::AdjustToolBarSize(bool forceRelayout)
         }
     }
     {
-        const Internal::ButtonLine::Resizing guard(d->panels.values());
+        const Internal::ButtonLine::Resizing guard(d->panels);
         d->updateMinimumSizes();
         for (QWidget *const panel : qAsConst(d->panels))
             panel->adjustSize();

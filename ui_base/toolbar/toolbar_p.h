@@ -206,7 +206,9 @@ private:
     void dismissWidgetMenu(ToolButtonWithWidgetMenu *leaf);
 
     ToolButton *addCommandButton(CommandBase *command, int rank);
-    void noteCommandId(ToolButton *button);
+    void setCommandId(ToolButton &button, const QString &id);
+    void noteProperty(ToolButton *button);
+    void noteCommandId(ToolButton *button, const QString &id);
     void forgetCommandId(ToolButton *button);
     ToolButton *firstOf(const QList<ToolButton *> &wanted) const;
     ToolButton *buttonOfCommand(const QString &commandId, bool includeSubMenus) const;
@@ -234,6 +236,7 @@ private:
     mutable QPixmap vSeparator;
     QPointer<QWidget> coming; ///< a panel for the button that is being made
     bool mayHaveMenus = false;
+    const ToolButton *notedBefore = nullptr; ///< whose id is being written to its property
     bool pathsAreStale = true;
     bool separatorsAreStale = true;
     // By rank and address: who comes next is asked for each button that is added.

@@ -76,7 +76,7 @@ void ToolBar::OnButtonCreated(ToolButton *button, const QString &groupName, bool
         button->setToolButtonStyle(d->toolButtonStyle);
         button->installEventFilter(this);
         if (!button->dynamicPropertyNames().isEmpty())
-            d->noteCommandId(button);
+            d->noteProperty(button);
         if (useTooltipDefaults)
             button->SetTooltipParameters(d->defaultTooltip.arrow, d->defaultTooltip.direction,
                                          d->defaultTooltip.offset, d->defaultTooltip.align,
@@ -88,7 +88,7 @@ void ToolBar::OnButtonCreated(ToolButton *button, const QString &groupName, bool
         auto *const command =
             actions.size() == 1 ? qobject_cast<CommandBase *>(actions.first()) : nullptr;
         if (command)
-            button->setProperty(commandIdProperty().constData(), command->commandId());
+            d->setCommandId(*button, command->commandId());
     }
     d->AddButtonToLayout(button, groupName, rank);
 }
@@ -141,11 +141,29 @@ ToolButton *ToolBarPrivate::addCommandButton(CommandBase *command, int rank)
     return q->AddAction(command, group, rank);
 }
 
-void ToolBarPrivate::noteCommandId(ToolButton *button)
+// The bar hears of the property as of any other's change, and to read it back takes as long as to
+// set it.
+void ToolBarPrivate::setCommandId(ToolButton &button, const QString &id)
 {
-    if (!button)
-        return;
-    const QString id = commandIdOn(*button);
+    noteCommandId(&button, id);
+    const QPointer<ToolBar> self(q_ptr);
+    notedBefore = &button;
+    button.setProperty(commandIdProperty().constData(), id);
+    if (self)
+        notedBefore = nullptr;
+}
+
+void ToolBarPrivate::noteProperty(ToolButton *button)
+{
+    // Once: who hears of the change before the bar may have changed it again.
+    if (button && button == notedBefore)
+        notedBefore = nullptr;
+    else if (button)
+        noteCommandId(button, commandIdOn(*button));
+}
+
+void ToolBarPrivate::noteCommandId(ToolButton *button, const QString &id)
+{
     if (id == commandIdOf.value(button))
         return;
     forgetCommandId(button);

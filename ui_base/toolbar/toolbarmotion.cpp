@@ -242,7 +242,7 @@ bool ToolBar::eventFilter(QObject *watched, QEvent *event)
     if (event->type() == QEvent::Resize)
         d->onResized(watched);
     else if (event->type() == QEvent::DynamicPropertyChange)
-        d->noteCommandId(qobject_cast<ToolButton *>(watched));
+        d->noteProperty(qobject_cast<ToolButton *>(watched));
     else if (event->type() == QEvent::StyleChange)
         d->plates.clear();
     else if (event->type() == QEvent::LayoutDirectionChange)
