@@ -4,6 +4,7 @@
 # Settings shared by all our targets: language level, warnings, sanitizers, compiler cache, linker.
 include_guard(GLOBAL)
 include(GNUInstallDirs)
+include(CheckCXXCompilerFlag)
 include(CheckLinkerFlag)
 
 set(CMAKE_CXX_STANDARD 17)
@@ -45,6 +46,23 @@ target_compile_options(lumo_build_settings INTERFACE
     $<$<BOOL:${LUMO_WARNINGS_AS_ERRORS}>:-Werror>
     -ffile-prefix-map=${CMAKE_SOURCE_DIR}/=)
 target_link_options(lumo_build_settings INTERFACE -Wl,--no-undefined)
+
+# Calls and vtable entries of a library to itself are bound when it is linked, which saves a third of
+# the symbols that are looked up when it is loaded. Who takes the address of one of its functions has
+# to be compiled with -fPIC then, as Qt asks for where it was built this way itself.
+check_linker_flag(CXX -Wl,-Bsymbolic-functions LUMO_HAS_SYMBOLIC_FUNCTIONS)
+check_cxx_compiler_flag(-fno-semantic-interposition LUMO_HAS_NO_SEMANTIC_INTERPOSITION)
+function(lumo_bind_to_itself target)
+    get_target_property(options Qt5::Core INTERFACE_COMPILE_OPTIONS)
+    if(NOT "-fPIC" IN_LIST options OR NOT LUMO_HAS_SYMBOLIC_FUNCTIONS)
+        return()
+    endif()
+    target_link_options(${target} PRIVATE -Wl,-Bsymbolic-functions)
+    if(LUMO_HAS_NO_SEMANTIC_INTERPOSITION)
+        target_compile_options(${target} PRIVATE
+            $<$<NOT:$<CONFIG:Debug>>:-fno-semantic-interposition>)
+    endif()
+endfunction()
 
 if(LUMO_SANITIZE STREQUAL "address")
     add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=undefined

@@ -71,6 +71,11 @@ function(lumo_add_library target)
     set_target_properties(${target} PROPERTIES
         EXPORT_NAME ${L_ALIAS} VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR}
         INSTALL_RPATH "$ORIGIN")
+    if(NOT CMAKE_LIBRARY_OUTPUT_DIRECTORY)
+        set_target_properties(${target} PROPERTIES
+            LIBRARY_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/lib")
+    endif()
+    lumo_bind_to_itself(${target})
     target_include_directories(${target} PUBLIC
         "$<BUILD_INTERFACE:${L_ROOT}>" "$<BUILD_INTERFACE:${generated}>"
         "$<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/${L_INSTALL_DIR}>")
