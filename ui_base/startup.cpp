@@ -34,9 +34,10 @@ void setStyleSheet(QApplication &application)
     if (!application.styleSheet().isEmpty())
         return;
     QFile file(QStringLiteral(":/qss/libuitoolkit.css"));
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
+    if (!file.open(QIODevice::ReadOnly))
         return;
-    const QString sheet = QString::fromUtf8(file.readAll());
+    const QByteArray text = file.readAll();
+    const QString sheet = QString::fromUtf8(text.constData(), text.size());
     if (!sheet.isEmpty())
         application.setStyleSheet(sheet);
 }

@@ -7,6 +7,10 @@
 
 #include <QFile>
 
+#include <algorithm>
+#include <iterator>
+#include <string_view>
+
 namespace Vela::Resource {
 
 namespace {
@@ -211,7 +215,7 @@ QLabel {
 
 struct SColorToken
 {
-    const char *name;
+    std::string_view name;
     QRgb SPaletteColors::*color;
 };
 
@@ -233,11 +237,36 @@ constexpr SColorToken COLOR_TOKENS[] {
     {"@close", &SPaletteColors::close},
 };
 
-QString filled(const char *sheet, const SPaletteColors &colors)
+// The colour whose name the text begins with.
+const SColorToken *tokenAt(std::string_view text)
 {
-    QString text = QString::fromLatin1(sheet);
-    for (const SColorToken &token : COLOR_TOKENS)
-        text.replace(QLatin1String(token.name), QColor(colors.*token.color).name().toUpper());
+    const auto isHere = [text](const SColorToken &token) {
+        return text.substr(0, token.name.size()) == token.name;
+    };
+    const auto found = std::find_if(std::begin(COLOR_TOKENS), std::end(COLOR_TOKENS), isHere);
+    return found == std::end(COLOR_TOKENS) ? nullptr : found;
+}
+
+QLatin1String latin1(std::string_view text)
+{
+    return QLatin1String(text.data(), int(text.size()));
+}
+
+// In one pass, since every application does this at its start.
+QString filled(std::string_view sheet, const SPaletteColors &colors)
+{
+    QString text;
+    text.reserve(int(sheet.size()));
+    while (!sheet.empty()) {
+        if (const SColorToken *const token = tokenAt(sheet)) {
+            text += QColor(colors.*token->color).name().toUpper();
+            sheet.remove_prefix(token->name.size());
+            continue;
+        }
+        const std::size_t plain = std::min(sheet.find('@', 1), sheet.size());
+        text += latin1(sheet.substr(0, plain));
+        sheet.remove_prefix(plain);
+    }
     return text;
 }
 
