@@ -72,6 +72,20 @@ private Q_SLOTS:
         QCOMPARE(command.use_count(), 2L);
     }
 
+    void tellsIdsApartThatEndAlike()
+    {
+        const QStringList ids {cut, QStringLiteral("put"), QStringLiteral("t"), QString()};
+        CommandBag bag;
+        for (const QString &id : ids)
+            QVERIFY(bag.addCommand(new TestCommand(id)));
+        int index = 0;
+        for (int i = 0; i < ids.size(); ++i) {
+            QVERIFY(bag.hasCommand(ids[i], index));
+            QCOMPARE(index, i);
+        }
+        QVERIFY(!bag.hasCommand(QStringLiteral("hut")));
+    }
+
     void takesAnotherCommandOfTheSameId()
     {
         CommandBag bag;

@@ -13,6 +13,7 @@
 #include "ui_base/toolbar/menubutton.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QLayout>
 #include <QSignalSpy>
 #include <QTest>
@@ -70,6 +71,30 @@ std::shared_ptr<CommandGroup> makeVirtualGroup(const QStringList &ids)
     return group;
 }
 
+/// Hears of the first id that is written to a button before the bar does, and writes others.
+class Renamer : public QObject
+{
+public:
+    explicit Renamer(ToolButton *other)
+        : m_other(other)
+    {
+        qApp->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() != QEvent::DynamicPropertyChange || !qobject_cast<ToolButton *>(watched))
+            return false;
+        qApp->removeEventFilter(this);
+        m_other->setProperty("CMDID_PROP", copy);
+        watched->setProperty("CMDID_PROP", paste);
+        return false;
+    }
+
+private:
+    ToolButton *const m_other;
+};
+
 class Handler : public ToolButton::IToolButtonCallbackHandler
 {
 public:
@@ -87,6 +112,7 @@ private Q_SLOTS:
     void virtualGroupComesToTheBar();
     void commandStandsOnABarOnce();
     void duplicateIsFoundByTheProperty();
+    void idsChangedWhileOneIsWrittenCount();
     void checkableCommandChecksItsButton();
     void groupWithoutABarIsRefused();
     void groupFillsItsOwnBar();
@@ -180,6 +206,20 @@ void TestToolBarCommands::duplicateIsFoundByTheProperty()
     button->setProperty("CMDID_PROP", QVariant());
     const auto other = makeVirtualGroup({copy});
     QVERIFY(bar.AddCommandGroup(other.get()) != button);
+}
+
+void TestToolBarCommands::idsChangedWhileOneIsWrittenCount()
+{
+    CommandsBar bar;
+    QAction action(QStringLiteral("Copy"));
+    ToolButton *const other = bar.AddAction(&action, tools);
+    Renamer renamer(other);
+    const auto group = makeVirtualGroup({cut});
+    ToolButton *const button = bar.AddCommandGroup(group.get());
+    QCOMPARE(bar.AddCommandGroup(makeVirtualGroup({copy}).get()), other);
+    QCOMPARE(bar.AddCommandGroup(makeVirtualGroup({paste}).get()), button);
+    const auto again = makeVirtualGroup({cut});
+    QVERIFY(bar.AddCommandGroup(again.get()) != button);
 }
 
 void TestToolBarCommands::checkableCommandChecksItsButton()
