@@ -17,6 +17,8 @@ class Measure:
     # Whether the process has a second thread, as applications do. Without one the C and C++
     # libraries skip their atomic operations, which Qt does not.
     threads: bool = False
+    # Whether it runs on a virtual X server with a window manager.
+    desktop: bool = False
 
 
 @dataclass(frozen=True)
@@ -47,10 +49,11 @@ class Row:
         return [m for m in (self.peer, self.ours, self.limit) if m]
 
 
-def compare(program, clock, name, against, peer, ours, limit=None, threads=False, **more):
+def compare(program, clock, name, against, peer, ours, limit=None, threads=False, desktop=False,
+            **more):
     """A row whose numbers come out of one program by one clock."""
     def measure(benchmark):
-        return Measure(program, benchmark, clock, threads) if benchmark else None
+        return Measure(program, benchmark, clock, threads, desktop) if benchmark else None
     return Row(name, against, measure(peer), measure(ours), measure(limit), **more)
 
 
@@ -245,6 +248,22 @@ def popup_rows():
                   Measure("bench_popup", f"solve{kind}", ONE_THREAD), goal=goal)
 
 
+def opening_rows():
+    """On X11 a menu maps itself, while a flyout, which stays and takes the keyboard, is mapped by the
+    window manager; the limit is a bare window that is."""
+    def row(name, peer, ours, desktop, **more):
+        where = "X11 with openbox" if desktop else "offscreen"
+        return compare("bench_toolbuttonwithmenu", "wait_ns" if desktop else "cost_ns",
+                       f"click to first frame, {name}, {where}", "QMenu::popup", peer, ours,
+                       desktop=desktop, **more)
+    for desktop, goal in ((False, 1.0), (True, 1.3)):
+        yield row("flyout kept hidden", "openPanelMenu", "openFlyout", desktop,
+                  limit="openPanelWindow", goal=goal)
+        yield row("menu of buttons kept hidden", "openActionMenu", "openButtonMenu", desktop,
+                  goal=goal)
+        yield row("flyout never shown before", "firstPanelMenu", "firstFlyout", desktop)
+
+
 def dialog_rows():
     """Card and buttons have a style sheet and blurred shadows, a message box has neither."""
     yield compare("bench_taskdialog", ONE_THREAD, "question with 3 buttons, made and painted",
@@ -266,6 +285,7 @@ ROWS = [
     *group_rows(),
     *icon_rows(),
     *popup_rows(),
+    *opening_rows(),
     *tool_rows(),
     *view_rows(),
     *notification_rows(),

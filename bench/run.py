@@ -7,6 +7,7 @@ import argparse
 import json
 import os
 import re
+import shutil
 import statistics
 import subprocess
 import sys
@@ -25,20 +26,27 @@ class Failure(Exception):
 
 def environment(measure):
     """Headless, and the same order of every hash in every process."""
-    variables = {**os.environ, "QT_QPA_PLATFORM": "offscreen", "QT_HASH_SEED": "0",
-                 "LC_ALL": "C.UTF-8"}
+    variables = {**os.environ, "QT_QPA_PLATFORM": "xcb" if measure.desktop else "offscreen",
+                 "QT_HASH_SEED": "0", "LC_ALL": "C.UTF-8"}
     variables.pop("LUMO_BENCH_THREADS", None)
     return {**variables, "LUMO_BENCH_THREADS": "1"} if measure.threads else variables
 
 
 def command(build, measure):
-    """How to start a program: one of the build tree, or one for node."""
+    """How to start a program: one of the build tree, by itself or on a desktop, or one for node."""
     if measure.program.endswith(".mjs"):
         return node.command(build, Path(measure.program).stem)
     program = build / "bench" / measure.program
     if not program.exists():
         raise Failure(f"{program} is missing; build the preset `release` first")
-    return [program]
+    return [*desktop(), program] if measure.desktop else [program]
+
+
+def desktop():
+    for program in ("Xvfb", "openbox"):
+        if not shutil.which(program):
+            raise node.Missing(f"{program} is not installed")
+    return [Path(__file__).parent.parent / "scripts" / "virtual-desktop"]
 
 
 def run_program(build, measure, min_time):
