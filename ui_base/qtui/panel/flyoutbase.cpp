@@ -238,9 +238,17 @@ void FlyoutBasePrivate::ShowButtonRow(bool visible)
     FitSize();
 }
 
-// A layout does not notice the new size of a spacer by itself. Whoever hears of the new size may
-// change the flyout again: that is made up for afterwards, once, instead of within.
+// A layout does not notice the new size of a spacer by itself.
 void FlyoutBasePrivate::FitSize()
+{
+    ui->mainLayout->invalidate();
+    ui->gridLayout->invalidate();
+    FitToLayout();
+}
+
+// Whoever hears of the new size may change the flyout again: that is made up for afterwards, once,
+// instead of within.
+void FlyoutBasePrivate::FitToLayout()
 {
     isFitPending = true;
     if (isFitting || isTellingSize)
@@ -249,8 +257,6 @@ void FlyoutBasePrivate::FitSize()
     isFitting = true;
     for (int pass = 0; pass < 2 && isFitPending; ++pass) {
         isFitPending = false;
-        ui->mainLayout->invalidate();
-        ui->gridLayout->invalidate();
         ui->gridLayout->activate();
         TakePreferredSize();
         if (!guard)
@@ -280,7 +286,7 @@ void FlyoutBasePrivate::TellSize()
         return;
     isTellingSize = wasTellingSize;
     if (isFitPending && !isFitting)
-        FitSize();
+        FitToLayout();
 }
 
 void FlyoutBasePrivate::WriteSubWidgets(const QVariantList &list)
@@ -689,7 +695,8 @@ void FlyoutBase::showEvent(QShowEvent *event)
         return;
     d->mainPanel->show();
     d->OrderTabStops();
-    d->FitSize();
+    // No spacer has changed, and what else has the layout has noticed.
+    d->FitToLayout();
     QPoint place;
     if (d->hasReferencePoint && GetPositionOnReferencePoint(place)) {
         QWidget *const moved = parentWidget() ? parentWidget() : this;

@@ -45,6 +45,7 @@ public:
     void SetSpacerVirtualVisibility(QSpacerItem *spacer, bool visible);
     void ShowButtonRow(bool visible);
     void FitSize();
+    void FitToLayout();
     void TellSize();
     void Retranslate();
     void WriteSubWidgets(const QVariantList &list);

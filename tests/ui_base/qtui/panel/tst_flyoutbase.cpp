@@ -95,6 +95,7 @@ private Q_SLOTS:
     void tabReachesWhatIsAddedLater();
     void tabIsHarmlessWithoutAnythingToGoTo();
     void showingFitsWhatChangedMeanwhile();
+    void showingAgainLaysNothingOut();
     void theSamePanelTwiceIsTheMainPanel();
     void onlyTheFirstFormMarksItselfAlone();
 
@@ -314,6 +315,31 @@ void FlyoutBaseTest::showingFitsWhatChangedMeanwhile()
     flyout->show();
     QVERIFY(flyout->MainPanel()->isVisible());
     QCOMPARE(flyout->height(), height + 40);
+}
+
+void FlyoutBaseTest::showingAgainLaysNothingOut()
+{
+    class Layouts : public QObject
+    {
+    public:
+        bool eventFilter(QObject *, QEvent *event) override
+        {
+            requests += event->type() == QEvent::LayoutRequest ? 1 : 0;
+            return false;
+        }
+        int requests = 0;
+    };
+    const Flyout flyout = makeFlyout({}, makePanel());
+    flyout->show();
+    QVERIFY(QTest::qWaitForWindowExposed(flyout.get()));
+    flyout->hide();
+    QCoreApplication::processEvents();
+    Layouts layouts;
+    flyout->installEventFilter(&layouts);
+    flyout->show();
+    QVERIFY(QTest::qWaitForWindowExposed(flyout.get()));
+    QCoreApplication::processEvents();
+    QCOMPARE(layouts.requests, 0);
 }
 
 void FlyoutBaseTest::theSamePanelTwiceIsTheMainPanel()
