@@ -6,6 +6,7 @@
 #include "ui_base/popup/arrowedwindow_p.h"
 
 #include "ui_base/popup/arrowlayout_p.h"
+#include "ui_base/popup/frameshadow_p.h"
 
 #include <QEvent>
 #include <QPainter>
@@ -19,11 +20,6 @@ namespace {
 
 constexpr int TransparentBelow = 50;
 constexpr int NeverApplied = -1;
-
-QColor fillColor(const QColor &background)
-{
-    return background.alpha() < TransparentBelow ? QColor(255, 255, 255, 128) : background;
-}
 
 // What lies beyond the largest widget is cut off, so that the rest can be moved.
 QRect limited(const QRect &rect)
@@ -136,6 +132,36 @@ const QPainterPath &ArrowedWindowPrivate::Outline()
     return path;
 }
 
+QColor ArrowedWindowPrivate::fillColor() const
+{
+    const bool isSeen = backgroundColor.alpha() >= TransparentBelow;
+    return isSeen ? backgroundColor : QColor(255, 255, 255, 128);
+}
+
+QPen ArrowedWindowPrivate::borderPen() const
+{
+    return QPen(borderColor, borderWidth, borderStyle, Qt::FlatCap, borderJoin);
+}
+
+void ArrowedWindowPrivate::paintFrame(QPainter &painter)
+{
+    const QPainterPath &outline = Outline();
+    painter.setRenderHints(QPainter::TextAntialiasing | QPainter::SmoothPixmapTransform);
+    if (internalWidget) {
+        painter.fillPath(outline, QBrush(fillColor(), Qt::SolidPattern));
+        if (partialEnabled)
+            painter.fillRect(partialRect, partialColor);
+    }
+    painter.setPen(borderPen());
+    painter.drawPath(outline);
+}
+
+bool ArrowedWindowPrivate::isFilledToOutline() const
+{
+    return internalWidget && fillColor().alpha() == 255 && borderColor.alpha() == 255
+        && !partialEnabled && bounds.contains(internalWidget->geometry());
+}
+
 void ArrowedWindowPrivate::makeLayout()
 {
     layout = new FrameLayout(q_ptr);
@@ -145,7 +171,7 @@ void ArrowedWindowPrivate::makeLayout()
 
 void ArrowedWindowPrivate::makeShadow()
 {
-    shadow = new QGraphicsDropShadowEffect(q_ptr);
+    shadow = new Internal::FrameShadow(*this, q_ptr);
     shadow->setBlurRadius(15.0);
     shadow->setOffset(0.0, 0.0);
     shadow->setColor(QColor(192, 192, 192, 166));
@@ -391,17 +417,9 @@ bool ArrowedWindow::eventFilter(QObject *watched, QEvent *event)
 void ArrowedWindow::paintEvent(QPaintEvent *)
 {
     Q_D(ArrowedWindow);
-    const QPainterPath &outline = d->Outline();
     QPainter painter(this);
-    painter.setRenderHints(QPainter::TextAntialiasing | QPainter::SmoothPixmapTransform);
-    if (d->internalWidget) {
-        painter.fillPath(outline, QBrush(fillColor(d->backgroundColor), Qt::SolidPattern));
-        if (d->partialEnabled)
-            painter.fillRect(d->partialRect, d->partialColor);
-    }
-    painter.setPen(
-        QPen(d->borderColor, d->borderWidth, d->borderStyle, Qt::FlatCap, d->borderJoin));
-    painter.drawPath(outline);
+    if (!d->picture.draw(painter, *d, size()))
+        d->paintFrame(painter);
 }
 
 void ArrowedWindow::showEvent(QShowEvent *event)

@@ -5,10 +5,12 @@
 
 #include "ui_base/popup/arrowedwindow.h"
 #include "ui_base/popup/arrowlayout_p.h"
+#include "ui_base/popup/framepicture_p.h"
 
 #include <QColor>
 #include <QGraphicsDropShadowEffect>
 #include <QPainterPath>
+#include <QPen>
 #include <QPointer>
 #include <QRect>
 #include <QVBoxLayout>
@@ -33,6 +35,12 @@ public:
     QSize CalculateLayout();
     /// The outline in coordinates of the window, that of the last layout which had an arrow.
     const QPainterPath &Outline();
+    /// Paints the outline, filled if there is a content, and the band.
+    void paintFrame(QPainter &painter);
+    /// Whether all inside of the outline is opaque and nothing outside of it is painted.
+    bool isFilledToOutline() const;
+    QPen borderPen() const;
+    QColor fillColor() const;
 
     QPointer<QVBoxLayout> layout; ///< null when somebody has deleted it
     QPointer<QWidget> internalWidget;
@@ -80,6 +88,7 @@ private:
     Internal::ArrowShape outlineShape;
     QPointF outlineShift;
     bool isOutlineDue = false;
+    Internal::FramePicture picture;
 
     Q_DISABLE_COPY(ArrowedWindowPrivate)
 };
