@@ -5,7 +5,7 @@
 # shellcheck shell=bash
 
 packages_build=(g++ cmake ninja-build ccache mold pkgconf python3 qtbase5-dev qttools5-dev-tools
-                libqt5svg5-dev libtbb-dev)
+                libqt5svg5-dev libqt5x11extras5-dev libtbb-dev)
 packages_workbench=(libqt5opengl5-dev libgl-dev libassimp-dev libmeshoptimizer-dev)
 packages_desktop=(xvfb openbox xdotool x11-utils libgl1-mesa-dri fontconfig fonts-liberation fonts-dejavu-core)
 packages_test=(libgtest-dev libgmock-dev librapidcheck-dev libqt5svg5 libqt5gui5 binutils)

@@ -8,6 +8,7 @@
 #include "ui_base/popup/arrowlayout_p.h"
 #include "ui_base/popup/frameshadow_p.h"
 
+#include <QBitmap>
 #include <QEvent>
 #include <QPainter>
 #include <QPen>
@@ -75,6 +76,7 @@ QSize ArrowedWindowPrivate::CalculateLayout()
     layOut();
     const QSize size = laidOut.size;
     bringToLayout();
+    takeShape();
     return size;
 }
 
@@ -123,6 +125,12 @@ void ArrowedWindowPrivate::bringToLayout()
     appliedGeneration = static_cast<const FrameLayout *>(layout.data())->generation();
 }
 
+void ArrowedWindowPrivate::takeShape()
+{
+    if (q_ptr->isVisible())
+        shape.follow(*q_ptr, [this] { return seenRegion(); });
+}
+
 const QPainterPath &ArrowedWindowPrivate::Outline()
 {
     if (isOutlineDue) {
@@ -138,22 +146,45 @@ QColor ArrowedWindowPrivate::fillColor() const
     return isSeen ? backgroundColor : QColor(255, 255, 255, 128);
 }
 
-QPen ArrowedWindowPrivate::borderPen() const
+void ArrowedWindowPrivate::paintFrame(QPainter &painter)
 {
-    return QPen(borderColor, borderWidth, borderStyle, Qt::FlatCap, borderJoin);
+    paintFrame(painter, {fillColor(), partialColor, borderColor});
 }
 
-void ArrowedWindowPrivate::paintFrame(QPainter &painter)
+void ArrowedWindowPrivate::paintFrame(QPainter &painter, const SColors &colors)
 {
     const QPainterPath &outline = Outline();
     painter.setRenderHints(QPainter::TextAntialiasing | QPainter::SmoothPixmapTransform);
     if (internalWidget) {
-        painter.fillPath(outline, QBrush(fillColor(), Qt::SolidPattern));
+        painter.fillPath(outline, QBrush(colors.fill, Qt::SolidPattern));
         if (partialEnabled)
-            painter.fillRect(partialRect, partialColor);
+            painter.fillRect(partialRect, colors.band);
     }
-    painter.setPen(borderPen());
+    QPen pen = borderPen();
+    pen.setColor(colors.border);
+    painter.setPen(pen);
     painter.drawPath(outline);
+}
+
+QRegion ArrowedWindowPrivate::seenRegion()
+{
+    const auto solid = [](QColor color) {
+        color.setAlpha(color.alpha() > 0 ? 255 : 0);
+        return color;
+    };
+    QImage seen(q_ptr->size(), QImage::Format_ARGB32_Premultiplied);
+    if (seen.isNull())
+        return {};
+    seen.fill(Qt::transparent);
+    QPainter painter(&seen);
+    paintFrame(painter, {solid(fillColor()), solid(partialColor), solid(borderColor)});
+    painter.end();
+    return QBitmap::fromImage(seen.createAlphaMask());
+}
+
+QPen ArrowedWindowPrivate::borderPen() const
+{
+    return QPen(borderColor, borderWidth, borderStyle, Qt::FlatCap, borderJoin);
 }
 
 bool ArrowedWindowPrivate::isFilledToOutline() const
@@ -371,6 +402,7 @@ void ArrowedWindow::SetBorder(const QColor &color, int width, Qt::PenStyle style
     d->borderWidth = width;
     d->borderStyle = style;
     d->borderJoin = join;
+    d->takeShape();
     update();
 }
 
@@ -394,6 +426,7 @@ void ArrowedWindow::SetPartialBackgroundColor(bool enable, const QRect &rect, co
         d->partialRect.setWidth(d->bounds.width());
         d->partialColor = color;
     }
+    d->takeShape();
     update();
 }
 
@@ -430,6 +463,8 @@ void ArrowedWindow::showEvent(QShowEvent *event)
     if (d->layoutDirty) {
         d->layoutDirty = false;
         d->CalculateLayout();
+    } else {
+        d->takeShape();
     }
     QWidget::showEvent(event);
 }

@@ -6,6 +6,7 @@
 #include "ui_base/popup/arrowedwindow.h"
 #include "ui_base/popup/arrowlayout_p.h"
 #include "ui_base/popup/framepicture_p.h"
+#include "ui_base/popup/windowshape_p.h"
 
 #include <QColor>
 #include <QGraphicsDropShadowEffect>
@@ -13,6 +14,7 @@
 #include <QPen>
 #include <QPointer>
 #include <QRect>
+#include <QRegion>
 #include <QVBoxLayout>
 
 namespace Vela::UiBase {
@@ -39,6 +41,8 @@ public:
     void paintFrame(QPainter &painter);
     /// Whether all inside of the outline is opaque and nothing outside of it is painted.
     bool isFilledToOutline() const;
+    /// What is painted of the frame and within it, in coordinates of the window.
+    QRegion seenRegion();
     QPen borderPen() const;
     QColor fillColor() const;
 
@@ -70,12 +74,21 @@ protected:
 private:
     friend class ArrowedWindow;
 
+    struct SColors
+    {
+        QColor fill;
+        QColor band;
+        QColor border;
+    };
+
     void makeLayout();
     void makeShadow();
     void onContentResized();
     void layOut();
     bool isAtLayout() const;
     void bringToLayout();
+    void takeShape();
+    void paintFrame(QPainter &painter, const SColors &colors);
 
     // The last layout and what it came from, to do nothing when it comes again.
     Internal::ArrowLayoutInput laidOutFrom;
@@ -89,6 +102,7 @@ private:
     QPointF outlineShift;
     bool isOutlineDue = false;
     Internal::FramePicture picture;
+    Internal::WindowShape shape;
 
     Q_DISABLE_COPY(ArrowedWindowPrivate)
 };

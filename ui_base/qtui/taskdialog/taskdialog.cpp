@@ -511,6 +511,22 @@ void TaskDialogPrivate::keepRoomForIcon()
     ui->gridLayout_3->setContentsMargins(margins);
 }
 
+// The card and the buttons stand by themselves, with their shadows between them.
+void TaskDialogPrivate::takeShape()
+{
+    Q_Q(TaskDialog);
+    if (!q->isVisible())
+        return;
+    shape.follow(*q, [this] {
+        QRegion seen = ui->frame->geometry();
+        for (int i = 0; i < ButtonCount; ++i) {
+            if (button(i)->isVisible())
+                seen += button(i)->geometry();
+        }
+        return seen;
+    });
+}
+
 // The bar ends where the cross begins.
 void TaskDialogPrivate::updateTitleBar()
 {
@@ -752,12 +768,16 @@ void TaskDialog::mouseReleaseEvent(QMouseEvent *event)
 
 void TaskDialog::resizeEvent(QResizeEvent *)
 {
-    d_func()->updateTitleBar();
+    Q_D(TaskDialog);
+    d->updateTitleBar();
+    d->takeShape();
 }
 
 void TaskDialog::showEvent(QShowEvent *event)
 {
-    d_func()->updateTitleBar();
+    Q_D(TaskDialog);
+    d->updateTitleBar();
+    d->takeShape();
     QDialog::showEvent(event);
     d_func()->keepRoomForIcon(); // the frames are as wide as their style wants them by now
 }

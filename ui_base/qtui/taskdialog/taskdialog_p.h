@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "ui_base/popup/windowshape_p.h"
 #include "ui_base/qtui/taskdialog/taskdialog.h"
 
 #include <QPoint>
@@ -72,6 +73,7 @@ private:
     void keepRoomForIcon();
 
     void updateTitleBar();
+    void takeShape();
     bool isOnTitleBar(const QPoint &position) const;
 
     EDialogButtons buttons = EDialogButtons::ButtonsClose;
@@ -80,6 +82,7 @@ private:
     QString formTitle;
     bool isMirrored = false;
     int marginBehindText = 0; ///< as the form has it; known while it is mirrored
+    UiBase::Internal::WindowShape shape;
 
     Q_DISABLE_COPY(TaskDialogPrivate)
 };
