@@ -7,6 +7,7 @@
 
 #include "ui_base/qtui/accessibleopener_p.h"
 #include "ui_base/qtui/devicepixmap_p.h"
+#include "ui_base/qtui/keptshadow_p.h"
 #include "ui_base/qtui/panel/panelloan_p.h"
 #include "ui_base/qtui/tooltip/infodialog.h"
 #include "ui_flyoutbase.h"
@@ -650,7 +651,7 @@ void FlyoutBase::SetButtonVisible(QPushButton *button, bool visible)
         return;
     auto *effect = qobject_cast<QGraphicsDropShadowEffect *>(button->graphicsEffect());
     if (visible && !effect) {
-        effect = new QGraphicsDropShadowEffect(button);
+        effect = new Internal::KeptShadow(button);
         SetShadow(effect);
         button->setGraphicsEffect(effect);
     } else if (!visible && effect) {
