@@ -29,7 +29,7 @@ void PictureParts::draw(QPainter &painter) const
 
 int wholeRatio(const QPainter &painter)
 {
-    const QTransform transform = painter.deviceTransform();
+    const QTransform &transform = painter.deviceTransform();
     const int ratio = int(transform.m11());
     const QPointF origin = transform.map(QPointF(0, 0));
     const bool isPlain = transform.type() <= QTransform::TxScale && transform.m11() == ratio
