@@ -14,6 +14,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QCursor>
 #include <QLayout>
 #include <QSignalSpy>
 #include <QTest>
@@ -124,6 +125,8 @@ private Q_SLOTS:
     void removedCommandLeavesTheBar();
     void lastButtonGoesWithItsPanel();
     void otherButtonsStayBehindAlive();
+    void buttonIsRemovedWithItsTooltipUp_data();
+    void buttonIsRemovedWithItsTooltipUp();
     void removalOfAGroupTriesAll();
     void removalFindsTheButtonOfASubMenu();
     void firstOfTheButtonsWithAnIdIsRemoved_data();
@@ -350,6 +353,39 @@ void TestToolBarCommands::otherButtonsStayBehindAlive()
     QCOMPARE(panel->layout()->itemAt(0)->widget(), other);
     delete button;
     QCOMPARE(bar.opened()->buttonRanks.size(), 2);
+}
+
+void TestToolBarCommands::buttonIsRemovedWithItsTooltipUp_data()
+{
+    QTest::addColumn<bool>("isLast");
+    QTest::newRow("goes with its panel") << true;
+    QTest::newRow("stays behind") << false;
+}
+
+void TestToolBarCommands::buttonIsRemovedWithItsTooltipUp()
+{
+    QFETCH(bool, isLast);
+    QWidget window;
+    window.resize(300, 300);
+    CommandsBar bar(&window);
+    bar.SetTooltipGroup(tools);
+    QAction first(QStringLiteral("Cut"));
+    QAction second(QStringLiteral("Copy"));
+    const QPointer<ToolButton> button = bar.AddAction(&first, tools);
+    if (!isLast)
+        bar.AddAction(&second, tools);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    QCursor::setPos(button->mapToGlobal(button->rect().center()));
+    QTRY_VERIFY(button->GetTooltipObject()->IsVisible());
+    const QPointer<QWidget> card = button->GetTooltipObject()->TooltipControl();
+    QVERIFY(card && card->isVisible());
+    QVERIFY(bar.RemoveButton(&first));
+    QCOMPARE(button.isNull(), isLast);
+    QCOMPARE(card.isNull(), isLast);
+    QCursor::setPos(window.mapToGlobal(QPoint(290, 290)));
+    QTRY_VERIFY(!card || !card->isVisible());
+    TooltipManager::GetInstance().HideAllTooltipsInGroupExcept(nullptr, tools);
 }
 
 void TestToolBarCommands::removalOfAGroupTriesAll()

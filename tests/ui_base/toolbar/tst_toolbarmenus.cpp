@@ -186,6 +186,7 @@ private Q_SLOTS:
     void closingSubMenuMayEndAnything();
     void takingOverAPopupMayEndTheBar_data();
     void takingOverAPopupMayEndTheBar();
+    void menuMayEndWhileItIsFilled();
     void newButtonMayEndAnything_data();
     void newButtonMayEndAnything();
     void barThatEndsHearsNothingOfItsMenus();
@@ -1188,51 +1189,51 @@ void TestToolBarMenus::activeButtonThatDiesIsForgotten()
 void TestToolBarMenus::everythingEndsInEveryOrder_data()
 {
     QTest::addColumn<QString>("order");
+    QTest::addColumn<bool>("isExtended");
     QString order = QStringLiteral("bcfmw");
-    do
-        QTest::newRow(qPrintable(order)) << order;
-    while (std::next_permutation(order.begin(), order.end()));
+    bool isExtended = false;
+    do {
+        isExtended = !isExtended;
+        QTest::newRow(qPrintable(order)) << order << isExtended;
+    } while (std::next_permutation(order.begin(), order.end()));
 }
 
 // b: the bar, c: the commands and groups, f: a flyout, m: the menu of the line, w: the window.
 void TestToolBarMenus::everythingEndsInEveryOrder()
 {
     QFETCH(QString, order);
-    for (const bool isExtended : {false, true}) {
-        Tree tree;
-        tree.build();
-        tree.commandsBar->show();
-        Tree::buttonOf(tree.line)->ShowMenu();
-        if (isExtended)
-            Tree::buttonOf(tree.smooth)->click();
-        const QPointer<QWidget> menu = tree.line->toolbar();
-        const QHash<QChar, std::function<void()>> ends {{u'b', [&] { delete tree.commandsBar; }},
-                                                        {u'c',
-                                                         [&] {
-                                                             tree.top.reset();
-                                                             tree.line.reset();
-                                                             tree.grid.reset();
-                                                             tree.inner.reset();
-                                                             tree.virtualGroup.reset();
-                                                             tree.smooth.reset();
-                                                             tree.measure.reset();
-                                                         }},
-                                                        {u'f', [&] { delete tree.smoothPanel; }},
-                                                        {u'm', [&] { delete menu; }},
-                                                        {u'w', [&] { tree.window.reset(); }}};
-        for (const QChar what : qAsConst(order)) {
-            ends.value(what)();
-            if (tree.commandsBar) {
-                tree.commandsBar->DismissLeafMenu();
-                tree.commandsBar->HideAllButtonMenusExcept(true, nullptr);
-                if (tree.top)
-                    tree.build();
-            }
-            QCoreApplication::processEvents();
+    QFETCH(bool, isExtended);
+    Tree tree;
+    tree.build();
+    tree.commandsBar->show();
+    Tree::buttonOf(tree.line)->ShowMenu();
+    if (isExtended)
+        Tree::buttonOf(tree.smooth)->click();
+    const QPointer<QWidget> menu = tree.line->toolbar();
+    const auto endCommands = [&tree] {
+        for (auto *const group :
+             {&tree.top, &tree.line, &tree.grid, &tree.inner, &tree.virtualGroup})
+            group->reset();
+        tree.smooth.reset();
+        tree.measure.reset();
+    };
+    const QHash<QChar, std::function<void()>> ends {{u'b', [&] { delete tree.commandsBar; }},
+                                                    {u'c', endCommands},
+                                                    {u'f', [&] { delete tree.smoothPanel; }},
+                                                    {u'm', [&] { delete menu; }},
+                                                    {u'w', [&] { tree.window.reset(); }}};
+    for (const QChar what : qAsConst(order)) {
+        ends.value(what)();
+        if (tree.commandsBar) {
+            tree.commandsBar->DismissLeafMenu();
+            tree.commandsBar->HideAllButtonMenusExcept(true, nullptr);
+            if (tree.top)
+                tree.build();
         }
-        QVERIFY(!tree.smoothPanel);
-        QVERIFY(!tree.measurePanel);
+        QCoreApplication::processEvents();
     }
+    QVERIFY(!tree.smoothPanel);
+    QVERIFY(!tree.measurePanel);
 }
 
 void TestToolBarMenus::clickMayEndAnything_data()
@@ -1410,6 +1411,19 @@ void TestToolBarMenus::takingOverAPopupMayEndTheBar()
         QCOMPARE(other->AddAction(action, widget), nullptr);
     QVERIFY(!other);
     QVERIFY(!owner->IsMenuShowing());
+}
+
+void TestToolBarMenus::menuMayEndWhileItIsFilled()
+{
+    Tree tree;
+    tree.build();
+    addCommand(*tree.line, QStringLiteral("new"));
+    addCommand(*tree.line, QStringLiteral("newer"));
+    QPointer<ToolBar> menu = tree.line->toolbar();
+    connect(menu, &ToolBar::LayoutChanged, this, [&menu] { delete menu; });
+    tree.build();
+    QVERIFY(!menu);
+    QVERIFY(!tree.command(QStringLiteral("newer"))->toolButton());
 }
 
 void TestToolBarMenus::newButtonMayEndAnything_data()
