@@ -34,7 +34,7 @@ namespace {
 
 constexpr int separatorMargin = 4;
 // A grid keeps room for all cells before the last one, and a rank that only means "at the end" would
-// make millions of them.
+// make millions of them; so would a size that means "no end".
 constexpr int mostCells = 10000;
 
 ArrowedWindow::SArrowParam defaultArrow()
@@ -347,7 +347,7 @@ void ToolBarPrivate::AddButtonToNewPanelLayout(ToolButton *button, QWidget *pane
 void ToolBarPrivate::addPlaceholders(QGridLayout *grid, const ToolButton *button,
                                      QWidget *panel) const
 {
-    if (q_func()->IsHorizontalLayout() == gridRowMajor)
+    if (q_func()->IsHorizontalLayout() == gridRowMajor || gridSize > mostCells)
         return;
     for (int cell = 0; cell < gridSize; ++cell) {
         auto *const placeholder = new QWidget(panel);

@@ -80,6 +80,7 @@ private Q_SLOTS:
 
     void barsOfNoSideTakeEverything_data();
     void barsOfNoSideTakeEverything();
+    void endlessGridIsALine();
     void sizesOutOfRangeArePainted_data();
     void sizesOutOfRangeArePainted();
     void looksOutOfRangeArePainted();
@@ -131,6 +132,18 @@ void TestToolBarBadInput::barsOfNoSideTakeEverything()
     QCOMPARE(bar->pos(), area == 0 || area == 15 ? before : QPoint(0, 0));
     QVERIFY(!bar->grab().isNull());
     QVERIFY(bar->RemoveCommand(tree.command(QStringLiteral("open"))));
+}
+
+void TestToolBarBadInput::endlessGridIsALine()
+{
+    MenuScene scene;
+    auto *const bar = new MenuBar(20000, false, scene.window.get(), Qt::TopToolBarArea);
+    const ToolButton *const first = bar->AddAction(scene.action());
+    const ToolButton *const second = bar->AddAction(scene.action());
+    bar->show();
+    QCOMPARE(second->y(), first->y() + 37);
+    QCOMPARE(second->x(), first->x());
+    QVERIFY(first->parentWidget()->findChildren<QWidget *>().size() < 10);
 }
 
 void TestToolBarBadInput::sizesOutOfRangeArePainted_data()
