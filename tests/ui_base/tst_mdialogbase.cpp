@@ -940,6 +940,30 @@ private Q_SLOTS:
         }
     }
 
+    void dialogMayDieInWhatItsUserDoes_data()
+    {
+        QTest::addColumn<QString>("name");
+        for (const char *name : {"close_button", "cancel_button", "apply_button", "reset_button"})
+            QTest::newRow(name) << QString::fromLatin1(name);
+    }
+
+    void dialogMayDieInWhatItsUserDoes()
+    {
+        QFETCH(const QString, name);
+        const QPointer<MDialogBase> dialog = makeDialog({true, true, true, true}).release();
+        auto *const flyout = dialog->findChild<FlyoutBase *>();
+        const auto end = [dialog] { delete dialog; };
+        connect(flyout, &FlyoutBase::CloseFlyout, qApp, end);
+        connect(flyout, &FlyoutBase::CancelChanges, qApp, end);
+        connect(flyout, &FlyoutBase::ApplyChanges, qApp, end);
+        connect(flyout, &FlyoutBase::ResetValues, qApp, end);
+        QTimer::singleShot(0, dialog, [dialog, name] {
+            QTest::mouseClick(dialog->findChild<QWidget *>(name), Qt::LeftButton);
+        });
+        QCOMPARE(dialog->exec(), int(QDialog::Rejected));
+        QVERIFY(!dialog);
+    }
+
     void flyoutMayDieWhenItCancels()
     {
         const Dialog dialog = makeDialog();

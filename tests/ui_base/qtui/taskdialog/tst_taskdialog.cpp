@@ -666,8 +666,13 @@ private Q_SLOTS:
         QTest::newRow("no") << B::ButtonsYesNo << 1 << R::No;
         QTest::newRow("yes") << B::ButtonsYesNo << 2 << R::Yes;
         QTest::newRow("cancel of three") << B::ButtonsYesNoCancel << 1 << R::Cancel;
+        QTest::newRow("no of three") << B::ButtonsYesNoCancel << 2 << R::No;
         QTest::newRow("yes of three") << B::ButtonsYesNoCancel << 3 << R::Yes;
         QTest::newRow("cancel") << B::ButtonsOkCancel << 1 << R::Cancel;
+        QTest::newRow("ok of two") << B::ButtonsOkCancel << 2 << R::Ok;
+        QTest::newRow("custom 1 alone") << B::ButtonsCustom1 << 1 << R::Custom1;
+        QTest::newRow("custom 2 of two") << B::ButtonsCustom2 << 2 << R::Custom2;
+        QTest::newRow("custom 3 of three") << B::ButtonsCustom3 << 3 << R::Custom3;
         QTest::newRow("custom 1") << B::ButtonsCustom4 << 1 << R::Custom1;
         QTest::newRow("custom 2") << B::ButtonsCustom4 << 2 << R::Custom2;
         QTest::newRow("custom 3") << B::ButtonsCustom4 << 3 << R::Custom3;
@@ -800,6 +805,55 @@ private Q_SLOTS:
         QCOMPARE(TaskDialog::showMessage(parent, Title, Message, EDialogButtons::ButtonsOk,
                                          EDialogIcon::IconError),
                  EDialogResult::Cancel);
+    }
+
+    void dialogMayDieInTheClickOnItsButton()
+    {
+        QPointer<TaskDialog> seen;
+        whenAsked([&seen](TaskDialog &asked) {
+            seen = &asked;
+            connect(button(asked, 2), &QPushButton::clicked, &asked, [&asked] { delete &asked; });
+            QTest::mouseClick(button(asked, 2), Qt::LeftButton);
+            QVERIFY(!seen);
+        });
+        QCOMPARE(TaskDialog::showMessage(nullptr, Title, EDialogButtons::ButtonsYesNo,
+                                         EDialogIcon::IconNone),
+                 EDialogResult::Cancel);
+    }
+
+    // The outer question is withdrawn while the inner one waits, which ends first nevertheless.
+    void dialogWaitsForTheOneThatItHasAsked()
+    {
+        EDialogResult inner = EDialogResult::None;
+        whenAsked([&inner](TaskDialog &outer) {
+            whenAsked([&outer](TaskDialog &asked) {
+                QVERIFY(&asked != &outer);
+                outer.reject();
+                QVERIFY(asked.isVisible());
+                button(asked, 2)->click();
+            });
+            inner = TaskDialog::showMessage(&outer, Message, EDialogButtons::ButtonsYesNo,
+                                            EDialogIcon::IconQuestion);
+        });
+        QCOMPARE(TaskDialog::showMessage(nullptr, Title, EDialogButtons::ButtonsYesNo,
+                                         EDialogIcon::IconNone),
+                 EDialogResult::Cancel);
+        QCOMPARE(inner, EDialogResult::Yes);
+    }
+
+    void dialogsInEachOtherAreCancelledWithTheirParent()
+    {
+        auto *const parent = new QWidget;
+        EDialogResult inner = EDialogResult::None;
+        whenAsked([&inner, parent](TaskDialog &outer) {
+            whenAsked([parent](TaskDialog &) { delete parent; });
+            inner = TaskDialog::showMessage(&outer, Message, EDialogButtons::ButtonsOk,
+                                            EDialogIcon::IconNone);
+        });
+        QCOMPARE(TaskDialog::showMessage(parent, Title, EDialogButtons::ButtonsOk,
+                                         EDialogIcon::IconNone),
+                 EDialogResult::Cancel);
+        QCOMPARE(inner, EDialogResult::Cancel);
     }
 
     void dialogOnTheStackSurvivesTheEndOfExec()
