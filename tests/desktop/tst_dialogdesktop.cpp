@@ -14,6 +14,7 @@
 #include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QSignalSpy>
 #include <QToolButton>
 #include <QWindow>
@@ -191,6 +192,85 @@ private Q_SLOTS:
         QVERIFY(pressKeyAsUser(QStringLiteral("Escape")));
         QTRY_VERIFY(!dialog->isVisible());
         QTRY_VERIFY(field->hasFocus());
+    }
+
+    void theUserAnswersByAClick_data()
+    {
+        QTest::addColumn<int>("buttons");
+        QTest::addColumn<QVector<int>>("results");
+        const QVector<QVector<int>> results {{2}, {1},    {4, 3},    {2, 4, 3},   {2, 1},
+                                             {5}, {5, 6}, {5, 6, 7}, {5, 6, 7, 8}};
+        for (int i = 0; i < results.size(); ++i)
+            QTest::addRow("set %d", i) << i << results.at(i);
+    }
+
+    void theUserAnswersByAClick()
+    {
+        QFETCH(const int, buttons);
+        QFETCH(const QVector<int>, results);
+        TaskDialog dialog(nullptr, QStringLiteral("Close the mesh?"), EDialogButtons(buttons),
+                          EDialogIcon::IconQuestion);
+        QVERIFY(bringUp(dialog));
+        for (int i = 0; i < results.size(); ++i) {
+            dialog.show();
+            QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+            const auto *const button =
+                dialog.findChild<QPushButton *>(QStringLiteral("button%1").arg(i + 1));
+            const auto isHit = [button, &dialog] {
+                return !dialog.isVisible()
+                    || (pointAsUser(button->mapToGlobal(button->rect().center()))
+                        && button->underMouse() && clickAsUser(1) && !dialog.isVisible());
+            };
+            QVERIFY(QTest::qWaitFor(isHit, 20'000));
+            QCOMPARE(int(dialog.dialogResult()), results.at(i));
+        }
+    }
+
+    void theUserLeavesATaskDialog_data()
+    {
+        QTest::addColumn<bool>("byKey");
+        QTest::newRow("cross") << false;
+        QTest::newRow("Escape") << true;
+    }
+
+    void theUserLeavesATaskDialog()
+    {
+        QFETCH(const bool, byKey);
+        const Dialog dialog = makeTaskDialog();
+        QVERIFY(bringUp(*dialog));
+        const auto *const cross = dialog->findChild<QToolButton *>(QStringLiteral("close_button"));
+        if (byKey)
+            QVERIFY(pressKeyAsUser(QStringLiteral("Escape")));
+        else
+            QVERIFY(pointAsUser(cross->mapToGlobal(cross->rect().center())) && clickAsUser(1));
+        QTRY_VERIFY(!dialog->isVisible());
+        QCOMPARE(static_cast<TaskDialog *>(dialog.get())->dialogResult(), EDialogResult::Cancel);
+    }
+
+    void keysDismissOnlyWhereTheyMay()
+    {
+        DialogEx dialog(nullptr, true);
+        QLineEdit field(&dialog);
+        dialog.SetDismissByDefaultEvents(false);
+        dialog.show();
+        QVERIFY(QTest::qWaitForWindowActive(&dialog));
+        for (const char *key : {"Escape", "Return", "KP_Enter"})
+            QVERIFY(pressKeyAsUser(QString::fromLatin1(key)));
+        QVERIFY(typeAsUser(QStringLiteral("12"))); // after them
+        QTRY_COMPARE(field.text(), QStringLiteral("12"));
+        QVERIFY(dialog.isVisible());
+        dialog.SetDismissByDefaultEvents(true);
+        QVERIFY(pressKeyAsUser(QStringLiteral("Escape")));
+        QTRY_VERIFY(!dialog.isVisible());
+    }
+
+    void theBodyOfADialogDoesNotMoveIt()
+    {
+        const Dialog dialog = makeTaskDialog();
+        QVERIFY(bringUp(*dialog));
+        QVERIFY(drag(Place + QPoint(60, 60), Way));
+        QVERIFY(drag(Place + QPoint(60, 18), QPoint(10, 10)));
+        QTRY_COMPARE(dialog->mapToGlobal(QPoint(0, 0)), Place + QPoint(10, 10));
     }
 
     void theKeyboardAnswersATaskDialog()
