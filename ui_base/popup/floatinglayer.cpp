@@ -145,6 +145,10 @@ public:
             if (!content)
                 break;
             text = content->text(type);
+            // Qt asks windows only for their titles, and the widget is none any more.
+            const auto *const widget = qobject_cast<const QWidget *>(content->object());
+            if (text.isEmpty() && type == QAccessible::Name && widget)
+                text = widget->windowTitle();
         }
         return text;
     }

@@ -29,6 +29,7 @@
 #include <tessel/dispatch.h>
 #include <ui_base/ATooltipEx>
 #include <ui_base/CommandGroup>
+#include <ui_base/FloatingLayer>
 #include <ui_base/FlyoutBase>
 #include <ui_base/NotificationBar>
 #include <ui_base/TaskDialog>
@@ -126,6 +127,28 @@ QStringList faultsOfDialog(QWidget &dialog)
     if (stepsBack(stops) > 1)
         faults << QStringLiteral("order: ") + Lumo::Test::namesOf(stops).join(QLatin1Char(' '));
     return faults;
+}
+
+/// The same for what floats, where a mere pane needs no name and takes no keys.
+QStringList faultsOfLayer(FloatingLayer &layer)
+{
+    const bool isDialog =
+        QAccessible::queryAccessibleInterface(&layer)->role() == QAccessible::Dialog;
+    if (!layer.isVisible())
+        return {};
+    return isDialog ? faultsOfDialog(layer)
+                    : Lumo::Test::namelessControls(layer) + Lumo::Test::misreadControls(layer);
+}
+
+/// Opens what stands beside and beneath a flyout.
+void openSidePanels(FlyoutBase &flyout)
+{
+    for (const char *name : {"info_button", "ibutton"}) {
+        auto *const button = flyout.findChild<QAbstractButton *>(QLatin1String(name));
+        if (button->isVisible())
+            QTest::keyClick(button, Qt::Key_Space);
+    }
+    Scene::settle();
 }
 
 void addDirections()
@@ -269,6 +292,10 @@ private Q_SLOTS:
             QVERIFY(!flyout.AdvancedPanel() || flyout.AdvancedPanel()->isVisible());
             QCOMPARE(said(faultsOfDialog(*flyout.window())), QString());
             QCOMPARE(textOf(*flyout.window(), QAccessible::Name), flyout.Title());
+            openSidePanels(flyout);
+            const auto layers = scene.window.findChildren<FloatingLayer *>();
+            for (FloatingLayer *layer : layers)
+                QCOMPARE(said(faultsOfLayer(*layer)), QString());
             scene.activate();
             QTest::keyClick(&scene.window, Qt::Key_F6);
             QTRY_COMPARE(QApplication::activeWindow(), flyout.window());

@@ -248,6 +248,9 @@ private Q_SLOTS:
         FloatingLayer *const layer = scene.makeFloating();
         QAccessibleInterface *const seen = QAccessible::queryAccessibleInterface(layer);
         QCOMPARE(seen->text(QAccessible::Name), QStringLiteral("Strip"));
+        scene.widget->setAccessibleName(QString());
+        scene.widget->setWindowTitle(QStringLiteral("Tools"));
+        QCOMPARE(seen->text(QAccessible::Name), QStringLiteral("Tools"));
         QCOMPARE(seen->role(), QAccessible::Pane);
         auto *const field = new QLineEdit(scene.widget);
         QCOMPARE(seen->role(), QAccessible::Dialog);
