@@ -11,6 +11,7 @@
 
 #include <QAbstractButton>
 #include <QDialog>
+#include <QFileDialog>
 #include <QLineEdit>
 #include <QTemporaryDir>
 #include <QWindow>
@@ -86,6 +87,25 @@ void openDuringRun(TourGuide &guide)
     guide.finishWithPicture();
 }
 
+/// Types @p path and accepts. A list of files that was still being read may select the file that is
+/// open meanwhile, which then counts instead of what is typed, and must not be written over.
+void nameFile(TourGuide &guide, QDialog &dialog, const QString &path)
+{
+    auto &files = static_cast<QFileDialog &>(dialog);
+    auto *const field = dialog.findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
+    const auto isNamed = [&] {
+        files.selectFile(path);
+        field->setText(path);
+        return files.selectedFiles() == QStringList(path);
+    };
+    const bool canSave = guide.waitUntil(isNamed);
+    guide.check(TourGuide::tr("the dialog has the name that is typed"), canSave);
+    if (canSave)
+        dialog.accept();
+    else
+        dialog.reject();
+}
+
 void save(TourGuide &guide)
 {
     guide.begin(TourGuide::tr("Save"));
@@ -94,8 +114,7 @@ void save(TourGuide &guide)
     SaveCommand &command = *guide.window().commands().save;
     guide.answerDialog([&](QDialog &dialog) {
         guide.finishWithPicture();
-        dialog.findChild<QLineEdit *>(QStringLiteral("fileNameEdit"))->setText(path);
-        dialog.accept();
+        nameFile(guide, dialog, path);
     });
     guide.runAndWait(command);
     guide.check(TourGuide::tr("the file holds the mesh"),

@@ -101,7 +101,7 @@ void showMenu(TourGuide &guide, const QString &name)
 {
     const MainMenu &bar = guide.window().menu();
     QMenu &menu = *bar.menuOf(name);
-    guide.begin(TourGuide::tr("German menu %1").arg(menu.accessibleName()));
+    guide.begin(TourGuide::tr("German menu %1").arg(QString(name).remove(QLatin1Char('&'))));
     bar.GetMenuBarItem(name)->click();
     guide.check(TourGuide::tr("the menu is shown"),
                 guide.waitUntil([&menu] { return isExposed(&menu); }));
@@ -113,7 +113,7 @@ void showMenu(TourGuide &guide, const QString &name)
 
 void showPanel(TourGuide &guide, PanelCommand &command)
 {
-    guide.begin(TourGuide::tr("German panel of %1").arg(command.iconText()));
+    guide.begin(TourGuide::tr("German panel %1").arg(command.objectName()));
     command.trigger();
     const auto isOpen = [&command] { return command.isActive() && command.flyout()->isVisible(); };
     guide.check(TourGuide::tr("the panel opens"), guide.waitUntil(isOpen));
@@ -129,7 +129,7 @@ void showPanel(TourGuide &guide, PanelCommand &command)
 void showAbout(TourGuide &guide)
 {
     AboutCommand &command = *guide.window().commands().about;
-    guide.begin(command.iconText());
+    guide.begin(TourGuide::tr("German about"));
     if (const QDialog *const dialog = bringUp(guide, command))
         checkRoom(guide, *dialog);
     guide.finishWithPicture();
