@@ -30,6 +30,7 @@
 #include <QFileInfo>
 #include <QMainWindow>
 #include <QMenu>
+#include <QTimer>
 #include <QToolButton>
 
 #include <algorithm>
@@ -176,8 +177,7 @@ void MainMenu::speak()
     m_quit->setText(tr("&Quit"));
     fillRecent();
     // By then the bar has made room for what the items read.
-    QMetaObject::invokeMethod(
-        this, [this] { place(); }, Qt::QueuedConnection);
+    QTimer::singleShot(0, this, &MainMenu::place);
 }
 
 QAction *MainMenu::addPanel(QWidget &panel)
