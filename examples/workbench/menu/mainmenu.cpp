@@ -30,7 +30,6 @@
 #include <QFileInfo>
 #include <QMainWindow>
 #include <QMenu>
-#include <QTimer>
 #include <QToolButton>
 
 #include <algorithm>
@@ -176,8 +175,6 @@ void MainMenu::speak()
     recentMenu()->setTitle(tr("&Recent Files"));
     m_quit->setText(tr("&Quit"));
     fillRecent();
-    // By then the bar has made room for what the items read.
-    QTimer::singleShot(0, this, &MainMenu::place);
 }
 
 QAction *MainMenu::addPanel(QWidget &panel)
@@ -217,6 +214,14 @@ void MainMenu::place()
         SetMenuPosition(corner);
     }
     raise();
+}
+
+// It makes room for what its items read.
+void MainMenu::resizeEvent(QResizeEvent *event)
+{
+    MenuBuilder::resizeEvent(event);
+    if (!m_names.isEmpty())
+        place();
 }
 
 bool MainMenu::eventFilter(QObject *watched, QEvent *event)

@@ -41,6 +41,9 @@ Q_SIGNALS:
     /// The user wants the recent file at @p path again.
     void recentChosen(const QString &path);
 
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+
 private:
     void buildFile(const CommandSet &commands);
     void buildEdit(const CommandSet &commands);

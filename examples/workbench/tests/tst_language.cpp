@@ -219,6 +219,19 @@ private Q_SLOTS:
         }
     }
 
+    void theBarKeepsItsCornerFromRightToLeft()
+    {
+        MainWindow window;
+        window.setLayoutDirection(Qt::RightToLeft);
+        window.show();
+        QToolButton *const item =
+            window.menu().GetMenuBarItem(window.menu().names().constFirst()).data();
+        const int widthBefore = window.menu().width();
+        item->setText(QStringLiteral("Dateien und Ordner und mehr"));
+        QTRY_VERIFY(window.menu().width() > widthBefore);
+        QCOMPARE(window.menu().geometry().right(), window.rect().right());
+    }
+
     void statusLineFollows()
     {
         MainWindow window;
