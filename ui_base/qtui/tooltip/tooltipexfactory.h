@@ -24,6 +24,8 @@ namespace Vela::UiBase {
 /// int index = 0;
 /// factory.AddStaticPage(card, tr("Borders stay."), QStringLiteral("borders"), index);
 /// tooltip->SetTooltipControl(card, true);
+/// tooltip->SetEnableHoverEvents(true); // stays while the pointer goes over to it
+/// tooltip->SetCustomTooltipDismissTime(500);
 /// card->ConnectTo(tooltip);
 /// @endcode
 /// Whatever cannot be made is null or false, and nothing is taken over then. Main thread only.
