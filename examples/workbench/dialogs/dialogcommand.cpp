@@ -3,6 +3,8 @@
 
 #include "dialogs/dialogcommand.h"
 
+#include "language.h"
+
 #include <ui_base/CmdsViewController>
 
 #include <QDialog>
@@ -31,8 +33,14 @@ bool DialogCommand::onExecuteAsync(bool checked)
         if (!m_dialog)
             return false;
         m_dialog->setAttribute(Qt::WA_DeleteOnClose);
-        if (m_dialog->accessibleDescription().isEmpty())
-            m_dialog->setAccessibleDescription(whatsThis());
+        if (m_dialog->accessibleDescription().isEmpty()) {
+            // The dialog belongs to the window, which can keep it longer.
+            const QPointer<DialogCommand> self(this);
+            inEveryLanguage(*m_dialog, [self, dialog = m_dialog.data()] {
+                if (self)
+                    dialog->setAccessibleDescription(self->whatsThis());
+            });
+        }
         centerOver(*view->window(), *m_dialog);
     }
     if (!m_dialog)
