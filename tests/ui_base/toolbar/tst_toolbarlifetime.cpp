@@ -272,8 +272,9 @@ void Stage::watch(QObject *object)
     if (!m_watched.insert(object).second)
         return;
     connect(object, &QObject::destroyed, this, [this](QObject *dead) { m_watched.erase(dead); });
-    const QMetaMethod hears = metaObject()->method(metaObject()->indexOfSlot("hear()"));
-    const QMetaMethod hearsAmidst = metaObject()->method(metaObject()->indexOfSlot("hearAmidst()"));
+    const QMetaMethod hears = staticMetaObject.method(staticMetaObject.indexOfSlot("hear()"));
+    const QMetaMethod hearsAmidst =
+        staticMetaObject.method(staticMetaObject.indexOfSlot("hearAmidst()"));
     for (int i = 0; i < object->metaObject()->methodCount(); ++i) {
         const QMetaMethod method = object->metaObject()->method(i);
         if (tells(*object, method))
