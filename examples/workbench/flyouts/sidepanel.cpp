@@ -89,7 +89,8 @@ void SidePanel::open()
 
 bool SidePanel::eventFilter(QObject *watched, QEvent *event)
 {
-    if (watched == m_flyout && event->type() == QEvent::Hide)
+    // Of a flyout that is being destroyed the guarded pointer must not be asked any more.
+    if (event->type() == QEvent::Hide)
         hide();
     else if (isVisible() && (event->type() == QEvent::Move || event->type() == QEvent::Resize))
         follow();
