@@ -89,7 +89,7 @@ void SidePanel::open()
 
 bool SidePanel::eventFilter(QObject *watched, QEvent *event)
 {
-    // Of a flyout that is being destroyed the guarded pointer must not be asked any more.
+    // The flyout may be on its way out, and no flyout any more.
     if (event->type() == QEvent::Hide)
         hide();
     else if (isVisible() && (event->type() == QEvent::Move || event->type() == QEvent::Resize))
