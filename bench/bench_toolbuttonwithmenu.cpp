@@ -255,7 +255,11 @@ void click(QWidget &button)
 void settle()
 {
     QEventLoop loop;
-    QTimer::singleShot(pauseMs, Qt::PreciseTimer, &loop, &QEventLoop::quit);
+    QTimer timer;
+    timer.setSingleShot(true);
+    timer.setTimerType(Qt::PreciseTimer);
+    QObject::connect(&timer, &QTimer::timeout, &loop, &QEventLoop::quit);
+    timer.start(pauseMs);
     loop.exec();
 }
 
