@@ -11,6 +11,7 @@
 #include <ui_base/TaskDialog>
 #include <ui_base/ToolBar>
 #include <ui_base/ToolButtonWithWidgetMenu>
+#include <ui_base/TooltipExFactory>
 #include <ui_base/TooltipObject>
 
 #include "desktop/desktopuser.h"
@@ -28,6 +29,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdlib>
+#include <memory>
 
 using namespace Lumo::Test;
 using namespace Vela::UiBase;
@@ -153,21 +155,27 @@ bool isAnythingBlack(const QImage &screen, const QRect &rect)
     return false;
 }
 
-/// Whether a widget of a window is seen, the ground at the corners of the window, and nothing black,
-/// which is nothing that these windows paint.
+/// Whether a widget of a window is seen, and nothing black, which is nothing that these windows paint.
+bool isSeenWithoutBlack(const QWidget &widget, const QImage &screen)
+{
+    const QRect rect = onScreen(*widget.window());
+    const QPoint inside = onScreen(widget).center();
+    return screen.rect().contains(rect) && screen.pixelColor(inside) != Ground
+        && !isAnythingBlack(screen, rect);
+}
+
+/// Whether that is so, and the ground is seen at the corners of the window.
 bool isSeenOnGround(const QWidget &widget)
 {
     const QImage screen = QGuiApplication::primaryScreen()->grabWindow(0).toImage();
-    const QRect rect = onScreen(*widget.window());
-    const QPoint inside = onScreen(widget).center();
-    if (!screen.rect().contains(rect) || screen.pixelColor(inside) == Ground)
+    if (!isSeenWithoutBlack(widget, screen))
         return false;
+    const QRect rect = onScreen(*widget.window());
     const std::array<QPoint, 4> corners {rect.topLeft(), rect.topRight(), rect.bottomLeft(),
                                          rect.bottomRight()};
-    return !isAnythingBlack(screen, rect)
-        && std::all_of(corners.cbegin(), corners.cend(), [&screen](const QPoint &corner) {
-               return screen.pixelColor(corner) == Ground;
-           });
+    return std::all_of(corners.cbegin(), corners.cend(), [&screen](const QPoint &corner) {
+        return screen.pixelColor(corner) == Ground;
+    });
 }
 
 bool isGround(const QPoint &global)
@@ -205,6 +213,8 @@ private Q_SLOTS:
     void groundIsSeenAroundAFlyout();
     void shapeFollowsAFlyoutThatGrows();
     void groundIsSeenAroundATooltip();
+    void groundIsSeenAroundACard_data();
+    void groundIsSeenAroundACard();
     void translucentFillIsPartOfTheShape();
     void groundIsSeenAroundADialog();
     void shapeFollowsADialogThatGrows();
@@ -253,6 +263,38 @@ void tst_TranslucencyDesktop::groundIsSeenAroundATooltip()
     QVERIFY(scene.isReady());
     tooltip->ShowTooltip();
     QVERIFY(comesOnGround(*tip));
+}
+
+void tst_TranslucencyDesktop::groundIsSeenAroundACard_data()
+{
+    QTest::addColumn<QString>("type");
+    QTest::newRow("of a tooltip") << QStringLiteral("TooltipEx");
+    QTest::newRow("beneath a panel") << QStringLiteral("InfoDialog");
+}
+
+void tst_TranslucencyDesktop::groundIsSeenAroundACard()
+{
+    QFETCH(QString, type);
+    Scene scene;
+    const std::unique_ptr<QWidget> card(TooltipExFactory::GetInstance().CreateExtendedTooltip(
+        &scene.window, QStringLiteral("Smooth"), QStringLiteral("Takes the noise out."),
+        QStringLiteral("Each step pulls every vertex towards its neighbours."), true, 240,
+        ATooltipEx::EWidgetExVisibility::ExAlwaysShown, type));
+    card->hide();
+    card->move(300, 300);
+    QVERIFY(FloatingLayer::makeWidgetFloating(card.get(), QMargins()));
+    QVERIFY(scene.isReady());
+    card->show();
+    // Not every corner of a panel is round enough for the ground to be seen.
+    const auto isSeen = [&card] {
+        const QImage screen = QGuiApplication::primaryScreen()->grabWindow(0).toImage();
+        return isSeenWithoutBlack(*card, screen)
+            && screen.pixelColor(onScreen(*card).bottomRight()) == Ground;
+    };
+    QVERIFY(comesTrue(isSeen));
+    card->resize(card->size() + QSize(60, 40));
+    QVERIFY(comesTrue([&] { return !isGround(onScreen(*card).bottomRight() - QPoint(8, 8)); }));
+    QVERIFY(comesTrue(isSeen));
 }
 
 // It is dark there, since it lies over nothing, but it is there.

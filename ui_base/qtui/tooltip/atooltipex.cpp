@@ -9,12 +9,14 @@
 #include "ui_base/qtui/enumproperty_p.h"
 #include "ui_base/qtui/tooltip/atooltipobject.h"
 
+#include <QBitmap>
 #include <QFont>
 #include <QFontMetrics>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLayout>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QPixmap>
 #include <QStackedWidget>
 
@@ -154,6 +156,34 @@ void ATooltipExPrivate::ShowPart(QWidget *part, QLayout *room, bool visible) con
     const QMargins margins = part->layout() ? part->layout()->contentsMargins() : QMargins();
     size += QSize(margins.left() + margins.right(), margins.top() + margins.bottom());
     part->resize(size);
+}
+
+QPainterPath ATooltipExPrivate::Outline() const
+{
+    constexpr int radius = 6;
+    QPainterPath path;
+    path.addRoundedRect(QRectF(q_ptr->rect().adjusted(0, 0, -1, -1)), radius, radius);
+    return path;
+}
+
+QRegion ATooltipExPrivate::SeenRegion() const
+{
+    QBitmap seen(q_ptr->size());
+    if (seen.isNull())
+        return {};
+    seen.clear();
+    QPainter painter(&seen);
+    painter.setPen(Qt::color1);
+    painter.setBrush(Qt::color1);
+    painter.drawPath(Outline());
+    painter.end();
+    return seen;
+}
+
+void ATooltipExPrivate::TakeShape()
+{
+    if (q_ptr->isVisible())
+        shape.follow(*q_ptr, [this] { return SeenRegion(); });
 }
 
 ATooltipEx::ATooltipEx(QWidget *parent)
@@ -314,7 +344,14 @@ void ATooltipEx::showEvent(QShowEvent *event)
     if (count > 1)
         OnIndexChanged((d->advancedWidgets->currentIndex() + 1) % count);
     SetAdvancedWidgetVisibility(d->visibility != EWidgetExVisibility::ExHidden);
+    d->TakeShape();
     QFrame::showEvent(event);
+}
+
+void ATooltipEx::resizeEvent(QResizeEvent *event)
+{
+    d_func()->TakeShape();
+    QFrame::resizeEvent(event);
 }
 
 void ATooltipEx::hideEvent(QHideEvent *event)

@@ -118,6 +118,8 @@ protected:
 
     /// Turns to the next page, when there are several, and opens or closes the part as at first.
     void showEvent(QShowEvent *event) override;
+    /// Has the outline of a card that floats by itself follow its size, where nothing blends windows.
+    void resizeEvent(QResizeEvent *event) override;
     /// Closes the part.
     void hideEvent(QHideEvent *event) override;
     /// Keeps F1 to itself: the card promises help, which the application gives.

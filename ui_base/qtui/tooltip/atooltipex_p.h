@@ -3,7 +3,10 @@
 
 #pragma once
 
+#include "ui_base/popup/windowshape_p.h"
 #include "ui_base/qtui/tooltip/atooltipex.h"
+
+#include <QPainterPath>
 
 class QLayout;
 
@@ -33,6 +36,9 @@ public:
     void TurnTo(int index) const;
     void FitPage(QWidget &page) const;
     void ShowPart(QWidget *part, QLayout *room, bool visible) const;
+    /// Keeps the window of a card that floats by itself to the outline of the card, where nothing
+    /// blends windows.
+    void TakeShape();
 
     ATooltipEx::EWidgetExVisibility visibility = ATooltipEx::EWidgetExVisibility::ExHidden;
     bool alwaysMaxWidth = true;                ///< also while the part is closed
@@ -41,9 +47,16 @@ public:
     QStackedWidget *advancedWidgets = nullptr; ///< the pages
 
 protected:
+    /// What the card is painted in, as rounded as the border in the form of TooltipEx is.
+    virtual QPainterPath Outline() const;
+
     ATooltipEx *q_ptr = nullptr;
 
 private:
+    QRegion SeenRegion() const;
+
+    Internal::WindowShape shape;
+
     Q_DISABLE_COPY(ATooltipExPrivate)
 };
 

@@ -31,7 +31,14 @@ QPainterPath roundedOutline(const QRectF &rect, int share)
 
 class InfoDialogPrivate : public ATooltipExPrivate
 {
+    Q_DECLARE_PUBLIC(InfoDialog)
+
 public:
+    QPainterPath Outline() const override
+    {
+        return roundedOutline(QRectF(q_func()->rect().adjusted(0, 0, -1, -1)), 3);
+    }
+
     Ui::InfoDialog ui;
     Internal::FormTexts texts;
 };
@@ -91,7 +98,7 @@ void InfoDialog::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
     painter.save();
-    const QPainterPath outline = roundedOutline(QRectF(rect().adjusted(0, 0, -1, -1)), 3);
+    const QPainterPath outline = d_func()->Outline();
     painter.fillPath(outline, Internal::groundColor());
     painter.setPen(Internal::lineColor());
     painter.drawPath(outline);
@@ -101,6 +108,7 @@ void InfoDialog::paintEvent(QPaintEvent *)
 void InfoDialog::showEvent(QShowEvent *)
 {
     UpdateContent();
+    d_func()->TakeShape();
     Q_EMIT VisibilityChanged(true);
 }
 
