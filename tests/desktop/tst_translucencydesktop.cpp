@@ -5,11 +5,14 @@
 // popups and dialogs show no more of themselves than their outline there.
 
 #include <ui_base/ArrowedWindow>
+#include <ui_base/CommandBase>
+#include <ui_base/CommandGroup>
 #include <ui_base/FloatingLayer>
 #include <ui_base/FlyoutBase>
 #include <ui_base/QtUiToolkit>
 #include <ui_base/TaskDialog>
 #include <ui_base/ToolBar>
+#include <ui_base/ToolbarManager>
 #include <ui_base/ToolButtonWithWidgetMenu>
 #include <ui_base/TooltipExFactory>
 #include <ui_base/TooltipObject>
@@ -21,6 +24,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QFrame>
+#include <QLabel>
 #include <QPushButton>
 #include <QX11Info>
 
@@ -195,6 +199,17 @@ bool comesOnGround(const QWidget &widget)
     return comesTrue([&widget] { return isSeenOnGround(widget); });
 }
 
+class SelectionCommand : public CommandBase
+{
+public:
+    SelectionCommand()
+        : CommandBase(nullptr)
+    { }
+
+    const QString commandId() const override { return QStringLiteral("selection"); }
+    bool onExecuteAsync(bool) override { return true; }
+};
+
 QWidget *makeTip()
 {
     auto *const tip = new QWidget;
@@ -215,6 +230,7 @@ private Q_SLOTS:
     void groundIsSeenAroundATooltip();
     void groundIsSeenAroundACard_data();
     void groundIsSeenAroundACard();
+    void separatorOfBarsIsNoBlackLine();
     void translucentFillIsPartOfTheShape();
     void groundIsSeenAroundADialog();
     void shapeFollowsADialogThatGrows();
@@ -295,6 +311,35 @@ void tst_TranslucencyDesktop::groundIsSeenAroundACard()
     card->resize(card->size() + QSize(60, 40));
     QVERIFY(comesTrue([&] { return !isGround(onScreen(*card).bottomRight() - QPoint(8, 8)); }));
     QVERIFY(comesTrue(isSeen));
+}
+
+void tst_TranslucencyDesktop::separatorOfBarsIsNoBlackLine()
+{
+    Scene scene;
+    ToolBar bar(&scene.window, Qt::BottomToolBarArea);
+    QAction action;
+    bar.AddAction(&action, QStringLiteral("tools"));
+    bar.AdjustToolBarSize(true);
+    bar.move(200, 300);
+    ToolbarManager manager(&bar);
+    CommandGroup group(QStringLiteral("cmd_selection"), QString(), QStringLiteral("selection"));
+    const auto command = std::make_shared<SelectionCommand>();
+    group.addCommand(command);
+    manager.addDynamicCommandGroup(&group);
+    QVERIFY(scene.isReady());
+    manager.commandGroupBegan(&group);
+    const auto labels = scene.window.findChildren<QLabel *>();
+    const auto line = std::find_if(labels.cbegin(), labels.cend(), [](const QLabel *label) {
+        return FloatingLayer::getWidgetOriginalParent(const_cast<QLabel *>(label));
+    });
+    QVERIFY(line != labels.cend());
+    QVERIFY(comesTrue([line] {
+        const QImage screen = QGuiApplication::primaryScreen()->grabWindow(0).toImage();
+        return (*line)->isVisible() && isSeenWithoutBlack(**line, screen);
+    }));
+    const QRect rect = onScreen(**line);
+    const QImage screen = QGuiApplication::primaryScreen()->grabWindow(0).toImage();
+    QVERIFY(qGray(screen.pixel(rect.center())) > 128);
 }
 
 // It is dark there, since it lies over nothing, but it is there.

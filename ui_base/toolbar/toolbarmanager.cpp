@@ -8,6 +8,7 @@
 #include "ui_base/command/commandbag.h"
 #include "ui_base/command/commandbase.h"
 #include "ui_base/popup/floatinglayer.h"
+#include "ui_base/popup/windowshape_p.h"
 #include "ui_base/qtui/devicepixmap_p.h"
 #include "ui_base/toolbar/toolbar_p.h"
 #include "ui_base/toolbar/toolbutton.h"
@@ -118,6 +119,8 @@ void ToolbarManagerPrivate::addSeparator()
     label->setAttribute(Qt::WA_ShowWithoutActivating);
     label->setFocusPolicy(Qt::NoFocus);
     label->setAlignment(Qt::AlignCenter);
+    // The line is half transparent, which without blending is dark all over.
+    label->setAutoFillBackground(!Internal::areWindowsBlended());
     FloatingLayer::makeWidgetFloating(label, QMargins());
     const bool isHorizontal = mainToolBar->IsHorizontalLayout();
     const QPixmap pixmap =
