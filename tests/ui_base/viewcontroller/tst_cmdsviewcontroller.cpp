@@ -1120,11 +1120,11 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("call");
         QTest::addColumn<int>("ending");
-        const char *const endings[] {"closed", "deleted", "let go of"};
+        const QByteArray endings[] {"closed", "deleted", "let go of"};
         for (const char *const call : {"press", "move", "release", "end", "doubleClick", "wheel",
                                        "keyPress", "keyRelease"}) {
             for (int ending = 0; ending < 3; ++ending)
-                QTest::addRow("%s/%s", call, endings[ending])
+                QTest::newRow(call + ('/' + endings[ending]))
                     << QString::fromLatin1(call) << ending;
         }
     }
