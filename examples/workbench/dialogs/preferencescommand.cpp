@@ -18,9 +18,8 @@ PreferencesCommand::PreferencesCommand(std::shared_ptr<Preferences> preferences)
     inEveryLanguage(*this, [this] {
         setText(tr("&Preferences..."));
         setToolTip(tr("Choose how the program looks and behaves"));
-        setWhatsThis(
-            tr("Chooses the language, the background of the view, whether buttons explain "
-               "themselves, and more."));
+        setWhatsThis(tr("Chooses the language, the background of the view, whether buttons explain "
+                        "themselves, and more."));
     });
     setObjectName(QStringLiteral("preferences"));
     setShortcut(Qt::CTRL + Qt::Key_Comma);
