@@ -167,7 +167,9 @@ QAccessibleInterface *NotificationBarPrivate::makeAccessible(const QString &clas
             const QString own = QAccessibleWidget::text(type);
             if (type != QAccessible::Name || !own.isEmpty())
                 return own;
-            return static_cast<const NotificationBar *>(object())->d_func()->spokenText();
+            // Of one that is being destroyed only the widget may be left.
+            const auto *const bar = qobject_cast<const NotificationBar *>(object());
+            return bar ? bar->d_func()->spokenText() : QString();
         }
     };
     if (className != QLatin1String(NotificationBar::staticMetaObject.className()))

@@ -81,14 +81,18 @@ bool lists(const QVariantList &list, const QWidget *widget)
 QAccessibleInterface *makeAccessible(const QString &className, QObject *object)
 {
     using Internal::AccessibleOpener;
-    auto *const flyout = qobject_cast<FlyoutBase *>(object->parent());
-    if (!flyout || className != QLatin1String(QToolButton::staticMetaObject.className()))
+    if (!qobject_cast<FlyoutBase *>(object->parent())
+        || className != QLatin1String(QToolButton::staticMetaObject.className()))
         return nullptr;
     auto *const button = static_cast<QToolButton *>(object);
     const bool isAdvanced = button->objectName() == QLatin1String("advanced_button");
     if (!isAdvanced && button->objectName() != QLatin1String("info_button"))
         return nullptr;
-    return new AccessibleOpener(*button, [flyout, isAdvanced]() -> AccessibleOpener::SOpened {
+    return new AccessibleOpener(*button, [button, isAdvanced]() -> AccessibleOpener::SOpened {
+        // One that is being destroyed hides its buttons when it is no flyout any more.
+        auto *const flyout = qobject_cast<FlyoutBase *>(button->parent());
+        if (!flyout)
+            return {};
         if (isAdvanced)
             return {flyout->AdvancedPanel(), AccessibleOpener::EKind::Section};
         return {flyout->InfoDialog(), AccessibleOpener::EKind::Popup};

@@ -136,6 +136,26 @@ QSize textBox(const QLabel &label)
 
 } // namespace
 
+/// Asks for the name of a bar when that is hidden, as a screen reader does.
+class AskingOnHide : public QObject
+{
+public:
+    explicit AskingOnHide(QWidget *bar)
+    {
+        QAccessible::queryAccessibleInterface(bar);
+        bar->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() == QEvent::Hide)
+            names << QAccessible::queryAccessibleInterface(watched)->text(QAccessible::Name);
+        return false;
+    }
+
+    QStringList names;
+};
+
 class tst_NotificationBar : public Lumo::Test::TestCase
 {
     Q_OBJECT
@@ -553,6 +573,16 @@ private Q_SLOTS:
         QVERIFY(!scene.bar->data().closeButton->accessibleName().isEmpty());
         scene.bar->showNow(eNotificationFadeOutOnly, false);
         QVERIFY(!scene.bar->data().closeButton->isVisible());
+    }
+
+    void assistiveToolsMayAskABarThatEnds()
+    {
+        auto bar = std::make_unique<DrivenBar>(nullptr);
+        bar->ShowSimpleText(QStringLiteral("Done"), eNotificationFadeOutOnly, 60'000, false);
+        bar->show();
+        AskingOnHide reader(bar.get());
+        bar.reset();
+        QCOMPARE(reader.names, QStringList(QString()));
     }
 
     void assistiveToolsHearTheWholeMessage()

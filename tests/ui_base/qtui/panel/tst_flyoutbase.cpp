@@ -71,6 +71,29 @@ public:
     QSize sizeHint() const override { throw std::bad_alloc(); }
 };
 
+/// Asks for the state of a button when that is hidden, as a screen reader does.
+class AskingOnHide : public QObject
+{
+public:
+    explicit AskingOnHide(QWidget *button)
+    {
+        QAccessible::queryAccessibleInterface(button);
+        button->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() == QEvent::Hide) {
+            hasAsked = true;
+            wasExpandable = QAccessible::queryAccessibleInterface(watched)->state().expandable;
+        }
+        return false;
+    }
+
+    bool hasAsked = false;
+    bool wasExpandable = true;
+};
+
 } // namespace
 
 using FlyoutSignal = void (FlyoutBase::*)();
@@ -137,6 +160,7 @@ private Q_SLOTS:
 
     void assistiveToolsOpenTheAdvancedPanel();
     void assistiveToolsOpenTheInformation();
+    void assistiveToolsMayAskAButtonOfAFlyoutThatEnds();
     void findsItemsOfTheColumn();
     void nullIsIgnored();
 };
@@ -835,6 +859,16 @@ void FlyoutBaseTest::assistiveToolsOpenTheInformation()
     QTRY_VERIFY(info.isVisible());
     QVERIFY(seen->state().expanded);
     QCOMPARE(events.expansionsOf(button), 1);
+}
+
+void FlyoutBaseTest::assistiveToolsMayAskAButtonOfAFlyoutThatEnds()
+{
+    Flyout flyout = makeFlyout({}, makePanel());
+    flyout->show();
+    AskingOnHide reader(part(flyout, "advanced_button"));
+    flyout.reset();
+    QVERIFY(reader.hasAsked);
+    QVERIFY(!reader.wasExpandable);
 }
 
 void FlyoutBaseTest::findsItemsOfTheColumn()
