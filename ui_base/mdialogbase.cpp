@@ -3,6 +3,7 @@
 
 #include "ui_base/mdialogbase.h"
 
+#include "ui_base/popup/windowsize_p.h"
 #include "ui_base/qtui/panel/flyoutbase.h"
 #include "ui_base/qtui/panel/panelloan_p.h"
 #include "ui_base/qtui/qtuitoolkit.h"
@@ -238,8 +239,10 @@ bool MDialogBase::eventFilter(QObject *watched, QEvent *event)
 {
     switch (event->type()) {
     case QEvent::Resize:
-        if (d->flyout && watched == d->flyout)
+        if (d->flyout && watched == d->flyout) {
+            Internal::claimSize(*this, d->flyout->size());
             resize(d->flyout->size());
+        }
         break;
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonRelease:

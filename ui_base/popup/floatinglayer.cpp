@@ -3,6 +3,8 @@
 
 #include "ui_base/popup/floatinglayer.h"
 
+#include "ui_base/popup/windowsize_p.h"
+
 #include <lumo_app_service/ApplicationService>
 
 #include <QAccessibleWidget>
@@ -287,9 +289,10 @@ void FloatingLayerPrivate::onAttachedWidgetMove(const QPoint &position)
     widgetPos = position;
     const QWidget *const parent = q->parentWidget();
     const QPoint origin = parent ? parent->mapToGlobal(QPoint(0, 0)) : QPoint(0, 0);
+    const QSize size = grown(attachedWidget->size(), margins);
+    Internal::claimSize(*q, size);
     // A window system reports sizes late, and a mere move would ask for the last one that it told.
-    q->setGeometry(
-        QRect(origin + position - corner(margins), grown(attachedWidget->size(), margins)));
+    q->setGeometry(QRect(origin + position - corner(margins), size));
     putWidgetAtCorner();
     q->setEventFilterForAttachedWidget(true);
 }
@@ -312,7 +315,9 @@ void FloatingLayerPrivate::takePendingMove()
 
 void FloatingLayerPrivate::onAttachedWidgetResize(const QSize &size)
 {
-    q->resize(grown(size, margins));
+    const QSize withMargins = grown(size, margins);
+    Internal::claimSize(*q, withMargins);
+    q->resize(withMargins);
 }
 
 void FloatingLayerPrivate::onParentWidgetMove(const QPoint &position)
@@ -331,7 +336,7 @@ void FloatingLayerPrivate::updateGeometry()
     if (!attachedWidget)
         return;
     onAttachedWidgetMove(widgetPos);
-    q->resize(grown(attachedWidget->size(), margins));
+    onAttachedWidgetResize(attachedWidget->size());
     if (const QWidget *parent = q->parentWidget())
         onParentWidgetMove(parent->pos());
 }
@@ -532,6 +537,12 @@ bool FloatingLayer::eventFilter(QObject *watched, QEvent *event)
     if (!receiver)
         return true;
     return self && QDialog::eventFilter(watched, event);
+}
+
+void FloatingLayer::showEvent(QShowEvent *event)
+{
+    Internal::claimSize(*this, size());
+    QDialog::showEvent(event);
 }
 
 void FloatingLayer::keyPressEvent(QKeyEvent *event)

@@ -89,6 +89,8 @@ public:
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
+    /// Sees to it that the window manager leaves the layer all of its size.
+    void showEvent(QShowEvent *event) override;
     /// Ignores Escape, Return and Enter, which would close a dialog. F6 goes on to the next layer
     /// over the window that has something for the keyboard in it, and from the last one to the
     /// window; with Shift the other way round.
