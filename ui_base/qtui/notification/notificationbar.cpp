@@ -164,7 +164,7 @@ QAccessibleInterface *NotificationBarPrivate::makeAccessible(const QString &clas
         using QAccessibleWidget::QAccessibleWidget;
         QString text(QAccessible::Text type) const override
         {
-            const QString own = QAccessibleWidget::text(type);
+            QString own = QAccessibleWidget::text(type);
             if (type != QAccessible::Name || !own.isEmpty())
                 return own;
             // Of one that is being destroyed only the widget may be left.
