@@ -205,6 +205,8 @@ private Q_SLOTS:
     void toolTipLabelStandsOnItsGround();
     void separatorIsFilledWithItsLine();
     void applicationSheetIsTheFileOfTheLightPalette();
+    void applicationSheetSaysWhatItsSourceSays_data();
+    void applicationSheetSaysWhatItsSourceSays();
     void applicationSheetKeepsTheHeightThatAFormGivesItsButtons();
     void applicationSheetNamesNoPlainWidget();
     void focusIsSeen_data();
@@ -637,6 +639,34 @@ void tst_Styles::applicationSheetIsTheFileOfTheLightPalette()
     QFile file(":/qss/libuitoolkit.css");
     QVERIFY(file.open(QIODevice::ReadOnly | QIODevice::Text));
     QCOMPARE(Styles::Instance().ApplicationStyleSheet(), QString::fromUtf8(file.readAll()));
+}
+
+void tst_Styles::applicationSheetSaysWhatItsSourceSays_data()
+{
+    QTest::addColumn<EPalette>("palette");
+    QTest::addColumn<QString>("source");
+    QTest::newRow("light") << EPalette::Light << "libuitoolkit.css";
+    QTest::newRow("dark") << EPalette::Dark << "libuitoolkit_dark.css";
+}
+
+// Qt parses it at each start, and would take each blank for a token.
+void tst_Styles::applicationSheetSaysWhatItsSourceSays()
+{
+    QFETCH(const EPalette, palette);
+    QFETCH(const QString, source);
+    QFile file(LUMO_SOURCE_DIR "/platform/common_res/qss/" + source);
+    QVERIFY(file.open(QIODevice::ReadOnly | QIODevice::Text));
+    const QString written = QString::fromUtf8(file.readAll());
+    Styles::Instance().SetPalette(palette);
+    const QString packed = Styles::Instance().ApplicationStyleSheet();
+    QVERIFY(!packed.contains("/*") && !packed.contains("  ") && packed.size() < written.size());
+    const QList<SRule> wanted = rulesOf(written);
+    const QList<SRule> rules = rulesOf(packed);
+    QCOMPARE(rules.size(), wanted.size());
+    for (int i = 0; i < rules.size(); ++i) {
+        QCOMPARE(rules[i].selector.split(','), wanted[i].selector.split(", "));
+        QCOMPARE(rules[i].declarations, wanted[i].declarations);
+    }
 }
 
 void tst_Styles::applicationSheetKeepsTheHeightThatAFormGivesItsButtons()
