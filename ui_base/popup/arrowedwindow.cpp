@@ -166,20 +166,45 @@ void ArrowedWindowPrivate::paintFrame(QPainter &painter, const SColors &colors)
     painter.drawPath(outline);
 }
 
+bool ArrowedWindowPrivate::SSeen::operator==(const SSeen &other) const
+{
+    return outline == other.outline && border == other.border && size == other.size
+        && fill == other.fill && band == other.band && bandColor == other.bandColor;
+}
+
+// Painted and scanned only for a look that is new: most showings repeat the last one.
 QRegion ArrowedWindowPrivate::seenRegion()
 {
     const auto solid = [](QColor color) {
         color.setAlpha(color.alpha() > 0 ? 255 : 0);
         return color;
     };
-    QImage seen(q_ptr->size(), QImage::Format_ARGB32_Premultiplied);
-    if (seen.isNull())
+    const bool hasBand = internalWidget && partialEnabled;
+    QPen border = borderPen();
+    border.setColor(solid(border.color()));
+    const SSeen present {Outline(),
+                         border,
+                         q_ptr->size(),
+                         internalWidget ? solid(fillColor()) : QColor(),
+                         hasBand ? partialRect : QRect(),
+                         hasBand ? solid(partialColor) : QColor()};
+    if (!(seen == present)) {
+        seenWithin = paintedRegion({present.fill, present.bandColor, border.color()});
+        seen = present;
+    }
+    return seenWithin;
+}
+
+QRegion ArrowedWindowPrivate::paintedRegion(const SColors &colors)
+{
+    QImage image(q_ptr->size(), QImage::Format_ARGB32_Premultiplied);
+    if (image.isNull())
         return {};
-    seen.fill(Qt::transparent);
-    QPainter painter(&seen);
-    paintFrame(painter, {solid(fillColor()), solid(partialColor), solid(borderColor)});
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    paintFrame(painter, colors);
     painter.end();
-    return QBitmap::fromImage(seen.createAlphaMask());
+    return QBitmap::fromImage(image.createAlphaMask());
 }
 
 QPen ArrowedWindowPrivate::borderPen() const

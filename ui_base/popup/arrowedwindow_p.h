@@ -81,6 +81,19 @@ private:
         QColor border;
     };
 
+    /// What decides which pixels the frame covers.
+    struct SSeen
+    {
+        QPainterPath outline;
+        QPen border;
+        QSize size;
+        QColor fill;
+        QRect band;
+        QColor bandColor;
+
+        bool operator==(const SSeen &other) const;
+    };
+
     void makeLayout();
     void makeShadow();
     void onContentResized();
@@ -89,6 +102,7 @@ private:
     void bringToLayout();
     void takeShape();
     void paintFrame(QPainter &painter, const SColors &colors);
+    QRegion paintedRegion(const SColors &colors);
 
     // The last layout and what it came from, to do nothing when it comes again.
     Internal::ArrowLayoutInput laidOutFrom;
@@ -103,6 +117,9 @@ private:
     bool isOutlineDue = false;
     Internal::FramePicture picture;
     Internal::WindowShape shape;
+    // The last region that was asked for and what it came from.
+    SSeen seen;
+    QRegion seenWithin;
 
     Q_DISABLE_COPY(ArrowedWindowPrivate)
 };

@@ -108,6 +108,25 @@ QImage picture(QWidget &widget, int ratio)
     return image;
 }
 
+/// The pixels that a frame covers.
+QRegion covered(OpenWindow &window)
+{
+    QImage image(window.size(), QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    {
+        QPainter painter(&image);
+        window.data().paintFrame(painter);
+    }
+    QRegion region;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            if (qAlpha(image.pixel(x, y)) > 0)
+                region += QRect(x, y, 1, 1);
+        }
+    }
+    return region;
+}
+
 /// As the window system has got it.
 QImage onScreen(const QWidget &window)
 {
@@ -176,6 +195,8 @@ private Q_SLOTS:
     void contentIsPaintedOncePerFrame();
     void shadowIsUsableOnAnotherWidget();
     void frameOfASubclassCastsWhatItPaints();
+    void regionThatIsSeenFollowsEveryChange();
+    void whatIsTransparentIsNotSeen();
 
 private:
     template<typename Window>
@@ -350,6 +371,42 @@ void WindowShadowTest::frameOfASubclassCastsWhatItPaints()
     takeLook(*plain, *window->GetShadow());
     window->setGraphicsEffect(plain);
     QVERIFY(picture(room, 1) == ours);
+}
+
+// Windows that nothing blends are cut out to it.
+void WindowShadowTest::regionThatIsSeenFollowsEveryChange()
+{
+    Dice dice(5);
+    Scene<OpenWindow> scene;
+    for (int i = 0; i < 60; ++i) {
+        const std::vector<Change> all = changes(dice);
+        const std::size_t which = std::size_t(dice.roll(0, int(all.size()) - 1));
+        all[which](*scene.window, *scene.content);
+        const QRegion expected = covered(*scene.window);
+        QVERIFY2(scene.window->data().seenRegion() == expected,
+                 QByteArray::number(i) + " by change " + QByteArray::number(int(which)));
+        QVERIFY2(scene.window->data().seenRegion() == expected, QByteArray::number(i) + " again");
+    }
+}
+
+void WindowShadowTest::whatIsTransparentIsNotSeen()
+{
+    Scene<OpenWindow> scene;
+    scene.window->SetArrow(EArrowPosition::Top, 10, false, 0, 90, true, 0);
+    const auto isRight = [&scene] {
+        return scene.window->data().seenRegion() == covered(*scene.window);
+    };
+    QVERIFY(isRight());
+    scene.window->SetBorder(Qt::gray, 4, Qt::SolidLine, Qt::BevelJoin);
+    QVERIFY(isRight());
+    scene.window->SetBorder(Qt::transparent, 4, Qt::SolidLine, Qt::BevelJoin);
+    QVERIFY(isRight());
+    scene.window->SetPartialBackgroundColor(true, QRect(0, 0, 1, 400), Qt::red);
+    QVERIFY(isRight());
+    scene.window->SetPartialBackgroundColor(true, QRect(0, 0, 1, 400), Qt::transparent);
+    QVERIFY(isRight());
+    scene.window->DetachWidget();
+    QVERIFY(isRight());
 }
 
 LUMO_TEST_MAIN(WindowShadowTest)
