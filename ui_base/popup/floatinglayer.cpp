@@ -200,6 +200,8 @@ public:
     QMargins margins;
     // The parent and what it stands in, up to its window: each of them can carry it along.
     QVector<QPointer<QWidget>> watchedParents;
+    // A call from outside shows the layer and brings it up afterwards.
+    bool isComing = false;
     QTimer followTimer;
 };
 
@@ -496,13 +498,19 @@ void FloatingLayer::setEventFilterForParentWidget(bool on)
 
 void FloatingLayer::setVisible(bool visible)
 {
+    // The widget, which is shown with the layer, asks for that again.
+    if (visible && d->isComing && isVisible())
+        return;
     const QPointer<FloatingLayer> self(this);
     const bool hadKeys = !visible && isActiveWindow();
     if (visible && !isVisible())
         d->forgetMinimised();
+    const bool wasComing = d->isComing;
+    d->isComing = visible || wasComing;
     QDialog::setVisible(visible);
     if (!self)
         return;
+    d->isComing = wasComing;
     if (visible)
         d->comeUp();
     else if (QWidget *const window = windowOf(*this); hadKeys && window->isVisible())

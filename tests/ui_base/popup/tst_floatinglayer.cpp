@@ -602,12 +602,49 @@ private Q_SLOTS:
         Scene scene;
         FloatingLayer *const layer = scene.makeFloating();
         EventCounter raised(layer, QEvent::ZOrderChange);
-        scene.widget->show();
-        QVERIFY(raised.count > 0);
-        raised.count = 0;
         layer->setVisible(true);
         QCOMPARE(raised.count, 1);
+        layer->setVisible(true);
+        QCOMPARE(raised.count, 2);
         layer->setVisible(false);
+        QCOMPARE(raised.count, 2);
+    }
+
+    // A window manager has to look at each wish for the front, and at those of hidden windows as well.
+    void widgetBringsItsLayerUpOnceItIsOnTheScreen()
+    {
+        Scene scene;
+        FloatingLayer *const layer = scene.makeFloating();
+        for (int i = 0; i < 2; ++i) {
+            EventCounter raised(layer, QEvent::ZOrderChange);
+            bool wasOnScreen = false;
+            const AtEvent front(layer, QEvent::ZOrderChange,
+                                [&] { wasOnScreen = layer->windowHandle()->isVisible(); });
+            scene.widget->show();
+            QCOMPARE(raised.count, 1);
+            QVERIFY(wasOnScreen);
+            scene.widget->hide();
+        }
+    }
+
+    void layerThatIsHiddenAndShownWhileItComesIsThere()
+    {
+        Scene scene;
+        FloatingLayer *const layer = scene.makeFloating();
+        const AtEvent blink(scene.widget, QEvent::Show, [&] {
+            scene.widget->hide();
+            scene.widget->show();
+        });
+        EventCounter raised(layer, QEvent::ZOrderChange);
+        scene.widget->show();
+        QVERIFY(layer->isVisible());
+        QVERIFY(layer->windowHandle()->isVisible());
+        QVERIFY(scene.widget->isVisible());
+        QVERIFY(raised.count > 0);
+        scene.widget->hide();
+        QVERIFY(!layer->isVisible());
+        raised.count = 0;
+        layer->show();
         QCOMPARE(raised.count, 1);
     }
 
