@@ -54,10 +54,12 @@ void setFlyoutProperty(QWidget *widget)
     widget->setProperty(Resource::String::WIDGET_PROPERTY_ISFLYOUT.latin1(), true);
 }
 
-// The form has the colours of the light palette. White on the accent colour is right in both.
+// The form has the colours of the light palette. White on the accent colour is right in both. What the
+// sheet leaves to the palette, as the ground and most fields, has to go with it, whatever the application has.
 void takeColors(QWidget *widget)
 {
     const QPalette palette = Resource::Styles::Instance().ApplicationPalette();
+    widget->setPalette(palette);
     const QString form = widget->styleSheet();
     QString sheet = form;
     sheet.replace(QLatin1String("#F0F0F0"), palette.color(QPalette::Window).name().toUpper());

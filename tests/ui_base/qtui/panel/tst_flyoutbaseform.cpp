@@ -3,6 +3,7 @@
 
 // The layout, texts, styles and pictures of the form: hosts and style sheets know them by name.
 
+#include <ui_base/ArrowedWindow>
 #include <ui_base/FlyoutBase>
 
 #include "flyoutparts.h"
@@ -15,6 +16,7 @@
 #include <QLabel>
 #include <QPainter>
 #include <QPushButton>
+#include <QScopeGuard>
 #include <QToolButton>
 
 using namespace Vela::UiBase;
@@ -62,6 +64,7 @@ private Q_SLOTS:
     void theStyleSheetHasItsRules_data();
     void theStyleSheetHasItsRules();
     void theDarkPaletteReachesTheForm();
+    void theGroundGoesWithTheTextsOnADarkDesktop();
     void picturesHaveTheResolutionOfTheScreen();
 
     void theStripShowsForAnInfoText();
@@ -268,6 +271,22 @@ void FlyoutBaseFormTest::theDarkPaletteReachesTheForm()
     QVERIFY(!flyout->styleSheet().contains(QLatin1String("#404040")));
     QVERIFY(!part(flyout, "title")->styleSheet().contains(QLatin1String("#404040")));
     QVERIFY(flyout->styleSheet().contains(QLatin1String("color: #FFFFFF")));
+}
+
+// A desktop chooses the palette of the application, a host that of the library.
+void FlyoutBaseFormTest::theGroundGoesWithTheTextsOnADarkDesktop()
+{
+    const QPalette before = QApplication::palette();
+    const auto restored = qScopeGuard([&] { QApplication::setPalette(before); });
+    QApplication::setPalette(QPalette(QColor(40, 40, 40)));
+    ArrowedWindow window;
+    window.AttachWidget(makeFlyout().release());
+    window.show();
+    const QImage picture = window.grab().toImage();
+    const auto *const title = window.findChild<QLabel *>(QStringLiteral("title"));
+    const QPoint beside(title->mapTo(&window, title->rect().center()).x(),
+                        title->mapTo(&window, QPoint()).y() - 2);
+    QCOMPARE(picture.pixelColor(beside * picture.devicePixelRatio()), QColor(0xF0, 0xF0, 0xF0));
 }
 
 void FlyoutBaseFormTest::picturesHaveTheResolutionOfTheScreen()
