@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QStringList>
+#include <QStringView>
 #include <QVector>
 #include <QWidget>
 
@@ -16,30 +17,45 @@ namespace {
 
 struct SRule
 {
-    QStringRef selectors;
-    QStringRef declarations;
+    QStringView selectors;
+    QStringView declarations;
 };
+
+/// One of the selectors that commas part.
+struct SSelector
+{
+    QStringView part;         // the last one, for the selected widget itself
+    bool looksAround = false; // or at properties
+};
+
+bool isPair(const QString &sheet, int place, char second)
+{
+    return place + 1 < sheet.size() && sheet.at(place + 1) == QLatin1Char(second);
+}
 
 // Where the two characters stand beside each other. Qt searches for one character much faster than
 // for a text.
 int indexOfPair(const QString &sheet, char first, char second, int begin)
 {
     int place = sheet.indexOf(QLatin1Char(first), begin);
-    while (place >= 0 && sheet.midRef(place + 1, 1) != QLatin1Char(second))
+    while (place >= 0 && !isPair(sheet, place, second))
         place = sheet.indexOf(QLatin1Char(first), place + 1);
     return place;
 }
 
 QString withoutComments(const QString &sheet)
 {
+    int comment = indexOfPair(sheet, '/', '*', 0);
+    if (comment < 0)
+        return sheet;
     QString rest;
     rest.reserve(sheet.size());
     int begin = 0;
     while (begin >= 0) {
-        const int comment = indexOfPair(sheet, '/', '*', begin);
         rest += sheet.midRef(begin, comment < 0 ? -1 : comment - begin);
         const int end = comment < 0 ? -1 : indexOfPair(sheet, '*', '/', comment + 2);
         begin = end < 0 ? -1 : end + 2;
+        comment = begin < 0 ? -1 : indexOfPair(sheet, '/', '*', begin);
     }
     return rest;
 }
@@ -47,18 +63,19 @@ QString withoutComments(const QString &sheet)
 // False when there is more than plain rules.
 bool takeApart(const QString &sheet, QVector<SRule> &rules)
 {
+    const QStringView all(sheet);
     int begin = 0;
-    for (int open = 0; (open = sheet.indexOf(QLatin1Char('{'), begin)) >= 0;) {
+    for (int open = sheet.indexOf(QLatin1Char('{')); open >= 0;) {
         const int close = sheet.indexOf(QLatin1Char('}'), begin);
-        const QStringRef selectors = sheet.midRef(begin, open - begin);
-        const QStringRef declarations = sheet.midRef(open + 1, close - open - 1);
-        if (close < open || declarations.contains(QLatin1Char('{'))
-            || selectors.contains(QLatin1Char('@')))
+        const int next = sheet.indexOf(QLatin1Char('{'), open + 1);
+        const QStringView selectors = all.mid(begin, open - begin);
+        if (close < open || (next >= 0 && next < close) || selectors.contains(QLatin1Char('@')))
             return false;
-        rules.push_back({selectors, declarations});
+        rules.push_back({selectors, all.mid(open + 1, close - open - 1)});
         begin = close + 1;
+        open = next;
     }
-    return sheet.midRef(begin).trimmed().isEmpty();
+    return all.mid(begin).trimmed().isEmpty();
 }
 
 bool isOfName(QChar character)
@@ -67,7 +84,7 @@ bool isOfName(QChar character)
         || character == QLatin1Char('-');
 }
 
-QStringRef nameAt(const QStringRef &text, int begin)
+QStringView nameAt(QStringView text, int begin)
 {
     int end = begin;
     while (end < text.size() && isOfName(text.at(end)))
@@ -75,22 +92,64 @@ QStringRef nameAt(const QStringRef &text, int begin)
     return text.mid(begin, end - begin);
 }
 
-// Where the last part begins, which is the one for the selected widget itself.
-int lastPart(const QStringRef &selector)
+/// How a character parts a selector. The white space is that of style sheets.
+enum class ESign {
+    OfPart,
+    Gap,
+    OpeningBracket,
+    ClosingBracket,
+    End
+};
+
+ESign signOf(QChar character)
 {
-    int begin = 0;
-    bool isInBrackets = false;
-    for (int i = 0; i < selector.size(); ++i) {
-        const QChar character = selector.at(i);
-        if (character == QLatin1Char('[') || character == QLatin1Char(']'))
-            isInBrackets = character == QLatin1Char('[');
-        else if (!isInBrackets && (character.isSpace() || character == QLatin1Char('>')))
-            begin = i + 1;
+    switch (character.unicode()) {
+    case ' ':
+    case '\t':
+    case '\n':
+    case '\r':
+    case '\f':
+    case '>':
+        return ESign::Gap;
+    case '[':
+        return ESign::OpeningBracket;
+    case ']':
+        return ESign::ClosingBracket;
+    case ',':
+        return ESign::End;
+    default:
+        return ESign::OfPart;
     }
-    return begin;
 }
 
-QStringRef elementOf(const QStringRef &part)
+/// Takes the first selector off.
+SSelector takeSelector(QStringView &selectors)
+{
+    const QChar *const first = selectors.data();
+    const QChar *const last = first + selectors.size();
+    const QChar *begin = first;
+    const QChar *at = first;
+    int parts = 0;
+    bool hasBrackets = false;
+    bool isInBrackets = false;
+    bool isBetween = true;
+    for (ESign sign; at != last && (sign = signOf(*at)) != ESign::End; ++at) {
+        if (sign == ESign::OpeningBracket)
+            isInBrackets = hasBrackets = true;
+        else if (sign == ESign::ClosingBracket)
+            isInBrackets = false;
+        const bool isGap = sign == ESign::Gap && !isInBrackets;
+        if (isBetween && !isGap) {
+            begin = at;
+            ++parts;
+        }
+        isBetween = isGap;
+    }
+    selectors = at == last ? QStringView() : QStringView(at + 1, last);
+    return {QStringView(begin, at), parts > 1 || hasBrackets};
+}
+
+QStringView elementOf(QStringView part)
 {
     return nameAt(part, part.startsWith(QLatin1Char('.')) ? 1 : 0);
 }
@@ -105,10 +164,10 @@ QStringList elementsOf(const QMetaObject &ofClass)
     return names;
 }
 
-bool isOneOf(const QStringList &elements, const QStringRef &element)
+bool isOneOf(const QStringList &elements, QStringView element)
 {
     return element.isEmpty()
-        || std::any_of(elements.cbegin(), elements.cend(), [&element](const QString &name) {
+        || std::any_of(elements.cbegin(), elements.cend(), [element](const QString &name) {
                return element.size() == name.size()
                    && element.compare(name, Qt::CaseInsensitive) == 0;
            });
@@ -119,16 +178,15 @@ bool setsProperties(const SRule &rule)
     return rule.declarations.contains(QLatin1String("qproperty-"), Qt::CaseInsensitive);
 }
 
-void addSelector(SSheetScope &scope, const QStringRef &selector, int lastPart, const SRule &rule)
+void addSelector(SSheetScope &scope, const SSelector &selector, const SRule &rule)
 {
-    const QStringRef part = selector.mid(lastPart);
-    const bool looksAround = lastPart > 0 || selector.contains(QLatin1Char('['));
-    if (looksAround || (!part.contains(QLatin1Char('#')) && setsProperties(rule)))
+    const bool isNamed = selector.part.contains(QLatin1Char('#'));
+    if (selector.looksAround || (!isNamed && setsProperties(rule)))
         scope.isCommon = false;
-    if (looksAround)
+    if (selector.looksAround)
         return;
-    for (int i = 0; (i = part.indexOf(QLatin1Char('#'), i)) >= 0; ++i)
-        scope.names << nameAt(part, i + 1).toString();
+    for (int i = 0; (i = int(selector.part.indexOf(QLatin1Char('#'), i))) >= 0; ++i)
+        scope.names << nameAt(selector.part, i + 1).toString();
 }
 
 /// The scope of both sheets, kept since it is asked for at each painting.
@@ -170,11 +228,10 @@ SSheetScope scopeOfSheet(const QString &sheet, const QMetaObject &ofClass)
     const QStringList elements = elementsOf(ofClass);
     scope.isCommon = takeApart(text, rules);
     for (const SRule &rule : qAsConst(rules)) {
-        for (const QStringRef &part : rule.selectors.split(QLatin1Char(','))) {
-            const QStringRef selector = part.trimmed();
-            const int last = lastPart(selector);
-            if (isOneOf(elements, elementOf(selector.mid(last))))
-                addSelector(scope, selector, last, rule);
+        for (QStringView rest = rule.selectors; !rest.isEmpty();) {
+            const SSelector selector = takeSelector(rest);
+            if (isOneOf(elements, elementOf(selector.part)))
+                addSelector(scope, selector, rule);
         }
     }
     return scope;

@@ -20,6 +20,7 @@
 #include <QState>
 #include <QTimer>
 
+#include <algorithm>
 #include <utility>
 
 namespace Vela::UiBase {
@@ -253,7 +254,8 @@ bool ToolBar::eventFilter(QObject *watched, QEvent *event)
 void ToolBarPrivate::onResized(QObject *watched)
 {
     Q_Q(ToolBar);
-    if (watched == centralWidget || panels.values().contains(static_cast<QWidget *>(watched))) {
+    const bool isPanel = std::find(panels.cbegin(), panels.cend(), watched) != panels.cend();
+    if (watched == centralWidget || isPanel) {
         q->resize(centralWidget->size());
         centralWidget->move(0, 0);
         UpdatePathMaps();

@@ -1062,6 +1062,10 @@ void TestToolButton::sheetOfTheApplicationMayTellButtonsApart_data()
     QTest::newRow("property") << "QToolButton[objectName=\"button2\"]" << 2;
     QTest::newRow("surroundings") << "#views QToolButton" << 4;
     QTest::newRow("child") << "QWidget#views > QToolButton" << 4;
+    QTest::newRow("child without a blank") << "QWidget#views>QToolButton" << 4;
+    QTest::newRow("surroundings after a line") << "#views\nQToolButton" << 4;
+    QTest::newRow("last of several selectors")
+        << "QLabel , QMenu[x=\"a > b\"],#views QToolButton" << 4;
 }
 
 void TestToolButton::sheetOfTheApplicationMayTellButtonsApart()
