@@ -4,6 +4,7 @@
 #include "ui_base/popup/framepicture_p.h"
 
 #include "ui_base/popup/arrowedwindow_p.h"
+#include "ui_base/qtui/keptshadow_p.h"
 
 #include <QPainter>
 #include <QRegion>
@@ -25,16 +26,6 @@ void PictureParts::draw(QPainter &painter) const
 {
     for (const SPart &part : m_parts)
         painter.drawImage(part.place, part.picture);
-}
-
-int wholeRatio(const QPainter &painter)
-{
-    const QTransform &transform = painter.deviceTransform();
-    const int ratio = int(transform.m11());
-    const QPointF origin = transform.map(QPointF(0, 0));
-    const bool isPlain = transform.type() <= QTransform::TxScale && transform.m11() == ratio
-        && transform.m22() == ratio && origin == origin.toPoint();
-    return isPlain ? ratio : 0;
 }
 
 bool FramePicture::SSubject::operator==(const SSubject &other) const

@@ -42,10 +42,6 @@ private:
     std::vector<SPart> m_parts;
 };
 
-/// The ratio of pixels of the device to those of a painter that neither turns nor bends anything; 0
-/// if that is not a whole number.
-int wholeRatio(const QPainter &painter);
-
 /// A frame with an arrow that is drawn once along its outline, with many short spans, and from then
 /// on out of a picture of what stands around the content.
 class FramePicture

@@ -3,9 +3,15 @@
 
 #include "ui_base/qtui/keptshadow_p.h"
 
+#include <QEvent>
+#include <QPaintEngine>
 #include <QPainter>
 #include <QPixmap>
+#include <QStyle>
 #include <QtWidgets/qtwidgetsglobal.h>
+
+#include <algorithm>
+#include <typeinfo>
 
 // What Qt blurs its own shadows with. It is exported, but no header of the public ones declares it.
 QT_BEGIN_NAMESPACE
@@ -43,7 +49,70 @@ bool isCoveredAlike(const QImage &one, const QImage &other)
     return true;
 }
 
+bool isWholeStep(const QTransform &transform)
+{
+    return transform.type() <= QTransform::TxTranslate && transform.dx() == qRound(transform.dx())
+        && transform.dy() == qRound(transform.dy());
+}
+
+// Whether pixels come out there as in a picture.
+bool paintsPixels(const QPainter &painter)
+{
+    const QPaintDevice *const device = painter.device();
+    const int ratio = wholeRatio(painter);
+    if (device->devType() != QInternal::Image || ratio <= 0 || ratio != device->devicePixelRatioF()
+        || !isWholeStep(painter.worldTransform()))
+        return false;
+    const QImage::Format format = static_cast<const QImage *>(device)->format();
+    return format == Format || format == QImage::Format_RGB32;
+}
+
+// All sorts of colours, on which it shows what does not cover them alike.
+QImage groundLike(const QImage &image)
+{
+    constexpr QRgb Spread = 2654435761U;
+    QImage result(image.size(), Format);
+    result.setDevicePixelRatio(image.devicePixelRatioF());
+    QRgb color = Spread;
+    for (int y = 0; y < result.height(); ++y) {
+        auto *const line = reinterpret_cast<QRgb *>(result.scanLine(y));
+        std::generate(line, line + result.width(), [&color] {
+            color = color * Spread + 1;
+            return qPremultiply(color);
+        });
+    }
+    return result;
+}
+
+bool hasParts(const QWidget &widget)
+{
+    const QObjectList &children = widget.children();
+    return std::any_of(children.cbegin(), children.cend(),
+                       [](const QObject *child) { return child->isWidgetType(); });
+}
+
+// What the button would tell its style, which only its subclasses may ask for.
+struct OpenButton : QPushButton
+{
+    static QStyleOptionButton optionOf(const QPushButton &button)
+    {
+        QStyleOptionButton option;
+        (button.*(&OpenButton::initStyleOption))(&option);
+        return option;
+    }
+};
+
 } // namespace
+
+int wholeRatio(const QPainter &painter)
+{
+    const QTransform &transform = painter.deviceTransform();
+    const int ratio = int(transform.m11());
+    const QPointF origin = transform.map(QPointF(0, 0));
+    const bool isPlain = transform.type() <= QTransform::TxScale && transform.m11() == ratio
+        && transform.m22() == ratio && origin == origin.toPoint();
+    return isPlain ? ratio : 0;
+}
 
 QImage KeptShadow::shadowOf(const QImage &caster) const
 {
@@ -80,14 +149,140 @@ void KeptShadow::draw(QPainter *painter)
     }
     if (!(m_look == look()) || !isCoveredAlike(m_caster, caster)) {
         m_shadow = shadowOf(caster);
-        m_caster = caster;
+        ++m_generation;
         m_look = look();
     }
+    m_caster = caster;
     const QTransform transform = painter->worldTransform();
     painter->setWorldTransform(QTransform());
     painter->drawImage(place, m_shadow);
     painter->drawPixmap(place, source);
     painter->setWorldTransform(transform);
+}
+
+// By drawSource() the last picture of the widget would be drawn where that stood then: Qt keeps it.
+void KeptShadow::drawAgain(QPainter *painter, QWidget &widget)
+{
+    const QTransform transform = painter->worldTransform();
+    const QRect room = boundingRectFor(transform.mapRect(QRectF(widget.rect()))).toAlignedRect();
+    painter->setWorldTransform(QTransform());
+    painter->drawImage(room.topLeft(), m_shadow);
+    widget.render(painter, transform.map(QPoint(0, 0)), QRegion(), QWidget::DrawChildren);
+    painter->setWorldTransform(transform);
+}
+
+bool ButtonShadow::SSubject::operator==(const SSubject &other) const
+{
+    return option.state == other.option.state && option.features == other.option.features
+        && option.rect == other.option.rect && option.direction == other.option.direction
+        && option.iconSize == other.option.iconSize && option.text == other.option.text
+        && palette == other.palette && icon == other.icon && style == other.style
+        && ratio == other.ratio && look == other.look && font == other.font;
+}
+
+ButtonShadow::ButtonShadow(QPushButton *button)
+    : KeptShadow(button)
+    , m_button(button)
+{
+    button->installEventFilter(this);
+}
+
+// What changes how a style sheet applies shows nowhere else.
+bool ButtonShadow::eventFilter(QObject *watched, QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::StyleChange:
+    case QEvent::Polish:
+    case QEvent::DynamicPropertyChange:
+        forget();
+        break;
+    default:
+        break;
+    }
+    return KeptShadow::eventFilter(watched, event);
+}
+
+void ButtonShadow::forget()
+{
+    m_known.clear();
+    m_last = {};
+}
+
+bool ButtonShadow::canDrawAgain(const QPainter &painter) const
+{
+    return !isNone() && m_button && m_button->graphicsEffect() == this
+        && typeid(*m_button) == typeid(QPushButton) && !hasParts(*m_button)
+        && paintsPixels(painter);
+}
+
+ButtonShadow::SSubject ButtonShadow::subject(const QPainter &painter) const
+{
+    const QStyleOptionButton option = OpenButton::optionOf(*m_button);
+    return {option,
+            option.palette.cacheKey(),
+            option.icon.cacheKey(),
+            m_button->font(),
+            m_button->style(),
+            wholeRatio(painter),
+            look()};
+}
+
+// What is painted several times over one pixel comes out a little different above other things.
+bool ButtonShadow::isPaintedAsInPicture() const
+{
+    QImage pasted = groundLike(caster());
+    QImage painted = pasted;
+    QPainter(&pasted).drawImage(QPoint(0, 0), caster());
+    const QPoint corner = boundingRectFor(m_button->rect()).toAlignedRect().topLeft();
+    m_button->render(&painted, -corner, QRegion(), QWidget::DrawChildren);
+    return painted == pasted;
+}
+
+const ButtonShadow::SKnown *ButtonShadow::find(const SSubject &subject) const
+{
+    const auto known =
+        std::find_if(m_known.cbegin(), m_known.cend(),
+                     [&subject](const SKnown &one) { return one.subject == subject; });
+    return known == m_known.cend() ? nullptr : &*known;
+}
+
+// Not at once, for many a button is seen but once.
+void ButtonShadow::learn(const SSubject &subject)
+{
+    constexpr std::size_t MostKnown = 8;
+    if (m_last == subject) {
+        if (m_known.size() == MostKnown)
+            m_known.clear();
+        m_known.push_back({subject, isPaintedAsInPicture()});
+    }
+    m_last = subject;
+}
+
+void ButtonShadow::followGeneration()
+{
+    if (m_generationOfKnown != generation())
+        forget();
+    m_generationOfKnown = generation();
+}
+
+void ButtonShadow::draw(QPainter *painter)
+{
+    if (!canDrawAgain(*painter)) {
+        KeptShadow::draw(painter);
+        return;
+    }
+    followGeneration();
+    const SSubject present = subject(*painter);
+    const SKnown *const known = find(present);
+    const bool isKnown = known;
+    if (isKnown && known->isPaintedAlike) {
+        drawAgain(painter, *m_button);
+        return;
+    }
+    KeptShadow::draw(painter);
+    followGeneration();
+    if (!isKnown)
+        learn(present);
 }
 
 } // namespace Vela::UiBase::Internal

@@ -657,7 +657,7 @@ void FlyoutBase::SetButtonVisible(QPushButton *button, bool visible)
         return;
     auto *effect = qobject_cast<QGraphicsDropShadowEffect *>(button->graphicsEffect());
     if (visible && !effect) {
-        effect = new Internal::KeptShadow(button);
+        effect = new Internal::ButtonShadow(button);
         SetShadow(effect);
         button->setGraphicsEffect(effect);
     } else if (!visible && effect) {

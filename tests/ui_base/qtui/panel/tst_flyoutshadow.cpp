@@ -1,0 +1,378 @@
+// SPDX-FileCopyrightText: 2026 The lumo_ui_base authors
+// SPDX-License-Identifier: MIT
+
+// The shadows of the buttons are kept, and what casts them is painted where it stands. All has to look
+// as with the shadows that Qt casts anew each time out of a picture.
+
+#include <ui_base/FlyoutBase>
+
+#include "flyoutparts.h"
+#include "support/testcase.h"
+#include "support/testmain.h"
+
+#include <QEvent>
+#include <QGraphicsDropShadowEffect>
+#include <QGuiApplication>
+#include <QImage>
+#include <QLabel>
+#include <QPaintEngine>
+#include <QPainter>
+#include <QPushButton>
+#include <QScreen>
+#include <QStyle>
+
+#include <functional>
+#include <random>
+#include <vector>
+
+using namespace Vela::UiBase;
+using namespace Lumo::Test;
+
+namespace {
+
+constexpr QRgb Ground = qRgb(200, 60, 20);
+
+QPushButton &buttonOf(const Flyout &flyout)
+{
+    return *part<QPushButton>(flyout, "apply_button");
+}
+
+QGraphicsDropShadowEffect &shadowOf(const QWidget &button)
+{
+    return *qobject_cast<QGraphicsDropShadowEffect *>(button.graphicsEffect());
+}
+
+void castAnew(QPushButton &button)
+{
+    auto *const plain = new QGraphicsDropShadowEffect(&button);
+    const QGraphicsDropShadowEffect &kept = shadowOf(button);
+    plain->setBlurRadius(kept.blurRadius());
+    plain->setOffset(kept.offset());
+    plain->setColor(kept.color());
+    button.setGraphicsEffect(plain);
+}
+
+QImage picture(QWidget &widget, QImage::Format format, int ratio)
+{
+    QImage image(widget.size() * ratio, format);
+    image.setDevicePixelRatio(ratio);
+    image.fill(Ground);
+    widget.render(&image, QPoint(0, 0), QRegion(), QWidget::DrawChildren);
+    return image;
+}
+
+/// Two flyouts that are always changed alike; the buttons of one have Qt's own shadows.
+struct Pair
+{
+    Flyout ours = makeFlyout();
+    Flyout reference = makeFlyout();
+
+    Pair()
+    {
+        castAnew(buttonOf(reference));
+        castAnew(*part<QPushButton>(reference, "cancel_button"));
+    }
+
+    void both(const std::function<void(QPushButton &)> &change) const
+    {
+        change(buttonOf(ours));
+        change(buttonOf(reference));
+    }
+    bool looksRight(QImage::Format format = QImage::Format_ARGB32_Premultiplied,
+                    int ratio = 1) const
+    {
+        return picture(*ours, format, ratio) == picture(*reference, format, ratio);
+    }
+};
+
+/// Knows whether a widget is painted on a picture itself, without another one between.
+class PlaceOfPaint : public QObject
+{
+public:
+    PlaceOfPaint(QWidget &widget, const QImage &picture)
+        : m_widget(widget)
+        , m_picture(picture)
+    {
+        widget.installEventFilter(this);
+    }
+
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        if (event->type() == QEvent::Paint) {
+            const QPainter painter(&m_widget);
+            ++paints;
+            isOnPicture = painter.paintEngine()->paintDevice() == &m_picture;
+        }
+        return false;
+    }
+
+    int paints = 0;
+    bool isOnPicture = false;
+
+private:
+    QWidget &m_widget;
+    const QImage &m_picture;
+};
+
+QIcon square(const QColor &color)
+{
+    QPixmap pixmap(12, 12);
+    pixmap.fill(color);
+    return QIcon(pixmap);
+}
+
+void polishAgain(QWidget &widget)
+{
+    widget.style()->unpolish(&widget);
+    widget.style()->polish(&widget);
+    widget.update();
+}
+
+using Change = std::function<void(QPushButton &)>;
+
+std::vector<Change> changes(int number)
+{
+    const bool isOn = number % 2 == 1;
+    return {
+        [=](QPushButton &b) { b.setEnabled(isOn); },
+        [=](QPushButton &b) { b.setDown(isOn); },
+        [=](QPushButton &b) { b.setFlat(isOn); },
+        [=](QPushButton &b) { b.setDefault(isOn); },
+        [=](QPushButton &b) { b.setAttribute(Qt::WA_UnderMouse, isOn); },
+        [=](QPushButton &b) { b.setText(isOn ? QStringLiteral("Apply") : QStringLiteral("A")); },
+        [=](QPushButton &b) { b.setIcon(isOn ? square(Qt::yellow) : QIcon()); },
+        [=](QPushButton &b) { b.setIconSize(isOn ? QSize(8, 8) : QSize(16, 16)); },
+        [=](QPushButton &b) { b.setFixedWidth(60 + 5 * number); },
+        [=](QPushButton &b) {
+            QFont font = b.font();
+            font.setBold(isOn);
+            b.setFont(font);
+        },
+        [=](QPushButton &b) { b.setLayoutDirection(isOn ? Qt::RightToLeft : Qt::LeftToRight); },
+        [=](QPushButton &b) {
+            b.setStyleSheet(QStringLiteral("QPushButton { border-radius: %1px }").arg(number));
+        },
+        [=](QPushButton &b) {
+            b.setStyleSheet(QStringLiteral("QPushButton { background: rgba(90, 0, 0, %1) }"
+                                           "QPushButton[wide=\"true\"] { border-left: 9px solid "
+                                           "transparent; background-clip: padding }")
+                                .arg(20 * number));
+        },
+        [=](QPushButton &b) {
+            b.setProperty("wide", isOn);
+            polishAgain(b);
+        },
+        [=](QPushButton &b) { b.parentWidget()->setStyleSheet(QString()); },
+        [=](QPushButton &b) {
+            QPalette palette = b.palette();
+            palette.setColor(QPalette::Button, QColor(90, 90, 25 * number));
+            palette.setColor(QPalette::ButtonText, QColor(25 * number, 0, 0));
+            b.setPalette(palette);
+        },
+        [=](QPushButton &b) { shadowOf(b).setBlurRadius(number); },
+        [=](QPushButton &b) { shadowOf(b).setOffset(number, -number); },
+        [=](QPushButton &b) { shadowOf(b).setColor(QColor(0, 0, 0, 25 * number)); },
+    };
+}
+
+} // namespace
+
+class FlyoutShadowTest : public Lumo::Test::TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void everyChangeIsFollowed_data();
+    void everyChangeIsFollowed();
+    void stateThatComesBackLooksAsBefore();
+    void sheetOfTheApplicationIsFollowed();
+    void changeOfASheetByAPropertyIsFollowed();
+    void looksRightWhereThePainterStands_data();
+    void looksRightWhereThePainterStands();
+    void shadowIsSeenOnTheScreen();
+    void partsOfTheButtonCastAsWell();
+    void buttonThatIsKnownIsPaintedWhereItStands();
+    void buttonThatLooksDifferentThereIsPaintedByItsPicture();
+};
+
+void FlyoutShadowTest::everyChangeIsFollowed_data()
+{
+    QTest::addColumn<QImage::Format>("format");
+    QTest::addColumn<int>("ratio");
+    QTest::newRow("translucent") << QImage::Format_ARGB32_Premultiplied << 1;
+    QTest::newRow("opaque") << QImage::Format_RGB32 << 1;
+    QTest::newRow("twice as dense") << QImage::Format_RGB32 << 2;
+    QTest::newRow("of another kind") << QImage::Format_RGB888 << 1;
+}
+
+void FlyoutShadowTest::everyChangeIsFollowed()
+{
+    QFETCH(QImage::Format, format);
+    QFETCH(int, ratio);
+    const Pair pair;
+    std::mt19937 dice(3);
+    for (int i = 0; i < 200; ++i) {
+        const std::vector<Change> all = changes(int(dice() % 10));
+        const std::size_t which = dice() % all.size();
+        pair.both(all[which]);
+        // Out of a picture, when that is learned, and without one.
+        for (int time = 0; time < 3; ++time) {
+            QVERIFY2(pair.looksRight(format, ratio),
+                     QByteArray::number(i) + " by change " + QByteArray::number(int(which)));
+        }
+    }
+}
+
+// A pointer that comes and goes.
+void FlyoutShadowTest::stateThatComesBackLooksAsBefore()
+{
+    const Pair pair;
+    for (int i = 0; i < 12; ++i) {
+        pair.both([i](QPushButton &button) {
+            button.setAttribute(Qt::WA_UnderMouse, i % 2 == 1);
+            button.setDown(i % 3 == 1);
+        });
+        QVERIFY(pair.looksRight());
+        QVERIFY(pair.looksRight());
+    }
+}
+
+void FlyoutShadowTest::sheetOfTheApplicationIsFollowed()
+{
+    const Pair pair;
+    for (const int radius : {0, 3, 8, 0}) {
+        qApp->setStyleSheet(QStringLiteral("QPushButton { border-radius: %1px; }").arg(radius));
+        for (int time = 0; time < 3; ++time)
+            QVERIFY(pair.looksRight());
+    }
+    qApp->setStyleSheet(QString());
+    QVERIFY(pair.looksRight());
+}
+
+void FlyoutShadowTest::changeOfASheetByAPropertyIsFollowed()
+{
+    const Pair pair;
+    pair.both([](QPushButton &button) {
+        button.setStyleSheet(QStringLiteral("QPushButton[round=\"true\"] { border-radius: 9px; }"));
+    });
+    for (int i = 0; i < 4; ++i) {
+        pair.both([i](QPushButton &button) {
+            button.setProperty("round", i % 2 == 1);
+            polishAgain(button);
+        });
+        for (int time = 0; time < 3; ++time)
+            QVERIFY(pair.looksRight());
+    }
+}
+
+void FlyoutShadowTest::looksRightWhereThePainterStands_data()
+{
+    QTest::addColumn<QTransform>("transform");
+    QTest::newRow("moved") << QTransform::fromTranslate(7, 3);
+    QTest::newRow("moved by half a pixel") << QTransform::fromTranslate(0.5, 0.5);
+    QTest::newRow("enlarged") << QTransform::fromScale(2, 2);
+    QTest::newRow("turned") << QTransform().rotate(90).translate(0, -200);
+}
+
+void FlyoutShadowTest::looksRightWhereThePainterStands()
+{
+    QFETCH(QTransform, transform);
+    const Pair pair;
+    const auto painted = [&transform](const Flyout &flyout) {
+        QImage image(500, 400, QImage::Format_ARGB32_Premultiplied);
+        image.fill(Ground);
+        QPainter painter(&image);
+        painter.setTransform(transform);
+        flyout->render(&painter, QPoint(4, 2), QRegion(), QWidget::DrawChildren);
+        return image;
+    };
+    QVERIFY(pair.looksRight());
+    for (int time = 0; time < 3; ++time)
+        QVERIFY(painted(pair.ours) == painted(pair.reference));
+    QVERIFY(pair.looksRight());
+    QVERIFY(painted(pair.ours) == painted(pair.reference));
+}
+
+void FlyoutShadowTest::shadowIsSeenOnTheScreen()
+{
+    const Pair pair;
+    const auto seen = [](const Flyout &flyout) {
+        return QGuiApplication::primaryScreen()->grabWindow(flyout->winId()).toImage();
+    };
+    const auto isSeenRight = [&] {
+        for (const Flyout *const flyout : {&pair.ours, &pair.reference})
+            (*flyout)->repaint();
+        return seen(pair.ours) == seen(pair.reference);
+    };
+    for (const Flyout *const flyout : {&pair.ours, &pair.reference}) {
+        (*flyout)->setWindowFlag(Qt::FramelessWindowHint);
+        (*flyout)->setAttribute(Qt::WA_ShowWithoutActivating);
+        (*flyout)->show();
+        QVERIFY(QTest::qWaitForWindowExposed(flyout->get()));
+    }
+    qApp->setActiveWindow(nullptr);
+    for (int time = 0; time < 4; ++time)
+        QTRY_VERIFY(isSeenRight());
+    const QImage before = seen(pair.ours);
+    pair.both([](QPushButton &button) { button.setText(QStringLiteral("Go")); });
+    for (int time = 0; time < 4; ++time)
+        QTRY_VERIFY(isSeenRight());
+    QVERIFY(seen(pair.ours) != before);
+    // Only the button.
+    pair.both([](QPushButton &button) { button.repaint(); });
+    QVERIFY(seen(pair.ours) == seen(pair.reference));
+}
+
+void FlyoutShadowTest::partsOfTheButtonCastAsWell()
+{
+    const Pair pair;
+    pair.both([](QPushButton &button) {
+        button.setStyleSheet(QStringLiteral("background: transparent; border: none"));
+    });
+    for (int time = 0; time < 3; ++time)
+        QVERIFY(pair.looksRight());
+    pair.both([](QPushButton &button) {
+        auto *const label = new QLabel(&button);
+        label->setStyleSheet(QStringLiteral("background: black"));
+        label->setGeometry(2, 2, 10, 10);
+        label->show();
+    });
+    QVERIFY(pair.looksRight());
+    pair.both([](QPushButton &button) { button.findChild<QLabel *>()->resize(14, 14); });
+    QVERIFY(pair.looksRight());
+}
+
+void FlyoutShadowTest::buttonThatIsKnownIsPaintedWhereItStands()
+{
+    const Flyout flyout = makeFlyout();
+    QImage image(flyout->size(), QImage::Format_RGB32);
+    PlaceOfPaint place(buttonOf(flyout), image);
+    flyout->render(&image);
+    QCOMPARE(place.paints, 1);
+    QVERIFY(!place.isOnPicture);
+    flyout->render(&image);
+    place.paints = 0;
+    flyout->render(&image);
+    QCOMPARE(place.paints, 1);
+    QVERIFY(place.isOnPicture);
+    buttonOf(flyout).setText(QStringLiteral("Stop"));
+    flyout->render(&image);
+    QVERIFY(!place.isOnPicture);
+}
+
+// Two layers that shine through come out by one step darker or lighter.
+void FlyoutShadowTest::buttonThatLooksDifferentThereIsPaintedByItsPicture()
+{
+    const Flyout flyout = makeFlyout();
+    buttonOf(flyout).setStyleSheet(
+        QStringLiteral("background: rgba(90, 33, 17, 37); border: 3px solid rgba(1, 77, 200, 81);"
+                       "border-radius: 7px; color: rgba(90, 99, 123, 155)"));
+    QImage image(flyout->size(), QImage::Format_RGB32);
+    PlaceOfPaint place(buttonOf(flyout), image);
+    for (int time = 0; time < 4; ++time)
+        flyout->render(&image);
+    QVERIFY(!place.isOnPicture);
+}
+
+LUMO_TEST_MAIN(FlyoutShadowTest)
+#include "tst_flyoutshadow.moc"
