@@ -6,7 +6,6 @@
 #include "ui_base/toolbar/sheetscope_p.h"
 
 #include <QApplication>
-#include <QEvent>
 #include <QPalette>
 #include <QPointer>
 #include <QStyle>
@@ -119,24 +118,13 @@ void learnFrom(QWidget &button, const SKind &kind, const std::function<void()> &
     models() << SModel {kind, button.testAttribute(Qt::WA_Hover), button.palette()};
 }
 
-// Qt would make each button a palette of its own, which takes half a kilobyte and most of the time of
-// polishing. The button had the palette that the model had, so the same comes out.
-void sharePalette(QWidget &button, const QPalette &palette)
-{
-    button.setAttribute(Qt::WA_SetPalette);
-    const_cast<QPalette &>(button.palette()) = palette;
-    QEvent change(QEvent::PaletteChange);
-    QCoreApplication::sendEvent(&button, &change);
-    button.update();
-}
-
 void becomeLike(QWidget &button, const SModel &model)
 {
     model.kind.base->polish(&button);
     if (model.isHovered)
         button.setAttribute(Qt::WA_Hover);
     if (model.palette.resolve() != 0)
-        sharePalette(button, model.palette);
+        button.setPalette(model.palette);
     button.setAttribute(Qt::WA_WState_Polished);
 }
 

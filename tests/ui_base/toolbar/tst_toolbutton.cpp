@@ -290,9 +290,6 @@ private Q_SLOTS:
 
     void everyButtonIsPolishedLikeOneByItself_data();
     void everyButtonIsPolishedLikeOneByItself();
-    void buttonsThatAreAlikeShareTheirPalette();
-    void everyButtonIsToldOnceOfItsPalette();
-    void childOfAButtonGetsThePaletteOfOneByItself();
     void anyButtonMayBeTheFirstOfItsState();
     void sheetOfOneButtonLeavesTheOthersAlone();
     void laterSheetStartsFromThePaletteOfBefore();
@@ -1011,50 +1008,6 @@ void TestToolButton::everyButtonIsPolishedLikeOneByItself()
         QCOMPARE(button->minimumSizeHint(), alone.minimumSizeHint());
         QCOMPARE(button->palette(), alone.palette());
     }
-}
-
-void TestToolButton::buttonsThatAreAlikeShareTheirPalette()
-{
-    Row row;
-    QVERIFY(row.buttons[3]->palette().isCopyOf(row.buttons[2]->palette()));
-    QPalette own = row.buttons[2]->palette();
-    own.setColor(QPalette::ButtonText, Qt::red);
-    row.buttons[2]->setPalette(own);
-    QCOMPARE(row.buttons[2]->palette().color(QPalette::ButtonText), QColor(Qt::red));
-    QVERIFY(row.buttons[3]->palette().color(QPalette::ButtonText) != QColor(Qt::red));
-}
-
-void TestToolButton::everyButtonIsToldOnceOfItsPalette()
-{
-    Row row;
-    ToolBar later(&row.window, Qt::TopToolBarArea);
-    EventCounter changes({QEvent::PaletteChange});
-    const auto add = [&later](const char *text) {
-        auto *const action = new QAction(twoPictures(), QString::fromLatin1(text), &later);
-        return later.AddAction(action, QStringLiteral("tools"));
-    };
-    add("the one by which Qt measures the panel");
-    add("second")->installEventFilter(&changes);
-    add("third")->installEventFilter(&changes);
-    QCOMPARE(changes.count, 0);
-    later.show();
-    QCOMPARE(changes.count, 2);
-}
-
-void TestToolButton::childOfAButtonGetsThePaletteOfOneByItself()
-{
-    Row row;
-    ToolBar later(&row.window, Qt::TopToolBarArea);
-    ToolButton alone(&row.window);
-    auto *const action = new QAction(twoPictures(), QStringLiteral("Tool"), &later);
-    ToolButton *const button = later.AddAction(action, QStringLiteral("tools"));
-    const QLabel child(button);
-    const QLabel wanted(&alone);
-    alone.show();
-    later.show();
-    QCOMPARE(child.palette(), wanted.palette());
-    QCOMPARE(child.palette().resolve(), wanted.palette().resolve());
-    QCOMPARE(button->palette(), alone.palette());
 }
 
 void TestToolButton::anyButtonMayBeTheFirstOfItsState()
