@@ -255,6 +255,48 @@ private Q_SLOTS:
         QVERIFY(scene.window.isActiveWindow());
     }
 
+    void clickOnAMessageLeavesTheFocusAlone()
+    {
+        Scene scene;
+        QVERIFY(scene.isActive());
+        auto *const bar = new NotificationBar(scene.view);
+        FloatingLayer::makeWidgetFloating(bar, QMargins());
+        bar->ShowSimpleText(QStringLiteral("Saved."), eNotificationFadeOutOnly, 60'000, false);
+        QTRY_VERIFY(bar->isShowing());
+        QVERIFY(QTest::qWaitForWindowExposed(bar->window()));
+        QVERIFY(pointAsUser(bar->mapToGlobal(QPoint(bar->width() / 2, 66))));
+        QVERIFY(clickAsUser(1));
+        QVERIFY(typeAsUser(QStringLiteral("typed")));
+        QTRY_COMPARE(scene.edit->text(), QStringLiteral("typed"));
+    }
+
+    void onlyAMessageWithAFieldTakesTheKeyboard()
+    {
+        Scene scene;
+        QVERIFY(scene.isActive());
+        auto *const bar = new NotificationBar(scene.view);
+        FloatingLayer::makeWidgetFloating(bar, QMargins());
+        bar->ShowSimpleText(QStringLiteral("Saved."), eNotificationFadeOutOnly, 60'000, false);
+        QTRY_VERIFY(bar->isShowing());
+        QVERIFY(QTest::qWaitForWindowExposed(bar->window()));
+        const QPointer<QLineEdit> field = new QLineEdit;
+        bar->ShowControl(field, eNotificationNoFade, 60'000, false);
+        QTRY_VERIFY(field->isVisible());
+        QVERIFY(pointAsUser(field->mapToGlobal(field->rect().center())));
+        QVERIFY(clickAsUser(1));
+        QTRY_VERIFY(field->hasFocus());
+        QVERIFY(typeAsUser(QStringLiteral("typed")));
+        QTRY_COMPARE(field->text(), QStringLiteral("typed"));
+
+        bar->ShowSimpleText(QStringLiteral("Saved."), eNotificationFadeOutOnly, 60'000, false);
+        QTRY_VERIFY(!field && bar->isShowing());
+        QTRY_VERIFY(scene.window.isActiveWindow());
+        QVERIFY(pointAsUser(bar->mapToGlobal(QPoint(bar->width() / 2, 66))));
+        QVERIFY(clickAsUser(1));
+        QVERIFY(typeAsUser(QStringLiteral("again")));
+        QTRY_COMPARE(scene.edit->text(), QStringLiteral("again"));
+    }
+
     void barIsSeenAboveANativeView()
     {
         Scene scene;

@@ -30,6 +30,7 @@
 #include <QTimer>
 #include <QToolButton>
 #include <QVBoxLayout>
+#include <QWindow>
 
 #include <algorithm>
 #include <cmath>
@@ -339,6 +340,19 @@ void NotificationBarPrivate::takeOutControl()
         return;
     holder->layout()->removeWidget(control);
     delete control;
+}
+
+// Some window managers give the keyboard to whatever is shown, and all of them to what is clicked. Only
+// a widget of a host has use for it; what comes after that gives it back.
+void NotificationBarPrivate::tellWhetherKeysAreTaken()
+{
+    Q_Q(NotificationBar);
+    const auto *const layer = qobject_cast<FloatingLayer *>(q->parentWidget());
+    if (!layer || !layer->windowHandle())
+        return;
+    layer->windowHandle()->setFlag(Qt::WindowDoesNotAcceptFocus, !control);
+    if (!control && layer->isActiveWindow() && layer->parentWidget())
+        layer->parentWidget()->activateWindow();
 }
 
 void NotificationBarPrivate::takeOutLabel()
@@ -713,6 +727,7 @@ void NotificationBar::SetSimpleText(QString text)
     if (!d->label)
         d->makeLabel();
     d->label->setText(d->ProcessSimpleText(d->text));
+    d->tellWhetherKeysAreTaken();
     d->ResizeMe(true);
 }
 
@@ -733,6 +748,7 @@ void NotificationBar::SetControl(QWidget *control)
     d->holder->layout()->addWidget(control);
     d->holder->layout()->setAlignment(control, Qt::AlignHCenter | Qt::AlignVCenter);
     d->holder->layout()->setContentsMargins(0, 0, 0, 0);
+    d->tellWhetherKeysAreTaken();
     d->ResizeMe(false);
 }
 
@@ -907,6 +923,7 @@ void NotificationBar::showEvent(QShowEvent *event)
 {
     Q_D(NotificationBar);
     d->holdEndlessAnimations(false);
+    d->tellWhetherKeysAreTaken();
     QWidget::showEvent(event);
 }
 

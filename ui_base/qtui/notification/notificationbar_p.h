@@ -122,6 +122,7 @@ private:
 
     void takeOutControl();
     void takeOutLabel();
+    void tellWhetherKeysAreTaken();
     QSize boxSizeFor(bool isText);
     QSize fitLabel(QSize box);
     void layOutBox(const QSize &box);
