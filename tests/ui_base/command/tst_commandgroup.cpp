@@ -129,6 +129,7 @@ private Q_SLOTS:
 
     void addedCommandIsOwnedRankedAndPlaced();
     void takenIdIsRefused();
+    void idOfOneThatWasPutIntoTheBagIsTakenToo();
     void addedCommandIsShared();
     void nullIsIgnored();
     void removedCommandLeavesEverything();
@@ -274,6 +275,19 @@ void TestCommandGroup::takenIdIsRefused()
     adopted->ended = [&isDead] { isDead = true; };
     QCOMPARE(group->addCommand(adopted), nullptr);
     QVERIFY(isDead);
+}
+
+void TestCommandGroup::idOfOneThatWasPutIntoTheBagIsTakenToo()
+{
+    const auto group = makeGroup();
+    Vela::UiBase::CommandBag &bag = group->commandBag();
+    addTo(*group, copy, 1);
+    QVERIFY(bag.addCommand(std::make_shared<TestCommand>(cut)));
+    QCOMPARE(group->addCommand(std::make_shared<TestCommand>(cut), 9), nullptr);
+    QCOMPARE(bag.size(), std::size_t(2));
+    QVERIFY(bag.removeCommand(copy));
+    QVERIFY(group->addCommand(std::make_shared<TestCommand>(copy), 2));
+    QCOMPARE(group->getCommandRank(copy), 2);
 }
 
 void TestCommandGroup::addedCommandIsShared()
