@@ -53,14 +53,8 @@ bool FramePicture::draw(QPainter &painter, ArrowedWindowPrivate &frame, const QS
     const int ratio = wholeRatio(painter);
     if (ratio <= 0 || !frame.isFilledToOutline())
         return false;
-    // The border may lie on the edge of the content.
-    const int edge = frame.borderWidth + 1;
-    const SSubject present {frame.Outline(),
-                            frame.borderPen(),
-                            frame.fillColor(),
-                            frame.internalWidget->geometry().adjusted(edge, edge, -edge, -edge),
-                            size,
-                            ratio};
+    const SSubject present {
+        frame.Outline(), frame.borderPen(), frame.fillColor(), frame.inside(), size, ratio};
     if (!(m_subject == present))
         make(present, frame);
     painter.fillRect(present.inside, present.fill);

@@ -191,6 +191,8 @@ private Q_SLOTS:
     void changedLookOfTheShadowIsFollowed();
     void otherBorderOfTheSameOutlineIsFollowed();
     void otherWidgetsBesideTheContentCastIt();
+    void groundOfTheWindowCastsAsWell();
+    void otherFillOfTheSameOutlineIsFollowed();
     void shadowIsSeenOnTheScreen();
     void contentIsPaintedOncePerFrame();
     void shadowIsUsableOnAnotherWidget();
@@ -293,6 +295,40 @@ void WindowShadowTest::otherWidgetsBesideTheContentCastIt()
     };
     pair.both(addLabel);
     QVERIFY(picture(pair.ours.room, 1) == picture(pair.reference.room, 1));
+}
+
+void WindowShadowTest::groundOfTheWindowCastsAsWell()
+{
+    Pair<ArrowedWindow> pair;
+    QVERIFY(picture(pair.ours.room, 1) == picture(pair.reference.room, 1));
+    pair.both([](ArrowedWindow &window, QWidget &) {
+        QPalette palette = window.palette();
+        palette.setColor(QPalette::Window, Qt::darkGreen);
+        window.setPalette(palette);
+        window.setAutoFillBackground(true);
+    });
+    QVERIFY(picture(pair.ours.room, 1) == picture(pair.reference.room, 1));
+    pair.both([](ArrowedWindow &window, QWidget &) { window.setAutoFillBackground(false); });
+    QVERIFY(picture(pair.ours.room, 1) == picture(pair.reference.room, 1));
+    pair.both([](ArrowedWindow &window, QWidget &) {
+        window.setAttribute(Qt::WA_StyledBackground);
+        window.setStyleSheet(QStringLiteral("background: darkred"));
+    });
+    QVERIFY(picture(pair.ours.room, 1) == picture(pair.reference.room, 1));
+}
+
+void WindowShadowTest::otherFillOfTheSameOutlineIsFollowed()
+{
+    Pair<ArrowedWindow> pair;
+    for (const QColor color : {Qt::red, Qt::yellow, Qt::blue}) {
+        pair.both([color](ArrowedWindow &window, QWidget &content) {
+            window.DetachWidget();
+            content.setPalette(QPalette(color));
+            content.show();
+            window.AttachWidget(&content);
+        });
+        QVERIFY(picture(pair.ours.room, 1) == picture(pair.reference.room, 1));
+    }
 }
 
 // There the widgets paint one after the other on one device, and the button has a shadow, too.
