@@ -4,6 +4,7 @@
 // The shadows of the buttons are kept, and what casts them is painted where it stands. All has to look
 // as with the shadows that Qt casts anew each time out of a picture.
 
+#include <ui_base/ArrowedWindow>
 #include <ui_base/FlyoutBase>
 
 #include "flyoutparts.h"
@@ -21,6 +22,7 @@
 #include <QScreen>
 #include <QStyle>
 
+#include <array>
 #include <functional>
 #include <random>
 #include <vector>
@@ -128,6 +130,23 @@ void polishAgain(QWidget &widget)
     widget.update();
 }
 
+/// Shows two windows, one at a time, and hides them again.
+bool isShownAlike(QWidget &ours, QWidget &reference)
+{
+    std::vector<QImage> seen;
+    for (QWidget *const window : {&ours, &reference}) {
+        window->setWindowFlag(Qt::FramelessWindowHint);
+        window->move(50, 60);
+        window->show();
+        if (!QTest::qWaitForWindowExposed(window) || !QTest::qWaitForWindowActive(window))
+            return false;
+        QCoreApplication::processEvents();
+        seen.push_back(QGuiApplication::primaryScreen()->grabWindow(window->winId()).toImage());
+        window->hide();
+    }
+    return seen.front() == seen.back();
+}
+
 using Change = std::function<void(QPushButton &)>;
 
 std::vector<Change> changes(int number)
@@ -190,6 +209,8 @@ private Q_SLOTS:
     void looksRightWhereThePainterStands_data();
     void looksRightWhereThePainterStands();
     void shadowIsSeenOnTheScreen();
+    void looksRightInAFrameEachTimeItIsShown();
+    void looksRightEachTimeItIsShown();
     void partsOfTheButtonCastAsWell();
     void buttonThatIsKnownIsPaintedWhereItStands();
     void buttonThatLooksDifferentThereIsPaintedByItsPicture();
@@ -321,6 +342,36 @@ void FlyoutShadowTest::shadowIsSeenOnTheScreen()
     // Only the button.
     pair.both([](QPushButton &button) { button.repaint(); });
     QVERIFY(seen(pair.ours) == seen(pair.reference));
+}
+
+void FlyoutShadowTest::looksRightInAFrameEachTimeItIsShown()
+{
+    std::array<QWidget, 2> rooms;
+    const Pair pair;
+    const auto frame = [](QWidget &room, QWidget *content) {
+        auto *const window = new ArrowedWindow(&room);
+        window->AttachWidget(content);
+        window->EnableShadow(true);
+        window->move(20, 20);
+        room.resize(340, 260);
+    };
+    frame(rooms[0], pair.ours.get());
+    frame(rooms[1], pair.reference.get());
+    for (int time = 0; time < 6; ++time) {
+        QVERIFY(isShownAlike(rooms[0], rooms[1]));
+        if (time == 3)
+            pair.both([](QPushButton &button) { button.setText(QStringLiteral("Go")); });
+    }
+}
+
+void FlyoutShadowTest::looksRightEachTimeItIsShown()
+{
+    const Pair pair;
+    for (int time = 0; time < 6; ++time) {
+        QVERIFY(isShownAlike(*pair.ours, *pair.reference));
+        if (time == 3)
+            pair.both([](QPushButton &button) { button.setText(QStringLiteral("Go")); });
+    }
 }
 
 void FlyoutShadowTest::partsOfTheButtonCastAsWell()
