@@ -194,18 +194,12 @@ bool ButtonShadow::eventFilter(QObject *watched, QEvent *event)
     case QEvent::StyleChange:
     case QEvent::Polish:
     case QEvent::DynamicPropertyChange:
-        forget();
+        m_known.clear();
         break;
     default:
         break;
     }
     return KeptShadow::eventFilter(watched, event);
-}
-
-void ButtonShadow::forget()
-{
-    m_known.clear();
-    m_last = {};
 }
 
 bool ButtonShadow::canDrawAgain(const QPainter &painter) const
@@ -238,30 +232,32 @@ bool ButtonShadow::isPaintedAsInPicture() const
     return painted == pasted;
 }
 
-const ButtonShadow::SKnown *ButtonShadow::find(const SSubject &subject) const
+ButtonShadow::SKnown *ButtonShadow::find(const SSubject &subject)
 {
-    const auto known =
-        std::find_if(m_known.cbegin(), m_known.cend(),
-                     [&subject](const SKnown &one) { return one.subject == subject; });
-    return known == m_known.cend() ? nullptr : &*known;
+    const auto known = std::find_if(m_known.begin(), m_known.end(), [&subject](const SKnown &one) {
+        return one.subject == subject;
+    });
+    return known == m_known.end() ? nullptr : &*known;
 }
 
-// Not at once, for many a button is seen but once.
+// Not at the first time, for many a button is seen but once.
 void ButtonShadow::learn(const SSubject &subject)
 {
     constexpr std::size_t MostKnown = 8;
-    if (m_last == subject) {
-        if (m_known.size() == MostKnown)
-            m_known.clear();
-        m_known.push_back({subject, isPaintedAsInPicture()});
+    if (SKnown *const known = find(subject)) {
+        if (known->painting == EPainting::Unknown)
+            known->painting = isPaintedAsInPicture() ? EPainting::AsInPicture : EPainting::ByGround;
+        return;
     }
-    m_last = subject;
+    if (m_known.size() == MostKnown)
+        m_known.clear();
+    m_known.push_back({subject, EPainting::Unknown});
 }
 
 void ButtonShadow::followGeneration()
 {
     if (m_generationOfKnown != generation())
-        forget();
+        m_known.clear();
     m_generationOfKnown = generation();
 }
 
@@ -274,15 +270,13 @@ void ButtonShadow::draw(QPainter *painter)
     followGeneration();
     const SSubject present = subject(*painter);
     const SKnown *const known = find(present);
-    const bool isKnown = known;
-    if (isKnown && known->isPaintedAlike) {
+    if (known && known->painting == EPainting::AsInPicture) {
         drawAgain(painter, *m_button);
         return;
     }
     KeptShadow::draw(painter);
     followGeneration();
-    if (!isKnown)
-        learn(present);
+    learn(present);
 }
 
 } // namespace Vela::UiBase::Internal

@@ -93,24 +93,28 @@ private:
         bool operator==(const SSubject &other) const;
     };
 
+    enum class EPainting {
+        Unknown,
+        AsInPicture,
+        ByGround ///< differs with what lies below
+    };
+
     struct SKnown
     {
         SSubject subject;
-        bool isPaintedAlike = false; ///< above other things as in its picture
+        EPainting painting = EPainting::Unknown;
     };
 
     bool canDrawAgain(const QPainter &painter) const;
     SSubject subject(const QPainter &painter) const;
-    const SKnown *find(const SSubject &subject) const;
+    SKnown *find(const SSubject &subject);
     bool isPaintedAsInPicture() const;
     void learn(const SSubject &subject);
     void followGeneration();
-    void forget();
 
     const QPointer<QPushButton> m_button;
     // What has the shadow of this generation.
     std::vector<SKnown> m_known;
-    SSubject m_last;
     int m_generationOfKnown = 0;
 };
 

@@ -16,6 +16,7 @@
 #include <QGuiApplication>
 #include <QImage>
 #include <QLabel>
+#include <QMouseEvent>
 #include <QPaintEngine>
 #include <QPainter>
 #include <QPushButton>
@@ -123,6 +124,17 @@ QIcon square(const QColor &color)
     return QIcon(pixmap);
 }
 
+/// Moves the pointer onto a button or away.
+void point(QPushButton &button, bool isOn)
+{
+    button.setAttribute(Qt::WA_Hover);
+    button.setAttribute(Qt::WA_UnderMouse);
+    const QPointF place = isOn ? QPointF(button.rect().center()) : QPointF(-5, -5);
+    QMouseEvent move(QEvent::MouseMove, place, Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&button, &move);
+    button.setAttribute(Qt::WA_UnderMouse, isOn);
+}
+
 void polishAgain(QWidget &widget)
 {
     widget.style()->unpolish(&widget);
@@ -130,18 +142,21 @@ void polishAgain(QWidget &widget)
     widget.update();
 }
 
-/// Shows two windows, one at a time, and hides them again.
-bool isShownAlike(QWidget &ours, QWidget &reference)
+/// Shows the windows of two widgets, one at a time, and hides them again.
+bool isShownAlike(const QWidget &ours, const QWidget &reference)
 {
     std::vector<QImage> seen;
-    for (QWidget *const window : {&ours, &reference}) {
+    for (const QWidget *const widget : {&ours, &reference}) {
+        QWidget *const window = widget->window();
         window->setWindowFlag(Qt::FramelessWindowHint);
         window->move(50, 60);
         window->show();
         if (!QTest::qWaitForWindowExposed(window) || !QTest::qWaitForWindowActive(window))
             return false;
         QCoreApplication::processEvents();
-        seen.push_back(QGuiApplication::primaryScreen()->grabWindow(window->winId()).toImage());
+        const QPixmap all = QGuiApplication::primaryScreen()->grabWindow(window->winId());
+        seen.push_back(
+            all.copy(QRect(widget->mapTo(window, QPoint(0, 0)), widget->size())).toImage());
         window->hide();
     }
     return seen.front() == seen.back();
@@ -157,7 +172,7 @@ std::vector<Change> changes(int number)
         [=](QPushButton &b) { b.setDown(isOn); },
         [=](QPushButton &b) { b.setFlat(isOn); },
         [=](QPushButton &b) { b.setDefault(isOn); },
-        [=](QPushButton &b) { b.setAttribute(Qt::WA_UnderMouse, isOn); },
+        [=](QPushButton &b) { point(b, isOn); },
         [=](QPushButton &b) { b.setText(isOn ? QStringLiteral("Apply") : QStringLiteral("A")); },
         [=](QPushButton &b) { b.setIcon(isOn ? square(Qt::yellow) : QIcon()); },
         [=](QPushButton &b) { b.setIconSize(isOn ? QSize(8, 8) : QSize(16, 16)); },
@@ -213,6 +228,7 @@ private Q_SLOTS:
     void looksRightEachTimeItIsShown();
     void partsOfTheButtonCastAsWell();
     void buttonThatIsKnownIsPaintedWhereItStands();
+    void statesThatTakeTurnsAreKnown();
     void buttonThatLooksDifferentThereIsPaintedByItsPicture();
 };
 
@@ -250,7 +266,7 @@ void FlyoutShadowTest::stateThatComesBackLooksAsBefore()
     const Pair pair;
     for (int i = 0; i < 12; ++i) {
         pair.both([i](QPushButton &button) {
-            button.setAttribute(Qt::WA_UnderMouse, i % 2 == 1);
+            point(button, i % 2 == 1);
             button.setDown(i % 3 == 1);
         });
         QVERIFY(pair.looksRight());
@@ -346,19 +362,14 @@ void FlyoutShadowTest::shadowIsSeenOnTheScreen()
 
 void FlyoutShadowTest::looksRightInAFrameEachTimeItIsShown()
 {
-    std::array<QWidget, 2> rooms;
+    std::array<ArrowedWindow, 2> frames;
     const Pair pair;
-    const auto frame = [](QWidget &room, QWidget *content) {
-        auto *const window = new ArrowedWindow(&room);
-        window->AttachWidget(content);
-        window->EnableShadow(true);
-        window->move(20, 20);
-        room.resize(340, 260);
-    };
-    frame(rooms[0], pair.ours.get());
-    frame(rooms[1], pair.reference.get());
+    frames[0].AttachWidget(pair.ours.get());
+    frames[1].AttachWidget(pair.reference.get());
+    for (ArrowedWindow &frame : frames)
+        frame.EnableShadow(true);
     for (int time = 0; time < 6; ++time) {
-        QVERIFY(isShownAlike(rooms[0], rooms[1]));
+        QVERIFY(isShownAlike(*pair.ours, *pair.reference));
         if (time == 3)
             pair.both([](QPushButton &button) { button.setText(QStringLiteral("Go")); });
     }
@@ -409,6 +420,18 @@ void FlyoutShadowTest::buttonThatIsKnownIsPaintedWhereItStands()
     buttonOf(flyout).setText(QStringLiteral("Stop"));
     flyout->render(&image);
     QVERIFY(!place.isOnPicture);
+}
+
+void FlyoutShadowTest::statesThatTakeTurnsAreKnown()
+{
+    const Flyout flyout = makeFlyout();
+    QImage image(flyout->size(), QImage::Format_RGB32);
+    PlaceOfPaint place(buttonOf(flyout), image);
+    for (int turn = 0; turn < 6; ++turn) {
+        point(buttonOf(flyout), turn % 2 == 1);
+        flyout->render(&image);
+        QCOMPARE(place.isOnPicture, turn >= 4);
+    }
 }
 
 // Two layers that shine through come out by one step darker or lighter.
