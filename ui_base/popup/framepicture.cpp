@@ -4,29 +4,12 @@
 #include "ui_base/popup/framepicture_p.h"
 
 #include "ui_base/popup/arrowedwindow_p.h"
-#include "ui_base/qtui/keptshadow_p.h"
 
+#include <QImage>
 #include <QPainter>
 #include <QRegion>
 
 namespace Vela::UiBase::Internal {
-
-PictureParts::PictureParts(const QImage &picture, const QPoint &origin, const QRegion &region)
-{
-    const int ratio = int(picture.devicePixelRatioF());
-    for (const QRect &rect : region) {
-        const QPoint corner = (rect.topLeft() - origin) * ratio;
-        QImage part = picture.copy(QRect(corner, rect.size() * ratio));
-        part.setDevicePixelRatio(ratio);
-        m_parts.push_back({rect.topLeft(), part});
-    }
-}
-
-void PictureParts::draw(QPainter &painter) const
-{
-    for (const SPart &part : m_parts)
-        painter.drawImage(part.place, part.picture);
-}
 
 bool FramePicture::SSubject::operator==(const SSubject &other) const
 {

@@ -7,6 +7,7 @@
 #include <QPaintEngine>
 #include <QPainter>
 #include <QPixmap>
+#include <QRegion>
 #include <QStyle>
 #include <QtWidgets/qtwidgetsglobal.h>
 
@@ -84,6 +85,32 @@ QImage groundLike(const QImage &image)
     return result;
 }
 
+bool isOpaque(const QImage &image, const QRect &rect)
+{
+    for (int y = rect.top(); y <= rect.bottom(); ++y) {
+        const auto *const line = reinterpret_cast<const QRgb *>(image.constScanLine(y));
+        if (!std::all_of(line + rect.left(), line + rect.right() + 1,
+                         [](QRgb pixel) { return qAlpha(pixel) == 255; }))
+            return false;
+    }
+    return true;
+}
+
+// What is opaque of a rectangle without its edges and corners; empty for one with holes.
+QRect opaquePartOf(const QRect &rect, const QImage &image)
+{
+    constexpr int WidestEdge = 10;
+    const int ratio = int(image.devicePixelRatioF());
+    for (int edge = 0; edge <= WidestEdge; ++edge) {
+        const QRect part = rect.adjusted(edge, edge, -edge, -edge);
+        if (part.isEmpty())
+            break;
+        if (isOpaque(image, QRect(part.topLeft() * ratio, part.size() * ratio)))
+            return part;
+    }
+    return {};
+}
+
 bool hasParts(const QWidget &widget)
 {
     const QObjectList &children = widget.children();
@@ -112,6 +139,23 @@ int wholeRatio(const QPainter &painter)
     const bool isPlain = transform.type() <= QTransform::TxScale && transform.m11() == ratio
         && transform.m22() == ratio && origin == origin.toPoint();
     return isPlain ? ratio : 0;
+}
+
+PictureParts::PictureParts(const QImage &picture, const QPoint &origin, const QRegion &region)
+{
+    const int ratio = int(picture.devicePixelRatioF());
+    for (const QRect &rect : region) {
+        const QPoint corner = (rect.topLeft() - origin) * ratio;
+        QImage part = picture.copy(QRect(corner, rect.size() * ratio));
+        part.setDevicePixelRatio(ratio);
+        m_parts.push_back({rect.topLeft(), part});
+    }
+}
+
+void PictureParts::draw(QPainter &painter) const
+{
+    for (const SPart &part : m_parts)
+        painter.drawImage(part.place, part.picture);
 }
 
 QImage KeptShadow::shadowOf(const QImage &caster) const
@@ -160,14 +204,28 @@ void KeptShadow::draw(QPainter *painter)
     painter->setWorldTransform(transform);
 }
 
+// Below what is opaque no shadow is seen.
+void KeptShadow::cutAround(const QSize &size, const QPoint &corner)
+{
+    if (m_generationAround == m_generation)
+        return;
+    const QRect room(QPoint(0, 0), m_shadow.size() / int(m_shadow.devicePixelRatioF()));
+    const QRect hidden = opaquePartOf(QRect(corner, size), m_caster);
+    m_around = PictureParts(m_shadow, QPoint(0, 0), QRegion(room).subtracted(hidden));
+    m_generationAround = m_generation;
+}
+
 // By drawSource() the last picture of the widget would be drawn where that stood then: Qt keeps it.
 void KeptShadow::drawAgain(QPainter *painter, QWidget &widget)
 {
     const QTransform transform = painter->worldTransform();
-    const QRect room = boundingRectFor(transform.mapRect(QRectF(widget.rect()))).toAlignedRect();
+    const QPoint place = transform.map(QPoint(0, 0));
+    const QPoint corner = boundingRectFor(QRect(place, widget.size())).toAlignedRect().topLeft();
+    cutAround(widget.size(), place - corner);
+    painter->setWorldTransform(QTransform::fromTranslate(corner.x(), corner.y()));
+    m_around.draw(*painter);
     painter->setWorldTransform(QTransform());
-    painter->drawImage(room.topLeft(), m_shadow);
-    widget.render(painter, transform.map(QPoint(0, 0)), QRegion(), QWidget::DrawChildren);
+    widget.render(painter, place, QRegion(), QWidget::DrawChildren);
     painter->setWorldTransform(transform);
 }
 

@@ -7,6 +7,7 @@
 #include <QFont>
 #include <QGraphicsDropShadowEffect>
 #include <QImage>
+#include <QPoint>
 #include <QPointer>
 #include <QPointF>
 #include <QPushButton>
@@ -14,11 +15,33 @@
 
 #include <vector>
 
+class QRegion;
+
 namespace Vela::UiBase::Internal {
 
 /// The ratio of pixels of the device to those of a painter that neither turns nor bends anything; 0
 /// if that is not a whole number.
 int wholeRatio(const QPainter &painter);
+
+/// Parts of a picture, each with its place.
+class PictureParts
+{
+public:
+    PictureParts() = default;
+    /// @param picture has its upper left corner at @p origin
+    /// @param region what to keep of it
+    PictureParts(const QImage &picture, const QPoint &origin, const QRegion &region);
+
+    void draw(QPainter &painter) const;
+
+private:
+    struct SPart
+    {
+        QPoint place;
+        QImage picture;
+    };
+    std::vector<SPart> m_parts;
+};
 
 /// A drop shadow that is blurred once, and drawn again for as long as its widget covers the same
 /// pixels. What is seen is that of the base class to the last bit: the blurring takes most of the time
@@ -59,10 +82,15 @@ protected:
     int generation() const { return m_generation; }
 
 private:
+    void cutAround(const QSize &size, const QPoint &corner);
+
     QImage m_caster;
     SLook m_look;
     QImage m_shadow;
     int m_generation = 0;
+    // What is seen of the shadow around the source, and of which generation.
+    PictureParts m_around;
+    int m_generationAround = 0;
 };
 
 /// The shadow of a button. As long as all is as it was that decides how the button looks, it covers
