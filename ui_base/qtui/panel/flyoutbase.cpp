@@ -313,35 +313,39 @@ void FlyoutBasePrivate::WriteSubWidgets(const QVariantList &list)
     }
 }
 
-QVector<QWidget *> FlyoutBasePrivate::TabStopsIn(const QWidget *part) const
+// All of them in one walk, which is done at each showing.
+QVector<QWidget *> FlyoutBasePrivate::TabStopsIn(const QVector<QWidget *> &parts) const
 {
-    QVector<QWidget *> stops;
-    for (QWidget *next = q->nextInFocusChain(); part && next != q;
-         next = next->nextInFocusChain()) {
-        const bool isStop = next->focusPolicy() != Qt::NoFocus && !next->focusProxy();
-        if (isStop && (next == part || part->isAncestorOf(next)))
-            stops << next;
+    QVector<QVector<QWidget *>> stops(parts.size());
+    for (QWidget *next = q->nextInFocusChain(); next != q; next = next->nextInFocusChain()) {
+        if (next->focusPolicy() == Qt::NoFocus || next->focusProxy())
+            continue;
+        const auto part = std::find_if(parts.cbegin(), parts.cend(), [next](const QWidget *one) {
+            return one && (next == one || one->isAncestorOf(next));
+        });
+        if (part != parts.cend())
+            stops[int(part - parts.cbegin())] << next;
     }
-    return stops;
+    QVector<QWidget *> all;
+    for (const QVector<QWidget *> &ofPart : std::as_const(stops))
+        all << ofPart;
+    return all;
 }
 
 // Qt puts the panels behind the buttons of the form, and what their owner adds later at the very end.
 // From the flyout itself, which has the focus at first, Tab goes down and ends in the title row.
 void FlyoutBasePrivate::OrderTabStops()
 {
-    const QVector<QWidget *> parts {mainPanel,         ui->advanced_button, advancedPanel,
-                                    ui->cancel_button, ui->apply_button,    ui->ibutton,
-                                    ui->info_button,   ui->reset_button,    ui->close_button};
+    const QVector<QWidget *> stops = TabStopsIn(
+        {mainPanel, ui->advanced_button, advancedPanel, ui->cancel_button, ui->apply_button,
+         ui->ibutton, ui->info_button, ui->reset_button, ui->close_button});
     // Qt leaves the order alone behind a widget that takes no focus, as the second form does.
     const Qt::FocusPolicy policy = q->focusPolicy();
     q->setFocusPolicy(Qt::WheelFocus);
     QWidget *last = q;
-    for (const QWidget *part : parts) {
-        const QVector<QWidget *> stops = TabStopsIn(part);
-        for (QWidget *stop : stops) {
-            QWidget::setTabOrder(last, stop);
-            last = stop;
-        }
+    for (QWidget *const stop : stops) {
+        QWidget::setTabOrder(last, stop);
+        last = stop;
     }
     q->setFocusPolicy(policy);
 }

@@ -82,7 +82,7 @@ private:
     void TakePreferredSize();
     void TakeMainPanel(QWidget *panel);
     void TakeAdvancedPanel(QWidget *panel);
-    QVector<QWidget *> TabStopsIn(const QWidget *part) const;
+    QVector<QWidget *> TabStopsIn(const QVector<QWidget *> &parts) const;
 
     FlyoutBase *const q;
     bool isFitting = false;
