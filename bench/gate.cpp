@@ -13,9 +13,11 @@
 #include "ui_base/command/commandgroup.h"
 #include "ui_base/popup/arrowedwindow.h"
 #include "ui_base/popup/widgetposcalculator.h"
+#include "ui_base/qtui/panel/flyoutbase.h"
 #include "ui_base/qtui/qtuitoolkit.h"
 #include "ui_base/tool/interactivetool.h"
 #include "ui_base/toolbar/toolbar.h"
+#include "ui_base/toolbar/toolbuttonwithwidgetmenu.h"
 #include "ui_base/viewcontroller/baseview.h"
 #include "ui_base/viewcontroller/cmdsviewcontroller.h"
 
@@ -438,6 +440,45 @@ Repetition refillBar()
     };
 }
 
+/// Counts the paint events of a widget.
+class PaintCounter : public QObject
+{
+public:
+    explicit PaintCounter(QWidget *widget) { widget->installEventFilter(this); }
+
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        paints += event->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
+
+    int paints = 0;
+};
+
+// The flyout has been shown before, and is kept. What it holds is next to nothing: the frame and what
+// happens around it are counted.
+Repetition openFlyout()
+{
+    BarScene scene(1);
+    scene.window->resize(600, 400);
+    scene.bar = new ToolBar(scene.window.get(), Qt::LeftToolBarArea);
+    auto *const panel = new QWidget;
+    panel->setFixedSize(200, 80);
+    FlyoutBase *const flyout = QtUiToolkit::Instance().CreateFlyout(
+        QStringLiteral("Smooth"), panel, nullptr, true, true, true, false, scene.window.get());
+    ToolButtonWithWidgetMenu *const button =
+        scene.bar->AddAction(scene.actions[0].get(), flyout, QStringLiteral("tools"));
+    scene.bar->show();
+    const auto counter = std::make_shared<PaintCounter>(panel);
+    return [scene, button, counter] {
+        counter->paints = 0;
+        button->click();
+        processEventsUntil([&] { return counter->paints > 0; });
+        button->HideMenu();
+        QCoreApplication::processEvents();
+    };
+}
+
 const Scenario scenarios[] = {
     {"post-closures", 500, postClosures},
     {"broadcast-direct-1", 500, [] { return broadcastTo(1, false); }},
@@ -462,6 +503,7 @@ const Scenario scenarios[] = {
     {"icon-resize-drawing", 50, resizeDrawnIcon},
     {"popup-layout-arrow", 300, layOutArrow},
     {"popup-solve-arrow", 300, solveArrow},
+    {"popup-open-flyout", 20, openFlyout},
     {"bar-make-100", 5, makeBars},
     {"bar-fill-visible-100", 5, fillVisibleBar},
     {"bar-paint-10", 50, paintBar},
