@@ -52,6 +52,7 @@ bool FrameShadow::isKnown(const QPainter &painter) const
         return false;
     const int ratio = wholeRatio(painter);
     return ratio > 0 && ratio == painter.device()->devicePixelRatioF()
+        && painter.compositionMode() == QPainter::CompositionMode_SourceOver
         && m_frame.isFilledToOutline() && hasOnlyContent(*m_window, m_frame.internalWidget);
 }
 

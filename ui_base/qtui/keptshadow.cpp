@@ -62,7 +62,8 @@ bool paintsPixels(const QPainter &painter)
     const QPaintDevice *const device = painter.device();
     const int ratio = wholeRatio(painter);
     if (device->devType() != QInternal::Image || ratio <= 0 || ratio != device->devicePixelRatioF()
-        || !isWholeStep(painter.worldTransform()))
+        || !isWholeStep(painter.worldTransform())
+        || painter.compositionMode() != QPainter::CompositionMode_SourceOver)
         return false;
     const QImage::Format format = static_cast<const QImage *>(device)->format();
     return format == Format || format == QImage::Format_RGB32;

@@ -193,6 +193,7 @@ private Q_SLOTS:
     void otherWidgetsBesideTheContentCastIt();
     void groundOfTheWindowCastsAsWell();
     void otherFillOfTheSameOutlineIsFollowed();
+    void shadowIsPaintedAsThePainterPaints();
     void shadowIsSeenOnTheScreen();
     void contentIsPaintedOncePerFrame();
     void shadowIsUsableOnAnotherWidget();
@@ -329,6 +330,21 @@ void WindowShadowTest::otherFillOfTheSameOutlineIsFollowed()
         });
         QVERIFY(picture(pair.ours.room, 1) == picture(pair.reference.room, 1));
     }
+}
+
+void WindowShadowTest::shadowIsPaintedAsThePainterPaints()
+{
+    Pair<ArrowedWindow> pair;
+    const auto painted = [](QWidget &window) {
+        QImage image(Room, QImage::Format_ARGB32_Premultiplied);
+        image.fill(qRgb(20, 60, 200));
+        QPainter painter(&image);
+        painter.setCompositionMode(QPainter::CompositionMode_Plus);
+        window.render(&painter, Place, QRegion(), QWidget::DrawChildren);
+        return image;
+    };
+    QVERIFY(picture(pair.ours.room, 1) == picture(pair.reference.room, 1));
+    QVERIFY(painted(*pair.ours.window) == painted(*pair.reference.window));
 }
 
 // There the widgets paint one after the other on one device, and the button has a shadow, too.

@@ -211,6 +211,8 @@ std::vector<Change> changes(int number)
 
 } // namespace
 
+Q_DECLARE_METATYPE(QPainter::CompositionMode)
+
 class FlyoutShadowTest : public Lumo::Test::TestCase
 {
     Q_OBJECT
@@ -223,6 +225,8 @@ private Q_SLOTS:
     void changeOfASheetByAPropertyIsFollowed();
     void looksRightWhereThePainterStands_data();
     void looksRightWhereThePainterStands();
+    void looksRightHoweverThePainterPaints_data();
+    void looksRightHoweverThePainterPaints();
     void shadowIsSeenOnTheScreen();
     void looksRightInAFrameEachTimeItIsShown();
     void looksRightEachTimeItIsShown();
@@ -327,6 +331,40 @@ void FlyoutShadowTest::looksRightWhereThePainterStands()
     for (int time = 0; time < 3; ++time)
         QVERIFY(painted(pair.ours) == painted(pair.reference));
     QVERIFY(pair.looksRight());
+    QVERIFY(painted(pair.ours) == painted(pair.reference));
+}
+
+void FlyoutShadowTest::looksRightHoweverThePainterPaints_data()
+{
+    QTest::addColumn<qreal>("opacity");
+    QTest::addColumn<QPainter::CompositionMode>("mode");
+    QTest::addColumn<QRegion>("clip");
+    const QRegion all(0, 0, 500, 400);
+    QTest::newRow("half") << 0.5 << QPainter::CompositionMode_SourceOver << all;
+    QTest::newRow("lighter") << 1.0 << QPainter::CompositionMode_Plus << all;
+    QTest::newRow("darker") << 1.0 << QPainter::CompositionMode_Multiply << all;
+    QTest::newRow("a part") << 1.0 << QPainter::CompositionMode_SourceOver
+                            << QRegion(0, 0, 180, 140, QRegion::Ellipse);
+}
+
+void FlyoutShadowTest::looksRightHoweverThePainterPaints()
+{
+    QFETCH(qreal, opacity);
+    QFETCH(QPainter::CompositionMode, mode);
+    QFETCH(QRegion, clip);
+    const Pair pair;
+    const auto painted = [&](const Flyout &flyout) {
+        QImage image(500, 400, QImage::Format_ARGB32_Premultiplied);
+        image.fill(Ground);
+        QPainter painter(&image);
+        painter.setOpacity(opacity);
+        painter.setCompositionMode(mode);
+        painter.setClipRegion(clip);
+        flyout->render(&painter, QPoint(4, 2), QRegion(), QWidget::DrawChildren);
+        return image;
+    };
+    for (int time = 0; time < 3; ++time)
+        QVERIFY(pair.looksRight());
     QVERIFY(painted(pair.ours) == painted(pair.reference));
 }
 
