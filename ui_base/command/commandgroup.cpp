@@ -25,7 +25,6 @@ public:
 
     void initialize(CommandGroup *group);
     bool hasEnabledCommand();
-    bool hasCommand(const QString &id) const;
 
     QPointer<ToolBar> toolbar;
     QPointer<ToolButton> toolButton;
@@ -33,7 +32,6 @@ public:
     QPointer<QActionGroup> actionGroup;
     CommandBag commandBag;
     QHash<QString, int> commandRanks;
-    bool isBagLent = false; ///< to who may change it in place
     bool virtualGroup = false;
     bool grid = true;
     int gridSize = 2;
@@ -95,12 +93,6 @@ bool CommandGroupImpl::hasEnabledCommand()
     return true;
 }
 
-/// Each child has a rank, and only those do as a rule: a long bag need not be searched for a new one.
-bool CommandGroupImpl::hasCommand(const QString &id) const
-{
-    return (isBagLent || commandRanks.contains(id)) && commandBag.hasCommand(id);
-}
-
 CommandGroup::CommandGroup(const QString &icon, const QString &toolTip, const QString &name)
     : CommandBase(nullptr)
     , d(std::make_shared<CommandGroupImpl>())
@@ -151,7 +143,6 @@ const CommandBag &CommandGroup::commandBag() const
 
 CommandBag &CommandGroup::commandBag()
 {
-    d->isBagLent = true;
     return d->commandBag;
 }
 
@@ -164,7 +155,7 @@ CommandBase *CommandGroup::addCommand(const std::shared_ptr<CommandBase> &comman
     const auto owner = weak_from_this().lock();
     const QString id = command->commandId();
     CommandBase *const child = command.get();
-    if (d->hasCommand(id) || !d->commandBag.addCommand(command))
+    if (d->commandBag.hasCommand(id) || !d->commandBag.addCommand(command))
         return nullptr;
     d->commandRanks[id] = rank;
     if (d->actionGroup)
