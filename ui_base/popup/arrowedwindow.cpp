@@ -218,13 +218,6 @@ bool ArrowedWindowPrivate::isFilledToOutline() const
         && !partialEnabled && bounds.contains(internalWidget->geometry());
 }
 
-QRect ArrowedWindowPrivate::inside() const
-{
-    // The border may lie on the edge of the content.
-    const int edge = borderWidth + 1;
-    return internalWidget->geometry().adjusted(edge, edge, -edge, -edge);
-}
-
 void ArrowedWindowPrivate::makeLayout()
 {
     layout = new FrameLayout(q_ptr);
@@ -483,9 +476,7 @@ void ArrowedWindow::paintEvent(QPaintEvent *)
 {
     Q_D(ArrowedWindow);
     QPainter painter(this);
-    if (d->isFrameDrawn)
-        painter.fillRect(d->inside(), d->fillColor());
-    else if (!d->picture.draw(painter, *d, size()))
+    if (!d->picture.draw(painter, *d, size()))
         d->paintFrame(painter);
 }
 

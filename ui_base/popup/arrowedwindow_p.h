@@ -41,8 +41,6 @@ public:
     void paintFrame(QPainter &painter);
     /// Whether all inside of the outline is opaque and nothing outside of it is painted.
     bool isFilledToOutline() const;
-    /// Where nothing is painted but the fill. Only with a content.
-    QRect inside() const;
     /// What is painted of the frame and within it, in coordinates of the window.
     QRegion seenRegion();
     QPen borderPen() const;
@@ -69,7 +67,6 @@ public:
     QRect partialRect;
     QColor partialColor;
     bool partialEnabled = false;
-    bool isFrameDrawn = false; ///< all but the fill of inside() has been painted already
 
 protected:
     ArrowedWindow *q_ptr = nullptr;

@@ -5,11 +5,37 @@
 
 #include "ui_base/popup/arrowedwindow_p.h"
 
-#include <QImage>
 #include <QPainter>
 #include <QRegion>
 
 namespace Vela::UiBase::Internal {
+
+PictureParts::PictureParts(const QImage &picture, const QPoint &origin, const QRegion &region)
+{
+    const int ratio = int(picture.devicePixelRatioF());
+    for (const QRect &rect : region) {
+        const QPoint corner = (rect.topLeft() - origin) * ratio;
+        QImage part = picture.copy(QRect(corner, rect.size() * ratio));
+        part.setDevicePixelRatio(ratio);
+        m_parts.push_back({rect.topLeft(), part});
+    }
+}
+
+void PictureParts::draw(QPainter &painter) const
+{
+    for (const SPart &part : m_parts)
+        painter.drawImage(part.place, part.picture);
+}
+
+int wholeRatio(const QPainter &painter)
+{
+    const QTransform &transform = painter.deviceTransform();
+    const int ratio = int(transform.m11());
+    const QPointF origin = transform.map(QPointF(0, 0));
+    const bool isPlain = transform.type() <= QTransform::TxScale && transform.m11() == ratio
+        && transform.m22() == ratio && origin == origin.toPoint();
+    return isPlain ? ratio : 0;
+}
 
 bool FramePicture::SSubject::operator==(const SSubject &other) const
 {
@@ -36,8 +62,14 @@ bool FramePicture::draw(QPainter &painter, ArrowedWindowPrivate &frame, const QS
     const int ratio = wholeRatio(painter);
     if (ratio <= 0 || !frame.isFilledToOutline())
         return false;
-    const SSubject present {
-        frame.Outline(), frame.borderPen(), frame.fillColor(), frame.inside(), size, ratio};
+    // The border may lie on the edge of the content.
+    const int edge = frame.borderWidth + 1;
+    const SSubject present {frame.Outline(),
+                            frame.borderPen(),
+                            frame.fillColor(),
+                            frame.internalWidget->geometry().adjusted(edge, edge, -edge, -edge),
+                            size,
+                            ratio};
     if (!(m_subject == present))
         make(present, frame);
     painter.fillRect(present.inside, present.fill);

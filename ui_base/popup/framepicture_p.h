@@ -3,21 +3,48 @@
 
 #pragma once
 
-#include "ui_base/qtui/keptshadow_p.h"
-
 #include <QColor>
+#include <QImage>
 #include <QPainterPath>
 #include <QPen>
+#include <QPoint>
 #include <QRect>
 #include <QSize>
 
+#include <vector>
+
 class QPainter;
+class QRegion;
 
 namespace Vela::UiBase {
 
 class ArrowedWindowPrivate;
 
 namespace Internal {
+
+/// Parts of a picture, each with its place.
+class PictureParts
+{
+public:
+    PictureParts() = default;
+    /// @param picture has its upper left corner at @p origin
+    /// @param region what to keep of it
+    PictureParts(const QImage &picture, const QPoint &origin, const QRegion &region);
+
+    void draw(QPainter &painter) const;
+
+private:
+    struct SPart
+    {
+        QPoint place;
+        QImage picture;
+    };
+    std::vector<SPart> m_parts;
+};
+
+/// The ratio of pixels of the device to those of a painter that neither turns nor bends anything; 0
+/// if that is not a whole number.
+int wholeRatio(const QPainter &painter);
 
 /// A frame with an arrow that is drawn once along its outline, with many short spans, and from then
 /// on out of a picture of what stands around the content.

@@ -7,7 +7,6 @@
 
 #include <QPainter>
 #include <QRegion>
-#include <QScopedValueRollback>
 
 #include <algorithm>
 #include <typeinfo>
@@ -33,9 +32,8 @@ bool hasGround(const QWidget &window)
 
 bool FrameShadow::SCaster::operator==(const SCaster &other) const
 {
-    return outline == other.outline && border == other.border && fill == other.fill
-        && size == other.size && inside == other.inside && ratio == other.ratio
-        && look == other.look;
+    return outline == other.outline && border == other.border && size == other.size
+        && content == other.content && ratio == other.ratio && look == other.look;
 }
 
 FrameShadow::FrameShadow(ArrowedWindowPrivate &frame, ArrowedWindow *window)
@@ -48,7 +46,8 @@ FrameShadow::FrameShadow(ArrowedWindowPrivate &frame, ArrowedWindow *window)
 bool FrameShadow::isKnown(const QPainter &painter) const
 {
     if (!m_window || m_window->graphicsEffect() != this
-        || typeid(*m_window) != typeid(ArrowedWindow) || hasGround(*m_window))
+        || typeid(*m_window) != typeid(ArrowedWindow) || hasGround(*m_window)
+        || !m_window->mask().isEmpty())
         return false;
     const int ratio = wholeRatio(painter);
     return ratio > 0 && ratio == painter.device()->devicePixelRatioF()
@@ -65,12 +64,11 @@ void FrameShadow::cast(const SCaster &caster)
     {
         QPainter painter(&picture);
         painter.translate(-room.topLeft());
+        painter.setClipRect(m_window->rect()); // a border that is wider than its layout ends there
         m_frame.paintFrame(painter);
     }
-    // Each pixel is all of the frame, or none of it: with both in one it looks as one above the other.
-    QImage both = shadowOf(picture);
-    QPainter(&both).drawImage(QPoint(0, 0), picture);
-    m_parts = PictureParts(both, room.topLeft(), QRegion(room).subtracted(caster.inside));
+    m_parts =
+        PictureParts(shadowOf(picture), room.topLeft(), QRegion(room).subtracted(caster.content));
     m_caster = caster;
 }
 
@@ -80,13 +78,9 @@ void FrameShadow::draw(QPainter *painter)
         KeptShadow::draw(painter);
         return;
     }
-    const SCaster present {m_frame.Outline(),
-                           m_frame.borderPen(),
-                           m_frame.fillColor(),
-                           m_window->size(),
-                           m_frame.inside(),
-                           wholeRatio(*painter),
-                           look()};
+    const SCaster present {m_frame.Outline(),    m_frame.borderPen(),
+                           m_window->size(),     m_frame.internalWidget->geometry(),
+                           wholeRatio(*painter), look()};
     if (!(m_caster == present))
         cast(present);
     m_parts.draw(*painter);
@@ -94,7 +88,6 @@ void FrameShadow::draw(QPainter *painter)
     // and under a transformation Qt would clip them elsewhere.
     const QTransform transform = painter->worldTransform();
     painter->setWorldTransform(QTransform());
-    const QScopedValueRollback<bool> drawn(m_frame.isFrameDrawn, true);
     m_window->render(painter, transform.map(QPoint(0, 0)), QRegion(), QWidget::DrawChildren);
     painter->setWorldTransform(transform);
 }

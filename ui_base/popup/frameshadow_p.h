@@ -15,8 +15,8 @@ class ArrowedWindow;
 namespace Internal {
 
 /// The shadow of a window with an arrow. A window that is filled to its outline covers what the
-/// outline says, whatever it contains: its shadow is known without a picture of it. It is kept with
-/// the frame upon it, and what the window has left to paint then is what lies within.
+/// outline says, whatever it contains: its shadow is known without a picture of it, and the window
+/// paints itself as it does without a shadow.
 class FrameShadow : public KeptShadow
 {
 public:
@@ -31,9 +31,8 @@ private:
     {
         QPainterPath outline;
         QPen border;
-        QColor fill;
         QSize size;
-        QRect inside;
+        QRect content;
         int ratio = 0;
         SLook look;
 
@@ -46,7 +45,7 @@ private:
     ArrowedWindowPrivate &m_frame;
     const QPointer<ArrowedWindow> m_window;
     SCaster m_caster;
-    // The shadow and the frame.
+    // What is seen beside the content.
     PictureParts m_parts;
 };
 

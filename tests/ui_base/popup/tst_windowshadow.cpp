@@ -192,6 +192,8 @@ private Q_SLOTS:
     void otherBorderOfTheSameOutlineIsFollowed();
     void otherWidgetsBesideTheContentCastIt();
     void groundOfTheWindowCastsAsWell();
+    void borderThatHasNoRoomYetEndsWithTheWindow();
+    void windowWithAMaskCastsWithinThat();
     void otherFillOfTheSameOutlineIsFollowed();
     void shadowIsPaintedAsThePainterPaints();
     void shadowIsSeenOnTheScreen();
@@ -314,6 +316,28 @@ void WindowShadowTest::groundOfTheWindowCastsAsWell()
     pair.both([](ArrowedWindow &window, QWidget &) {
         window.setAttribute(Qt::WA_StyledBackground);
         window.setStyleSheet(QStringLiteral("background: darkred"));
+    });
+    QVERIFY(picture(pair.ours.room, 1) == picture(pair.reference.room, 1));
+}
+
+// A new border takes effect at once, the room for it with the next layout.
+void WindowShadowTest::borderThatHasNoRoomYetEndsWithTheWindow()
+{
+    Pair<ArrowedWindow> pair;
+    for (const int width : {5, 9, 20}) {
+        pair.both([width](ArrowedWindow &window, QWidget &) {
+            window.SetBorder(Qt::blue, width, Qt::SolidLine, Qt::MiterJoin);
+        });
+        QVERIFY(picture(pair.ours.room, 1) == picture(pair.reference.room, 1));
+    }
+}
+
+void WindowShadowTest::windowWithAMaskCastsWithinThat()
+{
+    Pair<ArrowedWindow> pair;
+    QVERIFY(picture(pair.ours.room, 1) == picture(pair.reference.room, 1));
+    pair.both([](ArrowedWindow &window, QWidget &) {
+        window.setMask(QRegion(window.rect(), QRegion::Ellipse));
     });
     QVERIFY(picture(pair.ours.room, 1) == picture(pair.reference.room, 1));
 }

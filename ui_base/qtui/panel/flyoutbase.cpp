@@ -661,7 +661,7 @@ void FlyoutBase::SetButtonVisible(QPushButton *button, bool visible)
         return;
     auto *effect = qobject_cast<QGraphicsDropShadowEffect *>(button->graphicsEffect());
     if (visible && !effect) {
-        effect = new Internal::ButtonShadow(button);
+        effect = new Internal::KeptShadow(button);
         SetShadow(effect);
         button->setGraphicsEffect(effect);
     } else if (!visible && effect) {
