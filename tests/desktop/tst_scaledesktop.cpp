@@ -78,6 +78,7 @@ private Q_SLOTS:
     void widgetThatWasSeenBeforeItFloatsIsSeenToItsEdges();
     void dialogHasAllThePlaceOfItsFlyout_data();
     void dialogHasAllThePlaceOfItsFlyout();
+    void dialogOfAnotherWindowHasAllThePlaceOfItsFlyout_data();
     void dialogOfAnotherWindowHasAllThePlaceOfItsFlyout();
 };
 
@@ -158,12 +159,18 @@ void ScaleDesktopTest::dialogHasAllThePlaceOfItsFlyout()
     QTRY_VERIFY(panel->width() == width + 2 && hasPlaceForFlyout(*dialog));
 }
 
+void ScaleDesktopTest::dialogOfAnotherWindowHasAllThePlaceOfItsFlyout_data()
+{
+    dialogHasAllThePlaceOfItsFlyout_data();
+}
+
 void ScaleDesktopTest::dialogOfAnotherWindowHasAllThePlaceOfItsFlyout()
 {
+    QFETCH(int, width);
     QWidget window;
     window.show();
     auto *const panel = new QWidget;
-    panel->setFixedSize(200, 101);
+    panel->setFixedSize(width, 101);
     const auto dialog = makeDialog(panel);
     dialog->show();
     QVERIFY(QTest::qWaitForWindowExposed(dialog.get()));

@@ -28,41 +28,42 @@ struct SSelector
     bool looksAround = false; // or at properties
 };
 
-bool isPair(const QString &sheet, int place, char second)
+bool isQuote(QChar character)
 {
-    return place + 1 < sheet.size() && sheet.at(place + 1) == QLatin1Char(second);
+    return character == QLatin1Char('"') || character == QLatin1Char('\'');
 }
 
-// Where the two characters stand beside each other. Qt searches for one character much faster than
-// for a text.
-int indexOfPair(const QString &sheet, char first, char second, int begin)
-{
-    int place = sheet.indexOf(QLatin1Char(first), begin);
-    while (place >= 0 && !isPair(sheet, place, second))
-        place = sheet.indexOf(QLatin1Char(first), place + 1);
-    return place;
-}
-
+// What looks like a comment within a string is none.
 QString withoutComments(const QString &sheet)
 {
-    int comment = indexOfPair(sheet, '/', '*', 0);
-    if (comment < 0)
+    const QString begin = QStringLiteral("/*");
+    const QString end = QStringLiteral("*/");
+    if (!sheet.contains(begin))
         return sheet;
     QString rest;
     rest.reserve(sheet.size());
-    int begin = 0;
-    while (begin >= 0) {
-        rest += sheet.midRef(begin, comment < 0 ? -1 : comment - begin);
-        const int end = comment < 0 ? -1 : indexOfPair(sheet, '*', '/', comment + 2);
-        begin = end < 0 ? -1 : end + 2;
-        comment = begin < 0 ? -1 : indexOfPair(sheet, '/', '*', begin);
+    QChar quote;
+    for (int at = 0; at < sheet.size(); ++at) {
+        const QChar character = sheet.at(at);
+        if (quote.isNull() && QStringView(sheet).mid(at).startsWith(begin)) {
+            const int last = sheet.indexOf(end, at + begin.size());
+            if (last < 0)
+                break;
+            at = last + 1;
+            continue;
+        }
+        if (quote.isNull() ? isQuote(character) : character == quote)
+            quote = quote.isNull() ? character : QChar();
+        rest += character;
     }
     return rest;
 }
 
-// False when there is more than plain rules.
+// False when there is more than plain rules of plain names.
 bool takeApart(const QString &sheet, QVector<SRule> &rules)
 {
+    if (sheet.contains(QLatin1Char('\\')))
+        return false;
     const QStringView all(sheet);
     int begin = 0;
     for (int open = sheet.indexOf(QLatin1Char('{')); open >= 0;) {

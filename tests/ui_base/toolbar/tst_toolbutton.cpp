@@ -1066,6 +1066,10 @@ void TestToolButton::sheetOfTheApplicationMayTellButtonsApart_data()
     QTest::newRow("surroundings after a line") << "#views\nQToolButton" << 4;
     QTest::newRow("last of several selectors")
         << "QLabel , QMenu[x=\"a > b\"],#views QToolButton" << 4;
+    QTest::newRow("name with an escape") << "QToolButton#button\\32 " << 2;
+    QTest::newRow("after what is no comment")
+        << "QLabel[x=\"/*\"], #views QToolButton, QLabel[x=\"*/\"]" << 4;
+    QTest::newRow("after a comment") << "/* don't */ #views QToolButton" << 4;
 }
 
 void TestToolButton::sheetOfTheApplicationMayTellButtonsApart()
