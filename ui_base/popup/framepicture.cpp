@@ -60,16 +60,15 @@ void FramePicture::make(const SSubject &subject, ArrowedWindowPrivate &frame)
 bool FramePicture::draw(QPainter &painter, ArrowedWindowPrivate &frame, const QSize &size)
 {
     const int ratio = wholeRatio(painter);
-    if (ratio <= 0 || !frame.isFilledToOutline())
-        return false;
     // The border may lie on the edge of the content.
     const int edge = frame.borderWidth + 1;
-    const SSubject present {frame.Outline(),
-                            frame.borderPen(),
-                            frame.fillColor(),
-                            frame.internalWidget->geometry().adjusted(edge, edge, -edge, -edge),
-                            size,
-                            ratio};
+    const QRect inside = frame.internalWidget
+        ? frame.internalWidget->geometry().adjusted(edge, edge, -edge, -edge)
+        : QRect();
+    if (ratio <= 0 || inside.isEmpty() || !frame.isFilledToOutline())
+        return false;
+    const SSubject present {
+        frame.Outline(), frame.borderPen(), frame.fillColor(), inside, size, ratio};
     if (!(m_subject == present))
         make(present, frame);
     painter.fillRect(present.inside, present.fill);

@@ -14,6 +14,7 @@
 #include <QGuiApplication>
 #include <QImage>
 #include <QLabel>
+#include <QLayout>
 #include <QPainter>
 #include <QPushButton>
 #include <QScreen>
@@ -193,6 +194,9 @@ private Q_SLOTS:
     void otherWidgetsBesideTheContentCastIt();
     void groundOfTheWindowCastsAsWell();
     void borderThatHasNoRoomYetEndsWithTheWindow();
+    void contentThatIsSmallerThanTheBorderStaysInIt_data();
+    void contentThatIsSmallerThanTheBorderStaysInIt();
+    void windowSmallerThanItsLayoutIsCutOff();
     void windowWithAMaskCastsWithinThat();
     void otherFillOfTheSameOutlineIsFollowed();
     void shadowIsPaintedAsThePainterPaints();
@@ -330,6 +334,40 @@ void WindowShadowTest::borderThatHasNoRoomYetEndsWithTheWindow()
         });
         QVERIFY(picture(pair.ours.room, 1) == picture(pair.reference.room, 1));
     }
+}
+
+void WindowShadowTest::contentThatIsSmallerThanTheBorderStaysInIt_data()
+{
+    QTest::addColumn<int>("side");
+    QTest::addColumn<int>("border");
+    QTest::newRow("8 in 6") << 8 << 6;
+    QTest::newRow("3 in 20") << 3 << 20;
+    QTest::newRow("15 in 6") << 15 << 6; // the smallest that has an inside
+}
+
+void WindowShadowTest::contentThatIsSmallerThanTheBorderStaysInIt()
+{
+    QFETCH(int, side);
+    QFETCH(int, border);
+    Pair<ArrowedWindow> pair;
+    pair.both([&](ArrowedWindow &window, QWidget &content) {
+        window.SetBorder(Qt::blue, border, Qt::SolidLine, Qt::MiterJoin);
+        content.setFixedSize(side, side);
+        window.SetArrow(EArrowPosition::Top, 10, false, 0, 90, true, 0);
+        window.layout()->activate();
+    });
+    QVERIFY(picture(pair.ours.room, 1) == picture(pair.reference.room, 1));
+}
+
+void WindowShadowTest::windowSmallerThanItsLayoutIsCutOff()
+{
+    Pair<ArrowedWindow> pair;
+    pair.both([](ArrowedWindow &window, QWidget &) {
+        const QSize size = window.size() - QSize(20, 20);
+        window.setFixedSize(size);
+        window.resize(size);
+    });
+    QVERIFY(picture(pair.ours.room, 1) == picture(pair.reference.room, 1));
 }
 
 void WindowShadowTest::windowWithAMaskCastsWithinThat()
