@@ -54,12 +54,9 @@ void setFlyoutProperty(QWidget *widget)
     widget->setProperty(Resource::String::WIDGET_PROPERTY_ISFLYOUT.latin1(), true);
 }
 
-// The form has the colours of the light palette. White on the accent colour is right in both. What the
-// sheet leaves to the palette, as the ground and most fields, has to go with it, whatever the application has.
-void takeColors(QWidget *widget)
+// The form has the colours of the light palette. White on the accent colour is right in both.
+void takeColors(QWidget *widget, const QPalette &palette)
 {
-    const QPalette palette = Resource::Styles::Instance().ApplicationPalette();
-    widget->setPalette(palette);
     const QString form = widget->styleSheet();
     QString sheet = form;
     sheet.replace(QLatin1String("#F0F0F0"), palette.color(QPalette::Window).name().toUpper());
@@ -131,8 +128,11 @@ void FlyoutBasePrivate::Build(const QString &title, QWidget *main, QWidget *adva
     QAccessible::installFactory(makeAccessible);
     ui->setupUi(q);
     texts.take(*q);
-    takeColors(q);
-    takeColors(ui->title);
+    // What the sheet leaves to the palette, as the ground, goes with it, whatever the application has.
+    const QPalette palette = Resource::Styles::Instance().ApplicationPalette();
+    q->setPalette(palette);
+    takeColors(q, palette);
+    takeColors(ui->title, palette);
     LoadPictures();
     ui->info_button->hide();
     ui->ipanel->hide();
