@@ -81,6 +81,13 @@ struct Scene
         return patch->parentWidget();
     }
 
+    NotificationBar *floatBar()
+    {
+        auto *const bar = new NotificationBar(view);
+        FloatingLayer::makeWidgetFloating(bar, QMargins());
+        return bar;
+    }
+
     QPoint offset() const { return patch->mapToGlobal(QPoint()) - view->mapToGlobal(QPoint()); }
 };
 
@@ -245,8 +252,7 @@ private Q_SLOTS:
     {
         Scene scene;
         QVERIFY(scene.isActive());
-        auto *const bar = new NotificationBar(scene.view);
-        FloatingLayer::makeWidgetFloating(bar, QMargins());
+        NotificationBar *const bar = scene.floatBar();
         bar->ShowSimpleText(QStringLiteral("Saved."), eNotificationFadeOutOnly, 60'000, true);
         QTRY_VERIFY(bar->isShowing());
         QVERIFY(QTest::qWaitForWindowExposed(bar->window()));
@@ -259,8 +265,7 @@ private Q_SLOTS:
     {
         Scene scene;
         QVERIFY(scene.isActive());
-        auto *const bar = new NotificationBar(scene.view);
-        FloatingLayer::makeWidgetFloating(bar, QMargins());
+        NotificationBar *const bar = scene.floatBar();
         bar->ShowSimpleText(QStringLiteral("Saved."), eNotificationFadeOutOnly, 60'000, false);
         QTRY_VERIFY(bar->isShowing());
         QVERIFY(QTest::qWaitForWindowExposed(bar->window()));
@@ -274,8 +279,7 @@ private Q_SLOTS:
     {
         Scene scene;
         QVERIFY(scene.isActive());
-        auto *const bar = new NotificationBar(scene.view);
-        FloatingLayer::makeWidgetFloating(bar, QMargins());
+        NotificationBar *const bar = scene.floatBar();
         bar->ShowSimpleText(QStringLiteral("Saved."), eNotificationFadeOutOnly, 60'000, false);
         QTRY_VERIFY(bar->isShowing());
         QVERIFY(QTest::qWaitForWindowExposed(bar->window()));
@@ -301,8 +305,7 @@ private Q_SLOTS:
     {
         Scene scene;
         QVERIFY(scene.isActive());
-        auto *const bar = new NotificationBar(scene.view);
-        FloatingLayer::makeWidgetFloating(bar, QMargins());
+        NotificationBar *const bar = scene.floatBar();
         bar->ShowSimpleText(QStringLiteral("."), eNotificationFadeOutOnly, 60'000, false);
         const auto inTheBox = [bar] { return colourOnScreen(bar->mapToGlobal(QPoint(8, 66))); };
         QTRY_COMPARE(inTheBox(), QColor(246, 246, 246));
@@ -338,8 +341,7 @@ private Q_SLOTS:
     {
         Scene scene;
         QVERIFY(scene.isActive());
-        auto *const bar = new NotificationBar(scene.view);
-        FloatingLayer::makeWidgetFloating(bar, QMargins());
+        NotificationBar *const bar = scene.floatBar();
         bar->ShowSimpleText(QStringLiteral("Saved."), eNotificationPulse, 0, true);
         QTRY_VERIFY(bar->isShowing());
         QVERIFY(QTest::qWaitForWindowExposed(bar->window()));
@@ -359,8 +361,7 @@ private Q_SLOTS:
     {
         Scene scene;
         QVERIFY(scene.isActive());
-        auto *const bar = new NotificationBar(scene.view);
-        FloatingLayer::makeWidgetFloating(bar, QMargins());
+        NotificationBar *const bar = scene.floatBar();
         bar->ShowSimpleText(QStringLiteral("."), eNotificationFadeOutOnly, 600'000, false);
         const QColor box(246, 246, 246);
         const auto inTheBox = [bar] { return bar->mapToGlobal(QPoint(8, 66)); };
@@ -389,8 +390,7 @@ private Q_SLOTS:
     {
         Scene scene;
         QVERIFY(scene.isActive());
-        auto *const bar = new NotificationBar(scene.view);
-        FloatingLayer::makeWidgetFloating(bar, QMargins());
+        NotificationBar *const bar = scene.floatBar();
         bar->ShowSimpleText(QStringLiteral("."), eNotificationFadeOutOnly, 600'000, false);
         QTRY_COMPARE(colourOnScreen(bar->mapToGlobal(QPoint(8, 66))), QColor(246, 246, 246));
         scene.view->resize(300, 250);
@@ -476,8 +476,7 @@ private Q_SLOTS:
         QVERIFY(scene.isActive());
         scene.floatPatch();
         QTRY_COMPARE(colourInside(*scene.patch), QColor(Qt::green));
-        auto *const bar = new NotificationBar(scene.view);
-        FloatingLayer::makeWidgetFloating(bar, QMargins());
+        NotificationBar *const bar = scene.floatBar();
         bar->ShowSimpleText(QStringLiteral("."), eNotificationFadeOutOnly, 600'000, false);
         QTRY_COMPARE(colourOnScreen(bar->mapToGlobal(QPoint(8, 66))), QColor(246, 246, 246));
         const QPoint inTheBox = bar->mapToGlobal(QPoint(8, 66)) - scene.view->mapToGlobal(QPoint());
